@@ -1,0 +1,29 @@
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+#
+# One interface target carries the language level, the warnings and the Qt strictness of all our own code.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+
+add_library(tarvik-options INTERFACE)
+target_include_directories(tarvik-options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(tarvik-options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> -Wzero-as-null-pointer-constant
+  $<$<BOOL:${TARVIK_WARNINGS_AS_ERRORS}>:-Werror>
+  $<$<BOOL:${TARVIK_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer>)
+target_link_options(tarvik-options INTERFACE
+  $<$<BOOL:${TARVIK_SANITIZE}>:-fsanitize=address,undefined>)
+target_compile_definitions(tarvik-options INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+# tarvik_library(FOLDER SOURCES...): the static library of one folder of src/.
+function(tarvik_library folder)
+  string(REPLACE "/" "-" name "tarvik-${folder}")
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PUBLIC tarvik-options Qt6::Core)
+endfunction()
