@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace Tarvik {
+
+/// Where the application is installed and which release it is.
+struct AppBundle {
+    /// Absolute path of the directory that holds "Contents".
+    QString location;
+    /// "com.morvanta.Tarvik".
+    QString identifier;
+    /// CFBundleShortVersionString, such as "1.2.0".
+    QString shortVersion;
+    /// CFBundleVersion: another one for every build that is handed out.
+    QString version;
+
+    /// The command-line tool inside the bundle; its path ends up in other programs' configuration.
+    QString toolPath() const { return location + QStringLiteral("/Contents/SharedSupport/tarvik"); }
+
+    bool operator==(const AppBundle&) const = default;
+};
+
+} // namespace Tarvik

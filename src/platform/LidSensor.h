@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <optional>
+
+namespace Tarvik {
+
+/// Whether the lid of a portable machine is closed.
+class LidSensor {
+public:
+    virtual ~LidSensor() = default;
+
+    /// The state as last told; nothing when there is no lid or no way to tell. Never blocks. Asking also makes a sensor
+    /// that is not told of changes look again, so that a later call knows.
+    virtual std::optional<bool> isClosed() = 0;
+
+    /// The state changed between two calls of `isClosed()`; only where the system announces it.
+    std::function<void()> onChange;
+};
+
+} // namespace Tarvik

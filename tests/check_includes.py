@@ -1,0 +1,76 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""Fails on any include that runs against the direction of dependencies between the folders of src/."""
+
+import re
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+SERVICES = {"journal", "hooks", "hotkey", "updates", "lidclosed"}
+
+# Folder -> the other folders of src/ whose headers it may include.
+ALLOWED = {
+    "core": set(),
+    "platform": {"core"},
+    "platform/linux": {"core", "platform"},
+    "journal": {"core", "platform"},
+    "hooks": {"core", "platform"},
+    "hotkey": {"core", "platform"},
+    "updates": {"core", "platform"},
+    "lidclosed": {"core", "platform"},
+    "monitors": {"core", "platform"} | SERVICES,
+    "engine": {"core", "platform", "monitors"} | SERVICES,
+    "bus": {"core", "platform", "monitors", "engine"} | SERVICES,
+    "ui": {"core", "bus"},
+    "app": {"core", "platform", "platform/linux", "monitors", "engine", "bus", "ui"} | SERVICES,
+}
+# The tool and the helper are not Qt programs: of src/ they see only these headers, which need no Qt.
+WITHOUT_QT = {"hooks/HookSpec.h", "platform/HookWire.h", "platform/StatusWire.h"}
+
+INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
+QT_INCLUDE = re.compile(r"^\s*#\s*include\s+<Q", re.MULTILINE)
+
+
+def folder_of(path: str) -> str:
+    return path.rpartition("/")[0]
+
+
+def violations():
+    for source in sorted((ROOT / "src").rglob("*.h")) + sorted((ROOT / "src").rglob("*.cpp")):
+        relative = source.relative_to(ROOT / "src").as_posix()
+        own = folder_of(relative)
+        if own not in ALLOWED:
+            yield f"src/{relative}: folder {own} is not in the table"
+            continue
+        text = source.read_text(encoding="utf-8")
+        for included in INCLUDE.findall(text):
+            target = folder_of(included)
+            if target in ("", own):
+                continue
+            if target not in ALLOWED[own]:
+                yield f"src/{relative}: {own} must not include {included}"
+        if relative in WITHOUT_QT and QT_INCLUDE.search(text):
+            yield f"src/{relative}: includes Qt, but programs without Qt share it"
+
+    for program in ("tool", "helper"):
+        for source in sorted((ROOT / program).rglob("*.h")) + sorted((ROOT / program).rglob("*.cpp")):
+            text = source.read_text(encoding="utf-8")
+            relative = source.relative_to(ROOT).as_posix()
+            if QT_INCLUDE.search(text):
+                yield f"{relative}: includes Qt"
+            for included in INCLUDE.findall(text):
+                if (ROOT / "src" / included).exists() and included not in WITHOUT_QT:
+                    yield f"{relative}: must not include {included}"
+
+
+def main() -> int:
+    found = list(violations())
+    for line in found:
+        print(line)
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
