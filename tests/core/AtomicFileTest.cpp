@@ -1,0 +1,330 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "core/AtomicFile.h"
+
+#include "support/OrdinaryUser.h"
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace Tarvik;
+
+class AtomicFileTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        m_directory = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_directory->isValid());
+    }
+
+    void createsAMissingFile()
+    {
+        QCOMPARE(replaceFile(path(u"new"_s), "bytes"), std::nullopt);
+        QCOMPARE(contents(u"new"_s), "bytes");
+        QCOMPARE(names(), QStringList{u"new"_s});
+    }
+
+    void replacesAllBytesOfAnExistingFile()
+    {
+        put(u"file"_s, "much longer than what follows");
+        QCOMPARE(replaceFile(path(u"file"_s), QByteArray("a\0b", 3)), std::nullopt);
+        QCOMPARE(contents(u"file"_s), QByteArray("a\0b", 3));
+        QCOMPARE(names(), QStringList{u"file"_s});
+    }
+
+    void writesNoBytesAtAll()
+    {
+        put(u"file"_s, "old");
+        QCOMPARE(replaceFile(path(u"file"_s), {}), std::nullopt);
+        QCOMPARE(contents(u"file"_s), "");
+    }
+
+    void anOpenReaderKeepsTheOldBytes()
+    {
+        put(u"file"_s, "old");
+        QFile reader(path(u"file"_s));
+        QVERIFY(reader.open(QIODevice::ReadOnly));
+        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(reader.readAll(), "old");
+    }
+
+    void aNewFileGetsTheGivenModeLessTheUmask()
+    {
+        const mode_t umaskBefore = umask(027);
+        const auto shared = replaceFile(path(u"shared"_s), "x");
+        const auto secret = replaceFile(path(u"secret"_s), "x", 0600);
+        umask(umaskBefore);
+        QCOMPARE(shared, std::nullopt);
+        QCOMPARE(secret, std::nullopt);
+        QCOMPARE(mode(u"shared"_s), 0640U);
+        QCOMPARE(mode(u"secret"_s), 0600U);
+    }
+
+    void anExistingFileKeepsItsMode_data()
+    {
+        QTest::addColumn<uint>("mode");
+        for (const uint mode : {0600U, 0640U, 0644U, 0666U, 0755U, 02775U})
+            QTest::addRow("%o", mode) << mode;
+    }
+    void anExistingFileKeepsItsMode()
+    {
+        QFETCH(const uint, mode);
+        put(u"file"_s, "old");
+        QCOMPARE(chmod(encoded(u"file"_s), mode), 0);
+        QCOMPARE(replaceFile(path(u"file"_s), "new", 0600), std::nullopt);
+        QCOMPARE(this->mode(u"file"_s), mode);
+        QCOMPARE(contents(u"file"_s), "new");
+    }
+
+    void anExistingFileKeepsItsOwnerAndGroup()
+    {
+        put(u"file"_s, "old");
+        const uid_t owner = geteuid() == 0 ? OrdinaryUser::id : geteuid();
+        QCOMPARE(chown(encoded(u"file"_s), owner, static_cast<gid_t>(owner)), 0);
+        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        struct stat status = {};
+        QCOMPARE(stat(encoded(u"file"_s), &status), 0);
+        QCOMPARE(status.st_uid, owner);
+        QCOMPARE(status.st_gid, static_cast<gid_t>(owner));
+    }
+
+    void aFileWhoseOwnerCannotBeKeptIsLeftAlone()
+    {
+        put(u"file"_s, "old");
+        QCOMPARE(chmod(encoded(u"file"_s), 0666), 0);
+        openToEveryone();
+        // Only root can make a file of another user's, so elsewhere the file is made unwritable instead.
+        if (geteuid() != 0)
+            QCOMPARE(chmod(encoded(u"file"_s), 0444), 0);
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isSet());
+            QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        }
+        QCOMPARE(contents(u"file"_s), "old");
+        QCOMPARE(names(), QStringList{u"file"_s});
+    }
+
+    void aReadOnlyFileIsLeftAlone()
+    {
+        openToEveryone();
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isSet());
+            put(u"file"_s, "old");
+            QCOMPARE(chmod(encoded(u"file"_s), 0444), 0);
+            QCOMPARE(replaceFile(path(u"file"_s), "new"), u"Permission denied"_s);
+        }
+        QCOMPARE(contents(u"file"_s), "old");
+        QCOMPARE(names(), QStringList{u"file"_s});
+    }
+
+    void aSymbolicLinkIsKeptAndItsTargetReplaced()
+    {
+        QVERIFY(QDir(m_directory->path()).mkdir(u"dotfiles"_s));
+        put(u"dotfiles/target"_s, "old");
+        QCOMPARE(symlink("dotfiles/target", encoded(u"link"_s)), 0);
+        QCOMPARE(replaceFile(path(u"link"_s), "new"), std::nullopt);
+        QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
+        QCOMPARE(contents(u"dotfiles/target"_s), "new");
+        QCOMPARE(names(u"dotfiles"_s), QStringList{u"target"_s});
+    }
+
+    void aChainOfRelativeAndAbsoluteLinksIsFollowed()
+    {
+        QVERIFY(QDir(m_directory->path()).mkpath(u"a/b"_s));
+        put(u"target"_s, "old");
+        QCOMPARE(symlink("../../target", encoded(u"a/b/second"_s)), 0);
+        QCOMPARE(symlink(encoded(u"a/b/second"_s), encoded(u"first"_s)), 0);
+        QCOMPARE(replaceFile(path(u"first"_s), "new"), std::nullopt);
+        QCOMPARE(contents(u"target"_s), "new");
+        QVERIFY(QFileInfo(path(u"first"_s)).isSymLink());
+        QVERIFY(QFileInfo(path(u"a/b/second"_s)).isSymLink());
+    }
+
+    void aDanglingLinkGetsItsTarget()
+    {
+        QVERIFY(QDir(m_directory->path()).mkdir(u"dotfiles"_s));
+        QCOMPARE(symlink("dotfiles/target", encoded(u"link"_s)), 0);
+        QCOMPARE(replaceFile(path(u"link"_s), "new"), std::nullopt);
+        QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
+        QCOMPARE(contents(u"dotfiles/target"_s), "new");
+    }
+
+    void aLinkIntoAMissingDirectoryIsAnErrorAndStays()
+    {
+        QCOMPARE(symlink("nowhere/target", encoded(u"link"_s)), 0);
+        QCOMPARE(replaceFile(path(u"link"_s), "new"), u"No such file or directory"_s);
+        QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
+        QCOMPARE(names(), QStringList{u"link"_s});
+    }
+
+    void aLinkAmongTheDirectoriesIsFollowed()
+    {
+        QVERIFY(QDir(m_directory->path()).mkdir(u"real"_s));
+        put(u"real/file"_s, "old");
+        QCOMPARE(symlink("real", encoded(u"directory"_s)), 0);
+        QCOMPARE(replaceFile(path(u"directory/file"_s), "new"), std::nullopt);
+        QCOMPARE(contents(u"real/file"_s), "new");
+        QVERIFY(QFileInfo(path(u"directory"_s)).isSymLink());
+    }
+
+    void linksThatGoInACircleAreAnError()
+    {
+        QCOMPARE(symlink("b", encoded(u"a"_s)), 0);
+        QCOMPARE(symlink("a", encoded(u"b"_s)), 0);
+        QCOMPARE(replaceFile(path(u"a"_s), "new"), u"Too many levels of symbolic links"_s);
+        QCOMPARE(names(), QStringList({u"a"_s, u"b"_s}));
+    }
+
+    void aMissingDirectoryIsAnError()
+    {
+        QCOMPARE(replaceFile(path(u"nowhere/file"_s), "new"), u"No such file or directory"_s);
+    }
+
+    void aDirectoryThatCannotBeWrittenToIsAnErrorAndNothingIsLeftBehind()
+    {
+        QVERIFY(QDir(m_directory->path()).mkdir(u"closed"_s));
+        put(u"closed/file"_s, "old");
+        QCOMPARE(chmod(encoded(u"closed/file"_s), 0666), 0);
+        QCOMPARE(chmod(encoded(u"closed"_s), 0555), 0);
+        openToEveryone();
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isSet());
+            QCOMPARE(replaceFile(path(u"closed/file"_s), "new"), u"Permission denied"_s);
+        }
+        QCOMPARE(chmod(encoded(u"closed"_s), 0755), 0);
+        QCOMPARE(contents(u"closed/file"_s), "old");
+        QCOMPARE(names(u"closed"_s), QStringList{u"file"_s});
+    }
+
+    void aDirectoryInTheFilesPlaceIsAnError()
+    {
+        QVERIFY(QDir(m_directory->path()).mkdir(u"file"_s));
+        QCOMPARE(replaceFile(path(u"file"_s), "new"), u"Is a directory"_s);
+        QCOMPARE(names(), QStringList{u"file"_s});
+        QVERIFY(QFileInfo(path(u"file"_s)).isDir());
+    }
+
+    void aNamedPipeInTheFilesPlaceIsAnError()
+    {
+        QCOMPARE(mkfifo(encoded(u"file"_s), 0600), 0);
+        QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        struct stat status = {};
+        QCOMPARE(lstat(encoded(u"file"_s), &status), 0);
+        QVERIFY(S_ISFIFO(status.st_mode));
+        QCOMPARE(names(), QStringList{u"file"_s});
+    }
+
+    void aSocketInTheFilesPlaceIsAnError()
+    {
+        const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_un address = {.sun_family = AF_UNIX, .sun_path = {}};
+        qstrncpy(address.sun_path, encoded(u"file"_s), sizeof address.sun_path);
+        QCOMPARE(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        close(socket);
+        struct stat status = {};
+        QCOMPARE(lstat(encoded(u"file"_s), &status), 0);
+        QVERIFY(S_ISSOCK(status.st_mode));
+    }
+
+    void aDeviceInTheFilesPlaceIsAnError()
+    {
+        QCOMPARE(symlink("/dev/null", encoded(u"file"_s)), 0);
+        QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        struct stat status = {};
+        QCOMPARE(stat("/dev/null", &status), 0);
+        QVERIFY(S_ISCHR(status.st_mode));
+    }
+
+    void aFullDiskLeavesTheOldFileAndNothingElse()
+    {
+        put(u"file"_s, "old");
+        rlimit limit = {};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
+        const rlimit tiny{.rlim_cur = 4096, .rlim_max = limit.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &tiny), 0);
+        const auto error = replaceFile(path(u"file"_s), QByteArray(100'000, 'x'));
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(error, u"File too large"_s);
+        QCOMPARE(contents(u"file"_s), "old");
+        QCOMPARE(names(), QStringList{u"file"_s});
+    }
+
+    void theLongestPossibleNameIsNoHindrance()
+    {
+        const QString name(255, u'n');
+        QCOMPARE(replaceFile(path(name), "one"), std::nullopt);
+        QCOMPARE(replaceFile(path(name), "two"), std::nullopt);
+        QCOMPARE(contents(name), "two");
+    }
+
+    void aNameBeyondTheLimitIsAnError()
+    {
+        QCOMPARE(replaceFile(path(QString(256, u'n')), "one"), u"File name too long"_s);
+        QCOMPARE(names(), QStringList{});
+    }
+
+private:
+    QString path(const QString& name) const { return m_directory->filePath(name); }
+
+    /// Valid until the next call but three.
+    const char* encoded(const QString& name)
+    {
+        std::ranges::rotate(m_encoded, m_encoded.begin() + 1);
+        m_encoded.back() = QFile::encodeName(path(name));
+        return m_encoded.back().constData();
+    }
+
+    void put(const QString& name, const QByteArray& bytes) const
+    {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+
+    QByteArray contents(const QString& name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be opened)");
+    }
+
+    uint mode(const QString& name)
+    {
+        struct stat status = {};
+        return stat(encoded(name), &status) == 0 ? status.st_mode & 07777U : 0U;
+    }
+
+    QStringList names(const QString& directory = u"."_s) const
+    {
+        return QDir(path(directory)).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    void openToEveryone() { QCOMPARE(chmod(encoded(u"."_s), 0777), 0); }
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    std::array<QByteArray, 4> m_encoded;
+};
+
+QTEST_GUILESS_MAIN(AtomicFileTest)
+#include "AtomicFileTest.moc"
