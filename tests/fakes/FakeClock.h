@@ -37,7 +37,7 @@ public:
     void advance(Seconds interval)
     {
         const TimePoint end = m_now + interval;
-        while (ScheduledCall* next = earliest(); next != nullptr && next->due <= end) {
+        for (ScheduledCall* next = earliest(); next != nullptr && next->due <= end; next = earliest()) {
             m_now = std::max(m_now, next->due);
             fire(*next);
         }
