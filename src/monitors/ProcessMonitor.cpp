@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "monitors/ProcessMonitor.h"
+
+#include "core/AppSettings.h"
+#include "monitors/PresetMatcher.h"
+#include "monitors/ProcessParsers.h"
+#include "platform/ProcessTable.h"
+
+#include <utility>
+
+namespace Tarvik {
+
+ProcessMonitor::ProcessMonitor(
+    AppSettings& settings, ProcessTable& table, RunningApplications& applications, Clock& clock, HookedIds hookedIds)
+    : m_settings(&settings)
+    , m_table(table)
+    , m_applications(applications)
+    , m_hookedIds(std::move(hookedIds))
+{
+    m_applications.onChange = [this] { scan(); };
+    m_timer = clock.every(pollInterval, [this] { scan(); });
+    publishFrom(m_table.readNow());
+}
+
+ProcessMonitor::~ProcessMonitor()
+{
+    m_applications.onChange = nullptr;
+}
+
+void ProcessMonitor::scan()
+{
+    if (!m_settings)
+        return;
+    if (m_isScanning) {
+        m_scanAgain = true;
+        return;
+    }
+    m_isScanning = true;
+    const QPointer<ProcessMonitor> guard(this);
+    m_table.read([guard](const QByteArray& processes) {
+        if (guard)
+            guard->finishScan(processes);
+    });
+}
+
+void ProcessMonitor::finishScan(const QByteArray& processes)
+{
+    m_isScanning = false;
+    publishFrom(processes);
+    if (std::exchange(m_scanAgain, false))
+        scan();
+}
+
+void ProcessMonitor::publishFrom(const QByteArray& processes)
+{
+    if (!m_settings)
+        return;
+    const QList<RunningApplication> running = m_applications.list();
+
+    PresetMatcher matcher(m_settings->watchedPresets(), m_hookedIds());
+    QSet<QString> runningIds;
+    for (const RunningApplication& application : running) {
+        matcher.addApplication(application.localizedName);
+        if (!application.id.isEmpty())
+            runningIds.insert(application.id);
+    }
+
+    QStringList appLabels;
+    for (const AllowlistedApp& app : m_settings->allowlist()) {
+        if (runningIds.contains(app.bundleID))
+            appLabels.append(app.name);
+    }
+    for (const ProcessEntry& process : ProcessParsers::listProcesses(processes))
+        matcher.addProcess(process);
+    publish(matcher.detectedLabels(), appLabels);
+}
+
+void ProcessMonitor::publish(const QStringList& agentLabels, const QStringList& appLabels)
+{
+    if (agentLabels == m_activeAgentLabels && appLabels == m_activeAppLabels)
+        return;
+    m_activeAgentLabels = agentLabels;
+    m_activeAppLabels = appLabels;
+    Q_EMIT activeAgentLabelsChanged();
+    Q_EMIT activeAppLabelsChanged();
+    if (onChange)
+        onChange();
+}
+
+} // namespace Tarvik

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/ProcessTable.h"
+
+#include <utility>
+
+namespace Tarvik {
+
+/// A process table whose text is `output`. A read is answered at once or, when `answersLater`, by finish().
+class FakeProcessTable final : public ProcessTable {
+public:
+    QByteArray readNow() override
+    {
+        ++reads;
+        return output;
+    }
+
+    void read(Receiver receiver) override
+    {
+        ++reads;
+        pending = std::move(receiver);
+        if (!answersLater)
+            finish();
+    }
+
+    void finish() { std::exchange(pending, nullptr)(output); }
+
+    QByteArray output;
+    bool answersLater = false;
+    int reads = 0;
+    Receiver pending;
+};
+
+} // namespace Tarvik
