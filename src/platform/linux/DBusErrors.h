@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace Tarvik::DBusErrors {
+
+/// The positive errno that sd-bus-errors(3) pairs with a D-Bus error name; EIO for a name that it does not know.
+int toErrno(const QString& errorName);
+
+} // namespace Tarvik::DBusErrors
