@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/DesktopHoldRules.h"
+
+#include "support/TestSupport.h"
+
+using namespace Tarvik;
+using enum DesktopHold;
+
+using Holds = QList<DesktopHold>;
+
+namespace QTest {
+
+template <>
+char* toString(const Holds& holds)
+{
+    QStringList words;
+    for (const DesktopHold hold : holds)
+        words.append(DesktopHolds::serviceLabel(hold) + u' ' + DesktopHolds::what(hold));
+    return qstrdup(qPrintable(words.join(u", ")));
+}
+
+} // namespace QTest
+
+class DesktopHoldRulesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { TARVIK_FAIL_ON_WARNINGS(); }
+
+    void eachSessionGetsItsHolds_data()
+    {
+        QTest::addColumn<DesktopFacts>("facts");
+        QTest::addColumn<Holds>("system");
+        QTest::addColumn<Holds>("display");
+
+        const DesktopFacts kde{.logind = true,
+            .kdePowerManager = true,
+            .powerManagement = true,
+            .screenSaver = true,
+            .systemdVersion = 257};
+        QTest::newRow("KDE, never logind idle") << kde << Holds{kdePowerManagement} << Holds{screenSaver};
+        QTest::newRow("KDE without logind")
+            << with(kde, &DesktopFacts::logind, false) << Holds{kdePowerManagement} << Holds{screenSaver};
+        QTest::newRow("KDE before its screen locker")
+            << with(kde, &DesktopFacts::screenSaver, false) << Holds{kdePowerManagement} << Holds{};
+        QTest::newRow("KDE while its power manager restarts")
+            << with(with(kde, &DesktopFacts::kdePowerManager, false), &DesktopFacts::powerManagement, false)
+            << Holds{logindIdle} << Holds{screenSaver, logindIdle};
+
+        const DesktopFacts gnome{.logind = true, .sessionManager = true, .screenSaver = true, .systemdVersion = 252};
+        QTest::newRow("GNOME, MATE, Cinnamon")
+            << gnome << Holds{sessionManagerSuspend, logindIdle} << Holds{sessionManagerIdle};
+        QTest::newRow("GNOME on systemd 257") << with(gnome, &DesktopFacts::systemdVersion, 257)
+                                              << Holds{sessionManagerSuspend, logindIdle} << Holds{sessionManagerIdle};
+        QTest::newRow("GNOME without logind")
+            << with(gnome, &DesktopFacts::logind, false) << Holds{sessionManagerSuspend} << Holds{sessionManagerIdle};
+
+        const DesktopFacts xfce{
+            .logind = true, .xfcePowerManager = true, .powerManagement = true, .systemdVersion = 252};
+        QTest::newRow("XFCE as installed") << xfce << Holds{logindIdle} << Holds{xfcePowerManagement};
+        QTest::newRow("XFCE that suspends when idle") << with(xfce, &DesktopFacts::xfceSuspendsWhenIdle, true)
+                                                      << Holds{xfcePowerManagement} << Holds{xfcePowerManagement};
+        QTest::newRow("XFCE on a wlroots compositor, systemd 257")
+            << with(with(xfce, &DesktopFacts::idleDaemonSuspends, true), &DesktopFacts::systemdVersion, 257)
+            << Holds{logindIdle} << Holds{xfcePowerManagement};
+
+        const DesktopFacts lxqt{.logind = true, .lxqtSession = true, .systemdVersion = 257};
+        QTest::newRow("LXQt on systemd 257") << lxqt << Holds{logindSleep} << Holds{logindIdle};
+        QTest::newRow("LXQt on systemd 252")
+            << with(lxqt, &DesktopFacts::systemdVersion, 252) << Holds{logindIdle} << Holds{logindIdle};
+
+        const DesktopFacts sway{.logind = true, .idleDaemonSuspends = true, .systemdVersion = 257};
+        QTest::newRow("swayidle on systemd 257") << sway << Holds{logindSleep} << Holds{logindIdle};
+        QTest::newRow("swayidle on systemd 256")
+            << with(sway, &DesktopFacts::systemdVersion, 256) << Holds{logindIdle} << Holds{logindIdle};
+        QTest::newRow("swayidle, systemd unknown")
+            << with(sway, &DesktopFacts::systemdVersion, 0) << Holds{logindIdle} << Holds{logindIdle};
+        QTest::newRow("hypridle, COSMIC on systemd 257")
+            << with(sway, &DesktopFacts::screenSaver, true) << Holds{logindSleep} << Holds{screenSaver, logindIdle};
+        QTest::newRow("swayidle without logind") << with(sway, &DesktopFacts::logind, false) << Holds{} << Holds{};
+
+        QTest::newRow("anything else") << DesktopFacts{.logind = true, .systemdVersion = 257} << Holds{logindIdle}
+                                       << Holds{logindIdle};
+        QTest::newRow("nothing at all") << DesktopFacts{} << Holds{} << Holds{};
+    }
+
+    void eachSessionGetsItsHolds()
+    {
+        QFETCH(DesktopFacts, facts);
+        QTEST(DesktopHoldRules::againstSystemSleep(facts), "system");
+        QTEST(DesktopHoldRules::againstDisplaySleep(facts), "display");
+    }
+
+    void idleDaemonDesktopsAreKnownByName()
+    {
+        for (const auto* name : {u"sway", u"labwc:wlroots", u"Hyprland", u"niri", u"COSMIC", u"pop:COSMIC", u"SWAY"})
+            QVERIFY(DesktopHoldRules::namesIdleDaemonDesktop(name));
+        for (const auto* name : {u"", u"KDE", u"ubuntu:GNOME", u"XFCE", u"LXQt", u"swayish", u":", u"i3"})
+            QVERIFY(!DesktopHoldRules::namesIdleDaemonDesktop(name));
+    }
+
+    void systemdVersionIsTheLeadingNumber()
+    {
+        QCOMPARE(DesktopHoldRules::systemdVersion(u"252.39-1~deb12u1"), 252);
+        QCOMPARE(DesktopHoldRules::systemdVersion(u"257"), 257);
+        QCOMPARE(DesktopHoldRules::systemdVersion(u"v258~rc1"), 258);
+        QCOMPARE(DesktopHoldRules::systemdVersion(u""), 0);
+        QCOMPARE(DesktopHoldRules::systemdVersion(u"v"), 0);
+        QCOMPARE(DesktopHoldRules::systemdVersion(u"unknown 257"), 0);
+        QCOMPARE(DesktopHoldRules::systemdVersion(u"99999999999999999999"), 0);
+    }
+
+private:
+    template <typename Field>
+    static DesktopFacts with(DesktopFacts facts, Field DesktopFacts::*field, Field value)
+    {
+        facts.*field = value;
+        return facts;
+    }
+};
+
+QTEST_APPLESS_MAIN(DesktopHoldRulesTest)
+#include "DesktopHoldRulesTest.moc"
