@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+//
+// Runs against the system's own logind, in a virtual desktop whose processes this test may kill.
+#include "platform/linux/DesktopPowerAssertions.h"
+#include "support/TestSupport.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
+#include <QFile>
+#include <QProcess>
+
+#include <csignal>
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+using enum PowerAssertionType;
+
+namespace {
+
+const auto logindName = u"org.freedesktop.login1"_s;
+
+} // namespace
+
+class RealLogindTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY2(qEnvironmentVariableIsSet("TARVIK_DESKTOP"), "Run this inside scripts/desktop: it kills logind.");
+        QVERIFY(m_bus.isConnected());
+    }
+
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        QTRY_COMPARE(ownInhibitors(), QStringList());
+    }
+
+    void anAssertionIsListedUntilItEnds()
+    {
+        auto system = m_assertions.create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(ownInhibitors(), QStringList{u"idle Tarvik block"_s});
+        QTRY_VERIFY(m_assertions.holds().constFirst().effective);
+        auto display = m_assertions.create(preventUserIdleDisplaySleep, u"Tarvik"_s);
+        QTRY_COMPARE(ownInhibitors(), (QStringList{u"idle Tarvik block"_s, u"idle Tarvik block"_s}));
+        system.reset();
+        QTRY_COMPARE(ownInhibitors(), QStringList{u"idle Tarvik block"_s});
+        display.reset();
+        QTRY_COMPARE(ownInhibitors(), QStringList());
+    }
+
+    void anAssertionThatEndsAtOnceLeavesNothing()
+    {
+        for (int i = 0; i < 20; ++i)
+            auto assertion = m_assertions.create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        auto last = m_assertions.create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_VERIFY(m_assertions.holds().constFirst().effective);
+        QTRY_COMPARE(ownInhibitors(), QStringList{u"idle Tarvik block"_s});
+    }
+
+    void aChildProcessDoesNotInheritIt()
+    {
+        auto assertion = m_assertions.create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(ownInhibitors(), QStringList{u"idle Tarvik block"_s});
+        QProcess child;
+        child.start(u"cat"_s);
+        QVERIFY(child.waitForStarted());
+        assertion.reset();
+        QTRY_COMPARE(ownInhibitors(), QStringList());
+        QCOMPARE(child.state(), QProcess::Running);
+        child.closeWriteChannel();
+        QVERIFY(child.waitForFinished());
+    }
+
+    void logindListsItOnceAfterItsRestart()
+    {
+        auto assertion = m_assertions.create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(ownInhibitors(), QStringList{u"idle Tarvik block"_s});
+        QTRY_VERIFY(m_assertions.holds().constFirst().effective);
+
+        const uint pid = m_bus.interface()->servicePid(logindName);
+        const QString program = QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(pid));
+        QVERIFY(!program.isEmpty());
+        QCOMPARE(kill(static_cast<pid_t>(pid), SIGKILL), 0);
+        QTRY_VERIFY(!m_assertions.holds().constFirst().effective);
+        QCOMPARE(assertion->failure(), std::nullopt);
+
+        QVERIFY(QProcess::startDetached(program));
+        QTRY_VERIFY_WITH_TIMEOUT(m_assertions.holds().constFirst().effective, 15000);
+        QVERIFY(m_bus.interface()->servicePid(logindName).value() != pid);
+        QTRY_COMPARE(ownInhibitors(), QStringList{u"idle Tarvik block"_s});
+        assertion.reset();
+        QTRY_COMPARE(ownInhibitors(), QStringList());
+    }
+
+private:
+    /// "what who mode" of each inhibitor that logind lists for this process.
+    QStringList ownInhibitors()
+    {
+        const auto call = QDBusMessage::createMethodCall(
+            logindName, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"ListInhibitors"_s);
+        const QDBusMessage reply = m_bus.call(call);
+        if (reply.type() != QDBusMessage::ReplyMessage)
+            return {reply.errorMessage()};
+        const auto array = reply.arguments().constFirst().value<QDBusArgument>();
+        QStringList own;
+        array.beginArray();
+        while (!array.atEnd()) {
+            QString what;
+            QString who;
+            QString why;
+            QString mode;
+            uint uid = 0;
+            uint pid = 0;
+            array.beginStructure();
+            array >> what >> who >> why >> mode >> uid >> pid;
+            array.endStructure();
+            if (pid == static_cast<uint>(getpid()))
+                own.append(what + u' ' + who + u' ' + mode);
+        }
+        array.endArray();
+        return own;
+    }
+
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"observer"_s);
+    DesktopPowerAssertions m_assertions{
+        QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"subject"_s), QDBusConnection(u"nowhere"_s), {}};
+};
+
+QTEST_GUILESS_MAIN(RealLogindTest)
+#include "RealLogindTest.moc"
