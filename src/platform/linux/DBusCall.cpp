@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/DBusCall.h"
 
+#include <QDBusError>
 #include <QDBusPendingCall>
 
 namespace Tarvik {
+
+using namespace Qt::StringLiterals;
 
 void DBusCallDeleter::operator()(QDBusPendingCallWatcher* call) const
 {
@@ -12,11 +15,17 @@ void DBusCallDeleter::operator()(QDBusPendingCallWatcher* call) const
     call->deleteLater();
 }
 
-DBusCall callAsync(
-    const QDBusConnection& bus, QDBusMessage message, std::function<void(const QDBusMessage& answer)> done)
+DBusCall callAsync(const QDBusConnection& bus,
+    QDBusMessage message,
+    std::function<void(const QDBusMessage& answer)> done,
+    ServiceStart start)
 {
-    message.setAutoStartService(false);
-    DBusCall call(new QDBusPendingCallWatcher(bus.asyncCall(message)));
+    message.setAutoStartService(start == ServiceStart::ifNeeded);
+    // Without a connection QtDBus would never answer.
+    const QDBusPendingCall pending = bus.isConnected()
+        ? bus.asyncCall(message)
+        : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, u"There is no connection to the bus."_s));
+    DBusCall call(new QDBusPendingCallWatcher(pending));
     QObject::connect(call.get(),
         &QDBusPendingCallWatcher::finished,
         call.get(),

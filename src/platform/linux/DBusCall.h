@@ -19,8 +19,16 @@ struct DBusCallDeleter {
 /// A method call that is under way; destroying it drops the answer, not the call.
 using DBusCall = std::unique_ptr<QDBusPendingCallWatcher, DBusCallDeleter>;
 
-/// Sends `message`, never starting a service for it. `done` gets the answer later, a reply or an error.
-[[nodiscard]] DBusCall callAsync(
-    const QDBusConnection& bus, QDBusMessage message, std::function<void(const QDBusMessage& answer)> done);
+enum class ServiceStart {
+    never,
+    /// The bus may start a service that it knows how to start.
+    ifNeeded,
+};
+
+/// Sends `message`. `done` gets the answer later, a reply or an error.
+[[nodiscard]] DBusCall callAsync(const QDBusConnection& bus,
+    QDBusMessage message,
+    std::function<void(const QDBusMessage& answer)> done,
+    ServiceStart start = ServiceStart::never);
 
 } // namespace Tarvik

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/UserNotifications.h"
+#include "platform/linux/DBusCall.h"
+
+#include <QDBusServiceWatcher>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace Tarvik {
+
+/// org.freedesktop.Notifications, version 1.2 of the Desktop Notifications Specification. The bus starts the desktop's
+/// notification daemon where it is not running. Nobody is asked for permission there: authorisation is granted when a
+/// daemon answers.
+class FreedesktopNotifications final : public UserNotifications {
+public:
+    explicit FreedesktopNotifications(QDBusConnection sessionBus);
+    FreedesktopNotifications(const FreedesktopNotifications&) = delete;
+    FreedesktopNotifications& operator=(const FreedesktopNotifications&) = delete;
+
+    void requestAuthorization(std::function<void(bool granted, const QString& error)> done) override;
+    void post(const QString& identifier,
+        const QString& title,
+        const QString& body,
+        std::function<void(const QString& error)> done) override;
+
+private:
+    using Receiver = std::function<void(const QString& error)>;
+
+    void afterReadingCapabilities(Receiver next);
+    void readCapabilities();
+    void receiveCapabilities(const QDBusMessage& answer);
+    void changeOwner(const QString& before, const QString& now);
+    void notify(const QString& title, const QString& body, Receiver done);
+
+    QDBusConnection m_bus;
+    QDBusServiceWatcher m_watcher;
+    /// Whether the daemon that is running reads the body as markup; unknown until it has told.
+    std::optional<bool> m_readsMarkup;
+    DBusCall m_capabilitiesCall;
+    /// The daemon that was asked has lost its name meanwhile.
+    bool m_askedPredecessor = false;
+    std::vector<Receiver> m_waiting;
+    std::map<unsigned, DBusCall> m_posts;
+    unsigned m_lastPost = 0;
+};
+
+} // namespace Tarvik
