@@ -8,7 +8,7 @@
 
 namespace Tarvik {
 
-/// Owns one file descriptor and closes it.
+/// Owns a file descriptor and closes it; -1 is none.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -22,18 +22,18 @@ public:
     }
     FileDescriptor& operator=(FileDescriptor&& other) noexcept
     {
-        std::swap(m_descriptor, other.m_descriptor);
+        reset(std::exchange(other.m_descriptor, -1));
         return *this;
     }
     ~FileDescriptor() { reset(); }
 
-    bool isValid() const { return m_descriptor >= 0; }
     int get() const { return m_descriptor; }
+    bool isValid() const { return m_descriptor >= 0; }
 
-    void reset()
+    void reset(int descriptor = -1)
     {
-        if (isValid())
-            close(std::exchange(m_descriptor, -1));
+        if (const int old = std::exchange(m_descriptor, descriptor); old >= 0)
+            close(old);
     }
 
 private:

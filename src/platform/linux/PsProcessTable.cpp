@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PsProcessTable.h"
+
+#include "platform/linux/PsProcess.h"
+
+#include <QSocketNotifier>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tarvik {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Long enough for a usual listing to end first, so that it costs no wake-up.
+constexpr Seconds firstDrainDelay = 100ms;
+/// While the child waits for room in the pipe.
+constexpr Seconds busyDrainDelay = 5ms;
+/// While the child hangs.
+constexpr Seconds longestDrainDelay = 5s;
+
+} // namespace
+
+PsProcessTable::PsProcessTable(Clock& clock, std::string executable)
+    : m_clock(clock)
+    , m_executable(std::move(executable))
+{
+}
+
+PsProcessTable::~PsProcessTable() = default;
+
+QByteArray PsProcessTable::readNow()
+{
+    const auto process = PsProcess::start(m_executable, maximumBytes);
+    if (process == nullptr || !process->readToEnd() || !process->reap())
+        return {};
+    return process->output();
+}
+
+void PsProcessTable::read(Receiver receiver)
+{
+    Q_ASSERT(!m_receiver);
+    m_receiver = std::move(receiver);
+    m_process = PsProcess::start(m_executable, maximumBytes);
+    if (m_process == nullptr) {
+        QMetaObject::invokeMethod(
+            &m_context, [this] { finish(false); }, Qt::QueuedConnection);
+        return;
+    }
+
+    m_exitNotifier = std::make_unique<QSocketNotifier>(m_process->exitDescriptor(), QSocketNotifier::Read);
+    QObject::connect(m_exitNotifier.get(), &QSocketNotifier::activated, &m_context, [this] {
+        const bool complete = m_process->readAvailable();
+        finish(m_process->reap() && complete);
+    });
+    m_drainDelay = firstDrainDelay;
+    drainLater();
+}
+
+void PsProcessTable::drainLater()
+{
+    m_drainTimer = m_clock.after(m_drainDelay, [this] { drain(); });
+}
+
+void PsProcessTable::drain()
+{
+    const qsizetype before = m_process->output().size();
+    if (!m_process->readAvailable()) {
+        finish(false);
+        return;
+    }
+    const bool busy = m_process->output().size() > before;
+    m_drainDelay = busy ? busyDrainDelay : std::min(m_drainDelay * 2, longestDrainDelay);
+    drainLater();
+}
+
+void PsProcessTable::finish(bool complete)
+{
+    m_drainTimer.reset();
+    if (m_exitNotifier != nullptr) {
+        m_exitNotifier->setEnabled(false);
+        // It may be the sender of the call that led here.
+        m_exitNotifier.release()->deleteLater();
+    }
+    const auto process = std::move(m_process);
+    // The receiver may start the next listing or destroy this table.
+    const Receiver receiver = std::exchange(m_receiver, {});
+    receiver(complete ? process->output() : QByteArray());
+}
+
+} // namespace Tarvik

@@ -1,0 +1,383 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PsProcessTable.h"
+
+#include "fakes/FakeClock.h"
+#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/TimerfdClock.h"
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QStringDecoder>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <vector>
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+class PsProcessTableTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        QVERIFY(m_directory.isValid());
+    }
+
+    void cleanup() { QVERIFY(hasNoChildren()); }
+
+    void theListingShowsARunningCommandLine()
+    {
+        QProcess sleeper;
+        sleeper.start(u"/bin/sleep"_s, {u"86399.25"_s});
+        QVERIFY(sleeper.waitForStarted());
+        PsProcessTable table(m_clock);
+        const QByteArray now = table.readNow();
+        const QByteArray later = readInLoop(table);
+        sleeper.kill();
+        QVERIFY(sleeper.waitForFinished());
+        QVERIFY(now.split('\n').contains("/bin/sleep 86399.25"));
+        QVERIFY(later.split('\n').contains("/bin/sleep 86399.25"));
+    }
+
+    void thereIsNoHeaderAndNoSelectionByTerminal()
+    {
+        PsProcessTable table(m_clock);
+        const QByteArrayList lines = table.readNow().split('\n');
+        QVERIFY(!lines.contains("COMMAND"));
+        QFile init(u"/proc/1/cmdline"_s);
+        QVERIFY(init.open(QIODevice::ReadOnly));
+        QCOMPARE(lines.first().trimmed(), init.readAll().replace('\0', ' ').trimmed());
+    }
+
+    void argumentsEnvironmentAndStreamsAreFixed()
+    {
+        qputenv("PS_FORMAT", "pid");
+        qputenv("COLUMNS", "10");
+        const auto script = write("echo \"$#:$*\"; env | grep -v -e ^PWD= -e ^_= -e ^SHLVL= -e ^OLDPWD= | sort\n"
+                                  "readlink /proc/$$/fd/0 /proc/$$/fd/2; echo noise >&2; cat");
+        PsProcessTable table(m_clock, script);
+        QCOMPARE(table.readNow(),
+            QByteArray("3:-axww -o args=\nLC_ALL=C.UTF-8\nPATH=/usr/bin:/bin\n/dev/null\n/dev/null\n"));
+    }
+
+    void theUsersPsSettingsDoNotMatter_data()
+    {
+        QTest::addColumn<QByteArray>("variable");
+        QTest::addColumn<QByteArray>("value");
+        QTest::newRow("format") << QByteArray("PS_FORMAT") << QByteArray("pid,tty");
+        QTest::newRow("personality") << QByteArray("PS_PERSONALITY") << QByteArray("bsd");
+        QTest::newRow("unknown personality") << QByteArray("PS_PERSONALITY") << QByteArray("nonsense");
+        QTest::newRow("posix") << QByteArray("POSIXLY_CORRECT") << QByteArray("1");
+        QTest::newRow("width") << QByteArray("COLUMNS") << QByteArray("20");
+        QTest::newRow("locale") << QByteArray("LC_ALL") << QByteArray("C");
+    }
+
+    void theUsersPsSettingsDoNotMatter()
+    {
+        QFETCH(QByteArray, variable);
+        QFETCH(QByteArray, value);
+        QProcess sleeper;
+        sleeper.start(u"/bin/sleep"_s, {u"86398"_s, u"0.000000000000000000000000000000001"_s});
+        QVERIFY(sleeper.waitForStarted());
+        const QByteArray before = qgetenv(variable.constData());
+        qputenv(variable.constData(), value);
+        const QByteArray output = PsProcessTable(m_clock).readNow();
+        if (before.isNull())
+            qunsetenv(variable.constData());
+        else
+            qputenv(variable.constData(), before);
+        sleeper.kill();
+        QVERIFY(sleeper.waitForFinished());
+        QVERIFY(output.split('\n').contains("/bin/sleep 86398 0.000000000000000000000000000000001"));
+    }
+
+    void aCommandLineThatIsNotUtf8DoesNotSpoilTheListing()
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            execl("/bin/sleep", "\xff\xfe-tarvik", "86397", static_cast<char*>(nullptr));
+            _exit(127);
+        }
+        QByteArray output;
+        PsProcessTable table(m_clock);
+        QTRY_VERIFY((output = table.readNow()).contains("-tarvik 86397"));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        QStringDecoder decoder(QStringDecoder::Utf8);
+        const QString text = decoder.decode(output);
+        QVERIFY(!text.isEmpty() && !decoder.hasError());
+    }
+
+    void bytesThatAreNotUtf8ArriveAsTheyAre()
+    {
+        PsProcessTable table(m_clock, write("printf 'a\\377\\376b\\001\\n'"));
+        QCOMPARE(table.readNow(),
+            QByteArray("a\xff\xfe"
+                       "b\x01\n"));
+        QCOMPARE(readInLoop(table),
+            QByteArray("a\xff\xfe"
+                       "b\x01\n"));
+    }
+
+    void aCommandLineOfOneMegabyteArrives()
+    {
+        const QByteArray argument(100'000, 'x');
+        std::array<int, 2> ends{};
+        QCOMPARE(pipe2(ends.data(), O_CLOEXEC), 0);
+        const FileDescriptor input(ends[0]);
+        const FileDescriptor feeder(ends[1]);
+        const pid_t child = fork();
+        if (child == 0) {
+            dup2(input.get(), STDIN_FILENO);
+            std::vector<const char*> arguments{"sleep-with-arguments", "-c", "read line"};
+            arguments.insert(arguments.end(), 10, argument.constData());
+            arguments.push_back(nullptr);
+            // It reads until it is killed: the other end of the pipe stays open.
+            execv("/bin/sh", const_cast<char**>(arguments.data()));
+            _exit(127);
+        }
+        QByteArray output;
+        PsProcessTable table(m_clock);
+        QTRY_VERIFY((output = table.readNow()).contains("sleep-with-arguments"));
+        const QByteArray inLoop = readInLoop(table);
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        for (const QByteArray& listing : {output, inLoop}) {
+            const auto lines = listing.split('\n');
+            const auto line = std::ranges::find_if(lines, [](auto& l) { return l.startsWith("sleep-with-arguments"); });
+            QVERIFY(line != lines.end());
+            // Some releases of ps stop at 128 KiB.
+            QVERIFY(line->size() >= 128 * 1024 - 1);
+        }
+    }
+
+    void anOutputLargerThanThePipeArrivesWhole()
+    {
+        const auto script = write("head -c 5000000 /dev/zero | tr '\\0' x");
+        PsProcessTable table(m_clock, script);
+        QCOMPARE(readInLoop(table), QByteArray(5'000'000, 'x'));
+        QCOMPARE(table.readNow(), QByteArray(5'000'000, 'x'));
+    }
+
+    void anOutputBeyondTheLimitIsNoListing()
+    {
+        PsProcessTable table(m_clock, write("exec head -c 300000000 /dev/zero"));
+        QCOMPARE(table.readNow(), QByteArray());
+    }
+
+    void noTimerIsLeftAfterAUsualListing()
+    {
+        FakeClock clock;
+        PsProcessTable table(clock, write("echo one; echo two"));
+        QByteArray output;
+        table.read([&](const QByteArray& text) { output = text; });
+        QCOMPARE(clock.pending(), 1U);
+        QTRY_COMPARE(output, QByteArray("one\ntwo\n"));
+        QCOMPARE(clock.pending(), 0U);
+    }
+
+    void aHangingChildIsLookedAtLessAndLessOften()
+    {
+        FakeClock clock;
+        PsProcessTable table(clock, write("exec sleep 86395"));
+        table.read([](const QByteArray&) { QFAIL("the listing has not ended"); });
+        clock.advance(60s);
+        QVERIFY(clock.untilNext() > 1s);
+        QVERIFY(clock.untilNext() <= 5s);
+    }
+
+    void anExecutableThatIsMissingGivesNothingLater()
+    {
+        PsProcessTable table(m_clock, "/nonexistent/ps");
+        QCOMPARE(table.readNow(), QByteArray());
+        bool called = false;
+        table.read([&](const QByteArray& output) {
+            called = true;
+            QVERIFY(output.isEmpty());
+        });
+        QVERIFY(!called);
+        QTRY_VERIFY(called);
+    }
+
+    void aDestroyedTableDoesNotReportAFailedStart()
+    {
+        auto table = std::make_unique<PsProcessTable>(m_clock, "/nonexistent/ps");
+        table->read([](const QByteArray&) { QFAIL("called after destruction"); });
+        table.reset();
+        QCoreApplication::processEvents();
+    }
+
+    void outputOfAFailedRunCountsAndOfAKilledOneDoesNot()
+    {
+        QCOMPARE(PsProcessTable(m_clock, write("echo line; exit 1")).readNow(), QByteArray("line\n"));
+        PsProcessTable killed(m_clock, write("echo line; kill -9 $$"));
+        QCOMPARE(killed.readNow(), QByteArray());
+        QCOMPARE(readInLoop(killed, "unset"), QByteArray());
+    }
+
+    void withoutDescriptorsTheListingIsEmpty()
+    {
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
+        PsProcessTable table(m_clock);
+        const QStringList open = openDescriptors();
+        const int firstFree = dup(STDIN_FILENO);
+        close(firstFree);
+        // The pipe fails, one end of it, then what comes after it.
+        for (const int spare : {0, 1, 2}) {
+            const rlimit tight{.rlim_cur = static_cast<rlim_t>(firstFree + spare), .rlim_max = before.rlim_max};
+            QCOMPARE(setrlimit(RLIMIT_NOFILE, &tight), 0);
+            const QByteArray output = table.readNow();
+            QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
+            QCOMPARE(output, QByteArray());
+            QCOMPARE(openDescriptors(), open);
+            QVERIFY(hasNoChildren());
+        }
+        QVERIFY(!table.readNow().isEmpty());
+    }
+
+    void anIgnoredChildSignalDoesNoHarm()
+    {
+        auto* const before = signal(SIGCHLD, SIG_IGN);
+        PsProcessTable table(m_clock, write("echo line"));
+        const QByteArray now = table.readNow();
+        const QByteArray later = readInLoop(table);
+        signal(SIGCHLD, before);
+        QCOMPARE(now, QByteArray("line\n"));
+        QCOMPARE(later, QByteArray("line\n"));
+    }
+
+    void blockedAndIgnoredSignalsAreNotInherited()
+    {
+        sigset_t all;
+        sigset_t before;
+        sigfillset(&all);
+        sigprocmask(SIG_SETMASK, &all, &before);
+        auto* const pipeSignal = signal(SIGPIPE, SIG_IGN);
+        const QByteArray output
+            = PsProcessTable(m_clock, write("exec grep -E '^Sig(Blk|Ign)' /proc/self/status")).readNow();
+        signal(SIGPIPE, pipeSignal);
+        sigprocmask(SIG_SETMASK, &before, nullptr);
+        const QByteArrayList lines = output.split('\n');
+        QCOMPARE(lines.value(0), QByteArray("SigBlk:\t0000000000000000"));
+        // The two signals above the standard ones belong to the C library.
+        bool isNumber = false;
+        QCOMPARE(lines.value(1).mid(8).toULongLong(&isNumber, 16) & 0x7fffffffU, 0U);
+        QVERIFY(isNumber);
+    }
+
+    void destructionKillsAHangingChildAtOnce()
+    {
+        auto table = std::make_unique<PsProcessTable>(m_clock, write("exec sleep 86394"));
+        table->read([](const QByteArray&) { QFAIL("called after destruction"); });
+        QElapsedTimer timer;
+        timer.start();
+        table.reset();
+        QVERIFY(timer.elapsed() < 100);
+        QVERIFY(hasNoChildren());
+        QCoreApplication::processEvents();
+    }
+
+    void theReceiverMayListAgainOrDestroyTheTable()
+    {
+        auto table = std::make_unique<PsProcessTable>(m_clock, write("echo line"));
+        int calls = 0;
+        table->read([&](const QByteArray&) {
+            ++calls;
+            table->read([&](const QByteArray& output) {
+                QCOMPARE(output, QByteArray("line\n"));
+                ++calls;
+                table.reset();
+            });
+        });
+        QTRY_COMPARE(calls, 2);
+        QVERIFY(!table);
+    }
+
+    void aHundredListingsLeaveNothingBehind()
+    {
+        PsProcessTable table(m_clock, write("echo line"));
+        QCOMPARE(readInLoop(table), QByteArray("line\n"));
+        const QStringList before = openDescriptors();
+        for (int i = 0; i < 100; ++i)
+            QCOMPARE(i % 2 == 0 ? readInLoop(table) : table.readNow(), QByteArray("line\n"));
+        QCOMPARE(openDescriptors(), before);
+        QVERIFY(hasNoChildren());
+    }
+
+    void theChildInheritsNoDescriptors()
+    {
+        PsProcessTable table(m_clock, write("ls /proc/$$/fd | tr '\\n' ' '"));
+        const FileDescriptor inheritable(dup(STDIN_FILENO));
+        // 10 is where the shell itself keeps its script.
+        QCOMPARE(table.readNow().replace("10 ", ""), QByteArray("0 1 2 "));
+    }
+
+    void aZombieIsListedByItsNameAlone()
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            prctl(PR_SET_NAME, "tarvik-zombie");
+            _exit(0);
+        }
+        siginfo_t ended{};
+        QCOMPARE(waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT), 0);
+        const QByteArray output = PsProcessTable(m_clock).readNow();
+        waitpid(child, nullptr, 0);
+        QVERIFY(output.split('\n').contains("[tarvik-zombie] <defunct>"));
+    }
+
+private:
+    std::string write(const QByteArray& body)
+    {
+        QFile file(m_directory.filePath(u"ps%1"_s.arg(m_scripts++)));
+        if (!file.open(QIODevice::WriteOnly) || file.write("#!/bin/sh\n" + body + '\n') < 0)
+            qFatal("cannot write the script");
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return file.fileName().toStdString();
+    }
+
+    static QByteArray readInLoop(PsProcessTable& table, const QByteArray& initial = {})
+    {
+        bool done = false;
+        QByteArray result = initial;
+        table.read([&](const QByteArray& output) {
+            done = true;
+            result = output;
+        });
+        if (!QTest::qWaitFor([&] { return done; }, 30'000))
+            return "no answer";
+        return result;
+    }
+
+    static QStringList openDescriptors() { return QDir(u"/proc/self/fd"_s).entryList(QDir::Files | QDir::System); }
+
+    static bool hasNoChildren()
+    {
+        return waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
+    }
+
+    TimerfdClock m_clock;
+    QTemporaryDir m_directory;
+    int m_scripts = 0;
+};
+
+QTEST_GUILESS_MAIN(PsProcessTableTest)
+#include "PsProcessTableTest.moc"
