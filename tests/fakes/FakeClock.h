@@ -21,7 +21,7 @@ public:
             call->clock = nullptr;
     }
 
-    TimePoint now() const override { return m_now; }
+    TimePoint now() const override { return m_now + m_wallClockOffset; }
 
     std::unique_ptr<Timer> after(Seconds delay, std::function<void()> action) override
     {
@@ -43,6 +43,9 @@ public:
         }
         m_now = end;
     }
+
+    /// Sets the wall clock back; no time passes for what is scheduled.
+    void setBack(Seconds interval) { m_wallClockOffset -= interval; }
 
     /// How many calls are scheduled.
     std::size_t pending() const { return m_calls.size(); }
@@ -95,6 +98,7 @@ private:
     }
 
     TimePoint m_now{Seconds{1'700'000'000}};
+    Seconds m_wallClockOffset{0};
     std::vector<ScheduledCall*> m_calls;
 };
 
