@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/SessionBusHookChannel.h"
+
+#include "core/Logging.h"
+#include "platform/HookWire.h"
+
+#include <QDBusArgument>
+#include <QDBusError>
+
+namespace Tarvik {
+
+namespace {
+
+HookChannel::Payload parse(const QDBusMessage& message)
+{
+    if (message.signature() != QLatin1String(HookWire::signature))
+        return {};
+    const auto argument = message.arguments().constFirst().value<QDBusArgument>();
+    QMap<QString, QString> payload;
+    std::size_t bytes = 0;
+    int entries = 0;
+    argument.beginMap();
+    while (!argument.atEnd()) {
+        QString key;
+        QString value;
+        argument.beginMapEntry();
+        argument >> key >> value;
+        argument.endMapEntry();
+        bytes += static_cast<std::size_t>(key.toUtf8().size() + value.toUtf8().size());
+        if (++entries > SessionBusHookChannel::maximumEntries || bytes > HookWire::maximumBytes)
+            return {};
+        payload.insert(key, value);
+    }
+    argument.endMap();
+    return payload;
+}
+
+} // namespace
+
+SessionBusHookChannel::SessionBusHookChannel(const QDBusConnection& bus)
+{
+    const bool isListening = QDBusConnection(bus).connect({},
+        QLatin1String(HookWire::objectPath),
+        QLatin1String(HookWire::interfaceName),
+        QLatin1String(HookWire::signalName),
+        this,
+        SLOT(receive(QDBusMessage)));
+    if (!isListening)
+        qCWarning(logHooks,
+            "cannot listen for hook notifications: %s",
+            qUtf8Printable(bus.isConnected() ? bus.lastError().message() : QStringLiteral("no session bus")));
+}
+
+void SessionBusHookChannel::receive(const QDBusMessage& message)
+{
+    if (onNotification)
+        onNotification(parse(message));
+}
+
+} // namespace Tarvik
