@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "Announcement.h"
+
+#include "DBusReader.h"
+#include "DBusWriter.h"
+#include "SessionBus.h"
+
+#include "platform/HookWire.h"
+#include "platform/StatusWire.h"
+
+#include <algorithm>
+
+namespace Tarvik {
+
+static constexpr std::size_t maximumTextSize = 4096;
+// All five fields together have to pass the receiver.
+static_assert(5 * maximumTextSize < HookWire::maximumBytes);
+
+static bool isContinuation(unsigned char byte)
+{
+    return (byte & 0xc0) == 0x80;
+}
+
+/// The length of the valid character that the text begins with; 0 when it does not begin with one.
+static std::size_t characterSize(std::string_view text)
+{
+    const auto at = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    const unsigned char first = at(0);
+    if (first < 0x80)
+        return first >= 0x20 && first != 0x7f ? 1 : 0;
+    const std::size_t size = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
+    if (first < 0xc2 || first > 0xf4 || text.size() < size)
+        return 0;
+    for (std::size_t index = 1; index < size; ++index) {
+        if (!isContinuation(at(index)))
+            return 0;
+    }
+    const bool isOverlong = (first == 0xe0 && at(1) < 0xa0) || (first == 0xf0 && at(1) < 0x90);
+    const bool isSurrogate = first == 0xed && at(1) >= 0xa0;
+    const bool isTooGreat = first == 0xf4 && at(1) >= 0x90;
+    return isOverlong || isSurrogate || isTooGreat ? 0 : size;
+}
+
+std::string cleanText(std::string_view text)
+{
+    std::string clean;
+    while (!text.empty()) {
+        const std::size_t size = characterSize(text);
+        if (clean.size() + std::max<std::size_t>(size, 1) > maximumTextSize)
+            break;
+        if (size > 0)
+            clean.append(text.substr(0, size));
+        else
+            clean.push_back('?');
+        text.remove_prefix(std::max<std::size_t>(size, 1));
+    }
+    return clean;
+}
+
+DBusMessage hookSignal(const Announcement& announcement)
+{
+    DBusWriter body;
+    const auto write = [&](std::string_view key, const std::string& value) {
+        if (value.empty())
+            return;
+        body.align(8);
+        body.string(key);
+        body.string(cleanText(value));
+    };
+    const auto entries = body.beginArray(8);
+    write(HookWire::actionKey, announcement.action);
+    write(HookWire::sessionKey, announcement.session);
+    write(HookWire::toolKey, announcement.tool);
+    write(HookWire::ttlKey, announcement.ttl);
+    write(HookWire::reasonKey, announcement.reason);
+    body.endArray(entries);
+
+    DBusMessage message;
+    message.type = DBusMessageType::signal;
+    message.flags = DBusMessage::noReplyExpected;
+    message.path = HookWire::objectPath;
+    message.interface = HookWire::interfaceName;
+    message.member = HookWire::signalName;
+    message.signature = HookWire::signature;
+    message.body = body.bytes();
+    return message;
+}
+
+static std::chrono::milliseconds share(Deadline deadline, std::size_t count)
+{
+    return std::max(deadline.remaining() / static_cast<int>(count), std::chrono::milliseconds(1));
+}
+
+bool announce(const Announcement& announcement, const std::vector<BusAddress>& buses, uid_t user, Deadline deadline)
+{
+    // A connection that did not answer in its time stays open until the end: it may yet be read.
+    std::vector<SessionBus> connections;
+    for (std::size_t index = 0; index < buses.size(); ++index) {
+        SessionBus bus(buses[index], user, deadline.atMost(share(deadline, buses.size() - index)));
+        if (bus.isConnected())
+            connections.push_back(std::move(bus));
+    }
+
+    const std::vector<DBusMessage> messages{
+        hookSignal(announcement),
+        busCall("NameHasOwner", StatusWire::busName),
+    };
+    bool isTaken = false;
+    for (std::size_t index = 0; index < connections.size(); ++index) {
+        const Deadline own = deadline.atMost(share(deadline, connections.size() - index));
+        const auto reply = connections[index].exchange(messages, own);
+        if (!reply || reply->type != DBusMessageType::methodReturn)
+            continue;
+        isTaken = true;
+        DBusReader reader(reply->body);
+        if (reply->signature == "b" && reader.boolean())
+            break;
+    }
+    return isTaken;
+}
+
+} // namespace Tarvik
