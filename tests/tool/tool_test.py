@@ -1,0 +1,741 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""The command-line tool as a whole program, on buses of its own. Usage: tool_test.py TOOL [UNITTEST-ARGUMENT...]"""
+
+import json
+import os
+import pty
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+from pathlib import Path
+
+from gi.repository import Gio, GLib
+
+TOOL = ""
+STATUS_XML = Path(__file__).resolve().parents[2] / "src/bus/com.morvanta.Tarvik.Status1.xml"
+# An agent is never kept waiting longer; what comes on top is the time that a busy machine takes to start a process.
+HOOK_LIMIT = 0.25
+SLACK = 0.25
+PATIENCE = 20
+
+
+def eventually(condition, what, patience=PATIENCE):
+    end = time.monotonic() + patience
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError(f"never happened: {what}")
+        time.sleep(0.005)
+
+
+def payload(session, event="PreToolUse", **more):
+    return json.dumps({"session_id": session, "hook_event_name": event, **more}).encode()
+
+
+class Bus:
+    """A private session bus and a listener that notes every announcement on it."""
+
+    def __init__(self, directory, user=None):
+        self.directory = Path(directory)
+        self.socket = self.directory / "bus"
+        self.address = f"unix:path={self.socket}"
+        become = {} if user is None else {"user": user, "group": user}
+        environment = {"PATH": os.environ["PATH"], "XDG_DATA_HOME": str(self.directory / "data")}
+        arguments = ["dbus-daemon", "--session", "--nofork", "--nosyslog", f"--address={self.address}"]
+        self.daemon = subprocess.Popen(
+            arguments, env=environment, stderr=subprocess.DEVNULL, extra_groups=[] if become else None, **become
+        )
+        eventually(self.socket.exists, "the bus listens")
+        self.lines = []
+        self.monitor = subprocess.Popen(
+            ["busctl", f"--address={self.address}", "--json=short", "monitor",
+             "--match=type='signal',interface='com.morvanta.tarvik.hook'"],
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, extra_groups=[] if become else None, **become,
+        )
+        self.reader = threading.Thread(target=self.read, daemon=True)
+        self.reader.start()
+        self.wait_for_monitor()
+
+    def wait_for_monitor(self):
+        def is_heard():
+            subprocess.run(
+                ["busctl", f"--address={self.address}", "emit", "/probe", "com.morvanta.tarvik.hook", "Probe"],
+                check=False, stderr=subprocess.DEVNULL, **self.as_owner(),
+            )
+            return any('"Probe"' in line for line in self.lines)
+
+        eventually(is_heard, "the listener hears")
+
+    def as_owner(self):
+        owner = self.socket.stat().st_uid
+        return {} if owner == os.geteuid() else {"user": owner, "group": owner, "extra_groups": []}
+
+    def read(self):
+        for line in self.monitor.stdout:
+            self.lines.append(line.decode())
+
+    def events(self):
+        messages = [json.loads(line) for line in self.lines]
+        return [m["payload"]["data"][0] for m in messages if m.get("member") == "Event"]
+
+    def settled_events(self):
+        """All events that had been sent when this was called: the probe comes after them."""
+        name = f"Probe{time.monotonic_ns()}"
+        subprocess.run(
+            ["busctl", f"--address={self.address}", "emit", "/probe", "com.morvanta.tarvik.hook", name],
+            check=True, **self.as_owner(),
+        )
+        eventually(lambda: any(name in line for line in self.lines), "the probe arrives")
+        return self.events()
+
+    def close(self):
+        for process in (self.monitor, self.daemon):
+            process.send_signal(signal.SIGCONT)
+            process.terminate()
+            process.wait()
+        self.reader.join()
+        self.monitor.stdout.close()
+
+
+class ToolTestCase(unittest.TestCase):
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory(prefix="tarvik-tool-")
+        self.addCleanup(directory.cleanup)
+        self.directory = Path(directory.name)
+        self.directory.chmod(0o755)
+
+    def start_bus(self, name="run", user=None):
+        directory = self.directory / name
+        directory.mkdir()
+        if user is not None:
+            os.chown(directory, user, user)
+        bus = Bus(directory, user)
+        self.addCleanup(bus.close)
+        return bus
+
+    def run_tool(self, *arguments, environment=None, **options):
+        return subprocess.run(
+            [TOOL, *arguments], env=environment or {}, capture_output=True, check=False, timeout=PATIENCE, **options
+        )
+
+    def assert_silent_success(self, result):
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"", b""))
+
+    def hook(self, text=b"", tool="claude", environment=None, limit=HOOK_LIMIT, **options):
+        """Runs the hook, which has to be quick and silent."""
+        if "stdin" not in options:
+            options["input"] = text
+        begin = time.monotonic()
+        result = self.run_tool("hook", "--tool", tool, environment=environment, **options)
+        self.assertLess(time.monotonic() - begin, limit + SLACK)
+        self.assert_silent_success(result)
+
+
+class HookTest(ToolTestCase):
+    def setUp(self):
+        super().setUp()
+        self.bus = self.start_bus()
+        self.environment = {"DBUS_SESSION_BUS_ADDRESS": self.bus.address}
+
+    def assert_heard(self, *sessions):
+        self.assertEqual([event["session"] for event in self.bus.settled_events()], list(sessions))
+
+    def test_a_turn_is_announced_from_its_start_to_its_end(self):
+        self.hook(payload("s", "UserPromptSubmit"), environment=self.environment)
+        self.hook(payload("s", "PreToolUse"), environment=self.environment)
+        self.hook(payload("s", "Stop") + b"\n", environment=self.environment)
+        lease = {"session": "claude:s", "tool": "claude"}
+        self.assertEqual(
+            self.bus.settled_events(),
+            [{"action": action, **lease} for action in ("acquire", "acquire", "release")],
+        )
+
+    def test_the_signal_is_a_broadcast_under_the_agreed_names(self):
+        self.hook(payload("s"), environment=self.environment)
+        self.bus.settled_events()
+        message = next(json.loads(line) for line in self.bus.lines if '"Event"' in line)
+        self.assertEqual(message["path"], "/com/morvanta/tarvik/Hook")
+        self.assertEqual(message["interface"], "com.morvanta.tarvik.hook")
+        self.assertEqual(message["payload"]["type"], "a{ss}")
+        self.assertIsNone(message.get("destination"))
+
+    def test_a_bus_of_which_the_address_is_stale_is_passed_over(self):
+        stale = self.directory / "stale"
+        with socket.socket(socket.AF_UNIX) as listener:
+            listener.bind(str(stale))
+        for address in (f"unix:path={stale}", "unix:path=/nonexistent/bus,guid=0", "unix:abstract=gone", "tcp:host=x", "x"):
+            with self.subTest(address):
+                environment = {"DBUS_SESSION_BUS_ADDRESS": address, "XDG_RUNTIME_DIR": str(self.bus.directory)}
+                before = len(self.bus.settled_events())
+                self.hook(payload("s"), environment=environment)
+                self.assertEqual(len(self.bus.settled_events()), before + 1)
+
+    def test_a_second_address_of_the_list_is_tried(self):
+        self.hook(payload("s"), environment={"DBUS_SESSION_BUS_ADDRESS": f"unix:path=/nonexistent;{self.bus.address}"})
+        self.assert_heard("claude:s")
+
+    def test_an_empty_environment_is_enough(self):
+        # /run is replaced for the tool alone; inside a user namespace it is the superuser there.
+        run = f"/run/user/{os.geteuid() if os.geteuid() == 0 else 0}"
+        script = (
+            'mount --bind "$1" "$1" && mount -t tmpfs tmpfs /run && mkdir -p "$2" && touch "$2/bus" && '
+            'mount --bind "$1/bus" "$2/bus" && printf %s "$4" | env -i "$3" hook --tool claude'
+        )
+        result = subprocess.run(
+            ["unshare", *([] if os.geteuid() == 0 else ["--map-root-user"]), "--mount", "sh", "-c", script, "sh",
+             str(self.bus.directory), run, TOOL, payload("s").decode()],
+            capture_output=True, check=False, timeout=PATIENCE,
+        )
+        self.assert_silent_success(result)
+        self.assert_heard("claude:s")
+
+    def test_a_bus_that_never_answers_delays_nobody(self):
+        with socket.socket(socket.AF_UNIX) as listener:
+            listener.bind(str(self.directory / "dead"))
+            listener.listen(8)
+            accepted = []
+
+            def accept():
+                try:
+                    while True:
+                        accepted.append(listener.accept()[0])
+                except OSError:
+                    pass
+
+            thread = threading.Thread(target=accept, daemon=True)
+            thread.start()
+            environment = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.directory / 'dead'}"}
+            self.hook(payload("s"), environment=environment)
+            self.assertEqual(len(accepted), 1)
+            environment["XDG_RUNTIME_DIR"] = str(self.bus.directory)
+            self.hook(payload("s"), environment=environment)
+            self.assert_heard("claude:s")
+            listener.shutdown(socket.SHUT_RDWR)
+            thread.join()
+            for connection in accepted:
+                connection.close()
+
+    def test_a_bus_that_accepts_nobody_delays_nobody(self):
+        with socket.socket(socket.AF_UNIX) as listener, socket.socket(socket.AF_UNIX) as first:
+            listener.bind(str(self.directory / "full"))
+            listener.listen(0)
+            first.connect(str(self.directory / "full"))
+            environment = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.directory / 'full'}"}
+            self.hook(payload("s"), environment=environment)
+            environment["XDG_RUNTIME_DIR"] = str(self.bus.directory)
+            self.hook(payload("s"), environment=environment)
+            self.assert_heard("claude:s")
+
+    def test_a_frozen_bus_delays_nobody(self):
+        self.bus.daemon.send_signal(signal.SIGSTOP)
+        self.hook(payload("s"), environment=self.environment)
+        self.bus.daemon.send_signal(signal.SIGCONT)
+
+    def test_a_bus_that_answers_nonsense_is_survived(self):
+        for answer in (b"REJECTED EXTERNAL\r\n", b"\r\n" * 10, b"OK\r\n" + b"\xff" * 64, b"OK\r\nl" + b"\x7f" * 64, b"x" * 70000):
+            with self.subTest(answer[:20]), socket.socket(socket.AF_UNIX) as listener:
+                name = self.directory / f"odd{len(answer)}"
+                listener.bind(str(name))
+                listener.listen(1)
+
+                def serve():
+                    connection, _ = listener.accept()
+                    with connection:
+                        connection.recv(65536)
+                        try:
+                            connection.sendall(answer)
+                        except OSError:
+                            pass
+
+                thread = threading.Thread(target=serve)
+                thread.start()
+                self.hook(payload("s"), environment={"DBUS_SESSION_BUS_ADDRESS": f"unix:path={name}"})
+                thread.join()
+
+    def test_no_bus_is_no_matter(self):
+        self.hook(payload("s"), environment={})
+
+    def test_no_input_is_no_matter(self):
+        self.hook(environment=self.environment, stdin=subprocess.DEVNULL)
+        result = subprocess.run(
+            ["sh", "-c", 'exec "$0" hook --tool claude <&-', TOOL], env=self.environment, capture_output=True, check=False
+        )
+        self.assert_silent_success(result)
+        directory = os.open(self.directory, os.O_RDONLY)
+        self.hook(environment=self.environment, stdin=directory)
+        os.close(directory)
+        self.assert_heard()
+
+    def test_closed_output_is_no_matter(self):
+        script = 'printf %s "$1" | "$0" hook --tool claude >&- 2>&-'
+        subprocess.run(["sh", "-c", script, TOOL, payload("s").decode()], env=self.environment, check=True)
+        self.assert_heard("claude:s")
+
+    def test_input_without_an_end_is_used_as_far_as_it_goes(self):
+        for text, is_quick in ((payload("whole"), True), (payload("cut", x="y")[:-4], False), (b"", False)):
+            with self.subTest(text):
+                read_end, write_end = os.pipe()
+                os.write(write_end, text)
+                begin = time.monotonic()
+                self.hook(environment=self.environment, stdin=read_end)
+                if is_quick:
+                    self.assertLess(time.monotonic() - begin, 0.1 + SLACK / 2)
+                os.close(read_end)
+                os.close(write_end)
+        self.assert_heard("claude:whole", "claude:cut")
+
+    def test_input_that_streams_without_an_end_is_left_in_time(self):
+        with subprocess.Popen(["cat", "/dev/zero"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as endless:
+            self.hook(environment=self.environment, stdin=endless.stdout)
+            endless.kill()
+        self.assert_heard()
+
+    def test_input_of_twenty_megabytes_is_drained(self):
+        bulk = "x" * 20_000_000
+        self.hook(payload("first", tool_input={"content": bulk}), environment=self.environment)
+        late = json.dumps({"tool_input": {"content": bulk}, "session_id": "late", "hook_event_name": "Stop"}).encode()
+        self.hook(late, environment=self.environment)
+        self.assert_heard("claude:first")
+
+    def test_input_of_less_than_a_megabyte_may_have_the_event_last(self):
+        text = json.dumps({"x": "y" * 1_000_000, "session_id": "late", "hook_event_name": "Stop"}).encode()
+        self.hook(text, environment=self.environment)
+        self.assert_heard("claude:late")
+
+    def test_input_through_a_socket_is_read(self):
+        ours, theirs = socket.socketpair()
+        with ours, theirs:
+            ours.sendall(payload("s"))
+            ours.shutdown(socket.SHUT_WR)
+            self.hook(environment=self.environment, stdin=theirs)
+        self.assert_heard("claude:s")
+
+    def test_input_that_does_not_block_is_read_and_left_as_it_was(self):
+        read_end, write_end = os.pipe()
+        os.set_blocking(read_end, False)
+        with subprocess.Popen([TOOL, "hook", "--tool", "claude"], env=self.environment, stdin=read_end) as process:
+            time.sleep(0.02)
+            os.write(write_end, payload("s"))
+            os.close(write_end)
+            self.assertEqual(process.wait(), 0)
+        self.assertFalse(os.get_blocking(read_end))
+        os.close(read_end)
+        self.assert_heard("claude:s")
+
+    def test_whatever_is_not_understood_is_ignored(self):
+        self.hook(b"not JSON", environment={**self.environment, "CLAUDE_CODE_SESSION_ID": "e"})
+        self.hook(b"\xff\xfe\0", environment=self.environment)
+        self.hook(b'{"session_id":"s"}', environment=self.environment)
+        self.hook(b'{"hook_event_name":"Stop"}', environment=self.environment)
+        self.hook(payload("s", "SessionStart"), environment=self.environment)
+        self.hook(payload("s"), tool="unknown", environment=self.environment)
+        self.hook(payload("s"), tool="", environment=self.environment)
+        self.assert_heard()
+
+    def test_usage_errors_are_silent(self):
+        for arguments in (["hook"], ["hook", "--tool"], ["hook", "--help"], ["hook", "--odd", "x"]):
+            with self.subTest(arguments):
+                self.assert_silent_success(self.run_tool(*arguments, environment=self.environment, input=payload("s")))
+        self.assert_heard()
+
+    def test_the_session_of_the_environment_serves(self):
+        self.hook(b'{"hook_event_name":"Stop"}', environment={**self.environment, "CLAUDE_CODE_SESSION_ID": "e"})
+        self.assert_heard("claude:e")
+
+    def test_text_that_no_message_may_carry_is_cleaned(self):
+        self.hook(b'{"session_id":"a\\u0000b\xff\\n","hook_event_name":"Stop"}', environment=self.environment)
+        self.assert_heard("claude:a?b??")
+
+    def start_guarded_hook(self, **options):
+        process = subprocess.Popen(
+            [TOOL, "hook", "--tool", "claude"], env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE, **options,
+        )
+        interrupt = 1 << (signal.SIGINT - 1)
+
+        def is_guarded():
+            fields = Path(f"/proc/{process.pid}/status").read_text(encoding="utf-8").splitlines()
+            ignored = next(line for line in fields if line.startswith("SigIgn:"))
+            return int(ignored.split()[1], 16) & interrupt
+
+        eventually(is_guarded, "the hook guards itself")
+        return process
+
+    def test_the_users_interrupt_does_not_lose_the_event(self):
+        process = self.start_guarded_hook()
+        process.send_signal(signal.SIGINT)
+        process.send_signal(signal.SIGHUP)
+        process.send_signal(signal.SIGPIPE)
+        self.assertEqual(process.communicate(payload("s", "Stop")), (b"", b""))
+        self.assertEqual(process.returncode, 0)
+        self.assert_heard("claude:s")
+
+    def test_a_request_to_terminate_is_obeyed(self):
+        def ignore():
+            signal.signal(signal.SIGTERM, signal.SIG_IGN)
+            signal.pthread_sigmask(signal.SIG_BLOCK, [signal.SIGTERM])
+
+        for options in ({}, {"preexec_fn": ignore}):
+            process = self.start_guarded_hook(**options)
+            # Guarding ends after that with the time limit; the order of the two cannot be seen from here.
+            eventually(lambda: process.send_signal(signal.SIGTERM) or process.poll() is not None, "it ends")
+            self.assertEqual(process.returncode, -signal.SIGTERM)
+            self.assertEqual(process.communicate(), (b"", b""))
+
+    def test_a_crash_is_a_silent_success(self):
+        for crash in (signal.SIGSEGV, signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGILL):
+            process = self.start_guarded_hook()
+            process.send_signal(crash)
+            self.assertEqual(process.communicate(), (b"", b""))
+            self.assertEqual(process.returncode, 0)
+
+    def test_two_thousand_of_two_thousand_arrive(self):
+        script = """
+            i=0
+            while [ $i -lt 2000 ]; do
+                echo '{"session_id":"'$i'","hook_event_name":"PreToolUse"}' | "$0" hook --tool claude || exit 1
+                i=$((i + 1))
+            done"""
+        subprocess.run(["sh", "-c", script, TOOL], env={**self.environment, "PATH": os.environ["PATH"]}, check=True)
+        self.assert_heard(*(f"claude:{i}" for i in range(2000)))
+
+    def test_fifty_senders_at_once_all_arrive(self):
+        script = """
+            for i in $(seq 50); do
+                echo '{"session_id":"'$i'","hook_event_name":"PreToolUse"}' | "$0" hook --tool claude &
+            done
+            wait"""
+        for _ in range(10):
+            before = len(self.bus.settled_events())
+            subprocess.run(["sh", "-c", script, TOOL], env={**self.environment, "PATH": os.environ["PATH"]}, check=True)
+            sessions = {event["session"] for event in self.bus.settled_events()[before:]}
+            self.assertEqual(sessions, {f"claude:{i}" for i in range(1, 51)})
+
+
+class LeaseTest(ToolTestCase):
+    def setUp(self):
+        super().setUp()
+        self.bus = self.start_bus()
+        self.environment = {"DBUS_SESSION_BUS_ADDRESS": self.bus.address}
+
+    def test_leases_are_handed_to_the_bus(self):
+        self.assert_silent_success(
+            self.run_tool("acquire", "--session", "k", "--tool", "make", "--ttl", "1.5", "--reason", "a é",
+                          environment=self.environment)
+        )
+        self.assert_silent_success(self.run_tool("release", "--session=k", environment=self.environment))
+        self.assert_silent_success(self.run_tool("release-all", environment=self.environment))
+        self.assertEqual(
+            self.bus.settled_events(),
+            [
+                {"action": "acquire", "session": "k", "tool": "make", "ttl": "1.5", "reason": "a é"},
+                {"action": "release", "session": "k"},
+                {"action": "release-all"},
+            ],
+        )
+
+    def test_no_bus_is_said_in_one_line(self):
+        for arguments in (["acquire", "--session", "k"], ["release", "--session", "k"], ["release-all"]):
+            result = self.run_tool(*arguments)
+            self.assertEqual((result.returncode, result.stdout), (1, b""))
+            self.assertEqual(result.stderr.count(b"\n"), 1)
+            self.assertIn(b"no session bus", result.stderr)
+
+    def test_usage_errors_are_said_in_one_line(self):
+        for arguments in ([], ["sleep"], ["acquire"], ["acquire", "--session", "k", "--ttl", "soon"], ["hold"], ["status", "x"]):
+            result = self.run_tool(*arguments, environment=self.environment)
+            self.assertEqual((result.returncode, result.stdout), (64, b""))
+            self.assertEqual(result.stderr.count(b"\n"), 1)
+            self.assertIn(b"tarvik --help", result.stderr)
+        self.assertEqual(self.bus.settled_events(), [])
+
+    def test_help_and_version_are_printed(self):
+        for arguments in (["--help"], ["help"], ["hold", "--help"]):
+            result = self.run_tool(*arguments)
+            self.assertEqual((result.returncode, result.stderr), (0, b""))
+            self.assertTrue(result.stdout.startswith(b"Usage: tarvik"))
+        self.assertRegex(self.run_tool("--version").stdout, rb"^tarvik \d+\.\d+\.\d+\n$")
+
+
+class HoldTest(ToolTestCase):
+    def setUp(self):
+        super().setUp()
+        self.bus = self.start_bus()
+        self.environment = {"DBUS_SESSION_BUS_ADDRESS": self.bus.address, "PATH": os.environ["PATH"]}
+
+    def actions(self):
+        return [event["action"] for event in self.bus.settled_events()]
+
+    def start_hold(self, script, **options):
+        return subprocess.Popen(
+            [TOOL, "hold", "sh", "-c", script], env=self.environment, stdout=subprocess.PIPE, **options
+        )
+
+    def test_the_lease_lasts_as_long_as_the_command(self):
+        result = self.run_tool("hold", "--reason", "why", "--", "sh", "-c", "echo out; echo err >&2; exit 7",
+                               environment=self.environment)
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (7, b"out\n", b"err\n"))
+        acquire, release = self.bus.settled_events()
+        self.assertRegex(acquire["session"], r"^hold:\d+-[0-9a-f]{16}$")
+        self.assertEqual(
+            acquire,
+            {"action": "acquire", "session": acquire["session"], "tool": "sh", "ttl": "120.000", "reason": "why"},
+        )
+        self.assertEqual(release, {"action": "release", "session": acquire["session"], "tool": "sh"})
+
+    def test_the_ends_of_commands_are_passed_on(self):
+        for command, status in ((["sh", "-c", "kill -KILL $$"], 137), (["/nonexistent"], 127), (["/"], 126)):
+            result = self.run_tool("hold", *command, environment=self.environment)
+            self.assertEqual(result.returncode, status)
+            self.assertEqual(self.actions()[-2:], ["acquire", "release"])
+
+    def test_the_input_is_the_commands(self):
+        result = self.run_tool("hold", "cat", environment=self.environment, input=b"text")
+        self.assertEqual(result.stdout, b"text")
+
+    def test_signals_reach_the_command(self):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT, signal.SIGUSR1):
+            with self.subTest(number):
+                hold = self.start_hold(f"trap 'echo heard; exit 5' {number}; echo ready; while :; do sleep 0.01; done")
+                self.assertEqual(hold.stdout.readline(), b"ready\n")
+                hold.send_signal(number)
+                self.assertEqual(hold.communicate()[0], b"heard\n")
+                self.assertEqual(hold.returncode, 5)
+                self.assertEqual(self.actions()[-2:], ["acquire", "release"])
+
+    def test_the_command_that_a_signal_ends_gives_the_lease_back(self):
+        hold = self.start_hold("echo ready; exec sleep 60")
+        self.assertEqual(hold.stdout.readline(), b"ready\n")
+        hold.terminate()
+        self.assertEqual(hold.wait(), 128 + signal.SIGTERM)
+        hold.stdout.close()
+        self.assertEqual(self.actions(), ["acquire", "release"])
+
+    def test_a_killed_hold_leaves_a_lease_that_lapses(self):
+        hold = self.start_hold("echo $$; exec sleep 60")
+        child = int(hold.stdout.readline())
+        hold.kill()
+        hold.wait()
+        hold.stdout.close()
+        os.kill(child, signal.SIGKILL)
+        (event,) = self.bus.settled_events()
+        self.assertEqual((event["action"], event["ttl"]), ("acquire", "120.000"))
+
+    def test_a_stop_from_the_terminal_stops_both_and_the_lease(self):
+        hold = self.start_hold("echo $$; while :; do sleep 0.01; done", preexec_fn=os.setpgrp)
+        hold.stdout.readline()
+        hold.send_signal(signal.SIGTSTP)
+        self.assertTrue(os.WIFSTOPPED(os.waitpid(hold.pid, os.WUNTRACED)[1]))
+        self.assertEqual(self.actions(), ["acquire", "release"])
+        os.killpg(hold.pid, signal.SIGCONT)
+        eventually(lambda: self.actions()[:3] == ["acquire", "release", "acquire"], "the lease is back")
+        os.killpg(hold.pid, signal.SIGTERM)
+        self.assertEqual(hold.wait(), 128 + signal.SIGTERM)
+        hold.stdout.close()
+        self.assertEqual(self.actions()[-1], "release")
+
+    def test_the_terminals_interrupt_reaches_the_command_once(self):
+        script = "trap 'n=x$n' INT; echo ready; read line; echo got:$n; exit 3"
+        pid, terminal = pty.fork()
+        if pid == 0:
+            os.execve(TOOL, [TOOL, "hold", "sh", "-c", script], self.environment)
+        output = b""
+
+        def has(text):
+            nonlocal output
+            output += os.read(terminal, 4096)
+            return text in output
+
+        eventually(lambda: has(b"ready"), "the command runs")
+        os.write(terminal, b"\x03")
+        eventually(lambda: has(b"^C"), "the terminal sends the signal")
+        os.write(terminal, b"\n")
+        eventually(lambda: has(b"got:"), "the command goes on")
+        self.assertEqual(os.waitstatus_to_exitcode(os.waitpid(pid, 0)[1]), 3)
+        os.close(terminal)
+        self.assertIn(b"got:x\r\n", output)
+        self.assertEqual(self.actions(), ["acquire", "release"])
+
+    def test_without_a_bus_the_command_runs_after_a_warning(self):
+        result = self.run_tool("hold", "sh", "-c", "echo out; exit 4", environment={"PATH": os.environ["PATH"]})
+        self.assertEqual((result.returncode, result.stdout), (4, b"out\n"))
+        self.assertEqual(result.stderr.count(b"\n"), 1)
+        self.assertIn(b"no session bus", result.stderr)
+
+
+class FakeTarvik:
+    """Answers on the bus as a running Tarvik does, with the interface as it is described for programs."""
+
+    VALUES = {
+        "Title": ("s", "Awake"), "Reason": ("s", "Awake · 1 agent"), "Subtitle": ("s", "Claude Code"),
+        "Details": ("s", "on battery 62%"), "IsAwake": ("b", True), "IsPaused": ("b", False),
+        "ActiveAgents": ("as", ["Claude Code", "Codex"]),
+        "Leases": ("a(sssdd)", [("claude:1", "claude", "", 1.5e9, 600.0), ("k", "make", "why", 1.5e9, 12.5)]),
+        "SessionEnd": ("d", 0.0), "Assertions": ("a(sssb)", [("PreventUserIdleSystemSleep", "logind", "idle", True)]),
+        "OnAC": ("b", False), "HasBattery": ("b", True), "BatteryPercent": ("i", 62), "LidClosed": ("b", False),
+        "ThermalState": ("u", 0), "IsHot": ("b", False), "Version": ("s", "1.2.3"),
+    }
+
+    def __init__(self, address, **changes):
+        self.values = {**self.VALUES, **changes}
+        self.loop = GLib.MainLoop()
+        self.owned = threading.Event()
+        self.thread = threading.Thread(target=self.serve, args=(address,))
+        self.thread.start()
+        if not self.owned.wait(PATIENCE):
+            raise AssertionError("the name was never owned")
+
+    def serve(self, address):
+        context = GLib.MainContext.default()
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+        info = Gio.DBusNodeInfo.new_for_xml(STATUS_XML.read_text(encoding="utf-8")).interfaces[0]
+        assert {p.name: p.signature for p in info.properties} == {n: s for n, (s, _) in self.values.items()}
+
+        def get(_connection, _sender, _path, _interface, name):
+            return GLib.Variant(*self.values[name])
+
+        connection.register_object("/com/morvanta/Tarvik", info, None, get, None)
+        Gio.bus_own_name_on_connection(
+            connection, "com.morvanta.Tarvik", Gio.BusNameOwnerFlags.NONE, lambda *_: self.owned.set(), None
+        )
+        self.loop.run()
+        connection.close_sync(None)
+        while context.iteration(False):
+            pass
+
+    def close(self):
+        self.loop.quit()
+        self.thread.join()
+
+
+class StatusTest(ToolTestCase):
+    def setUp(self):
+        super().setUp()
+        self.bus = self.start_bus()
+        self.environment = {"DBUS_SESSION_BUS_ADDRESS": self.bus.address, "TZ": "UTC"}
+
+    def start_tarvik(self, **changes):
+        tarvik = FakeTarvik(self.bus.address, **changes)
+        self.addCleanup(tarvik.close)
+
+    def test_the_exit_status_tells_awake_from_not(self):
+        self.start_tarvik()
+        self.assertEqual(self.run_tool("status", environment=self.environment).returncode, 0)
+
+    def test_the_exit_status_tells_not_awake(self):
+        self.start_tarvik(IsAwake=("b", False), Reason=("s", "Dozing — nothing to watch"))
+        result = self.run_tool("status", environment=self.environment)
+        self.assertEqual((result.returncode, result.stderr), (1, b""))
+        self.assertTrue(result.stdout.decode().startswith("Dozing — nothing to watch\n"))
+
+    def test_the_exit_status_tells_not_running(self):
+        for environment in (self.environment, {}):
+            result = self.run_tool("status", environment=environment)
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (2, b"Tarvik is not running.\n", b""))
+            result = self.run_tool("status", "--json", environment=environment)
+            self.assertEqual((result.returncode, json.loads(result.stdout)), (2, {"isRunning": False}))
+
+    def test_asking_starts_nothing(self):
+        services = self.bus.directory / "data/dbus-1/services"
+        services.mkdir(parents=True)
+        mark = self.directory / "started"
+        (services / "com.morvanta.Tarvik.service").write_text(
+            f"[D-BUS Service]\nName=com.morvanta.Tarvik\nExec=/usr/bin/touch {mark}\n", encoding="utf-8"
+        )
+        reload = ["busctl", f"--address={self.bus.address}", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                  "org.freedesktop.DBus"]
+        subprocess.run([*reload, "ReloadConfig"], check=True)
+        names = subprocess.run([*reload, "ListActivatableNames"], check=True, capture_output=True).stdout
+        self.assertIn(b"com.morvanta.Tarvik", names)
+        self.assertEqual(self.run_tool("status", environment=self.environment).returncode, 2)
+        self.run_tool("acquire", "--session", "k", environment=self.environment)
+        self.bus.settled_events()
+        self.assertFalse(mark.exists())
+
+    def test_people_read_lines(self):
+        self.start_tarvik()
+        text = self.run_tool("status", environment=self.environment).stdout.decode()
+        self.assertIn("Awake · 1 agent\n", text)
+        self.assertIn("  Leases    claude, 10 min left, claude:1\n            make, 13 s left, k: why\n", text)
+        self.assertIn("  Holds     PreventUserIdleSystemSleep: idle (logind)\n", text)
+
+    def test_programs_read_json(self):
+        self.start_tarvik()
+        result = self.run_tool("status", "--json", environment=self.environment)
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(
+            json.loads(result.stdout),
+            {
+                "isRunning": True, "title": "Awake", "reason": "Awake · 1 agent", "subtitle": "Claude Code",
+                "details": "on battery 62%", "isAwake": True, "isPaused": False, "activeAgents": ["Claude Code", "Codex"],
+                "leases": [
+                    {"key": "claude:1", "tool": "claude", "reason": "", "acquiredAt": 1.5e9, "remainingSeconds": 600},
+                    {"key": "k", "tool": "make", "reason": "why", "acquiredAt": 1.5e9, "remainingSeconds": 12.5},
+                ],
+                "sessionEnd": None,
+                "assertions": [
+                    {"type": "PreventUserIdleSystemSleep", "service": "logind", "what": "idle", "effective": True}
+                ],
+                "onAC": False, "hasBattery": True, "batteryPercent": 62, "lidClosed": False, "thermalState": 0,
+                "isHot": False, "version": "1.2.3",
+            },
+        )
+
+    def test_the_bus_where_tarvik_runs_is_found_behind_one_where_it_does_not(self):
+        other = self.start_bus("other")
+        self.start_tarvik()
+        environment = {"DBUS_SESSION_BUS_ADDRESS": other.address, "XDG_RUNTIME_DIR": str(self.bus.directory)}
+        self.assertEqual(self.run_tool("status", environment=environment).returncode, 0)
+        self.hook(payload("s"), environment=environment)
+        self.assertEqual(len(self.bus.settled_events()), 1)
+        self.assertEqual(len(other.settled_events()), 1)
+
+
+if os.geteuid() == 0:
+
+    class SudoTest(ToolTestCase):
+        """Only the superuser can play the superuser."""
+
+        USER = 65534
+
+        def setUp(self):
+            super().setUp()
+            self.bus = self.start_bus(user=self.USER)
+            self.sudo = {"SUDO_UID": str(self.USER), "SUDO_GID": str(self.USER), "PATH": os.environ["PATH"]}
+
+        def test_the_superuser_is_refused_as_such(self):
+            for environment in (
+                {"DBUS_SESSION_BUS_ADDRESS": self.bus.address},
+                {"XDG_RUNTIME_DIR": str(self.bus.directory)},
+            ):
+                self.assertEqual(self.run_tool("acquire", "--session", "k", environment=environment).returncode, 1)
+            self.assertEqual(self.bus.settled_events(), [])
+
+        def test_through_sudo_the_users_bus_is_reached(self):
+            for environment in (
+                {"DBUS_SESSION_BUS_ADDRESS": self.bus.address},
+                {"XDG_RUNTIME_DIR": str(self.bus.directory)},
+            ):
+                self.hook(payload("s"), environment={**self.sudo, **environment})
+                result = self.run_tool("acquire", "--session", "k", environment={**self.sudo, **environment})
+                self.assertEqual(result.returncode, 0)
+            sessions = [event["session"] for event in self.bus.settled_events()]
+            self.assertEqual(sessions, ["claude:s", "k", "claude:s", "k"])
+
+        def test_a_held_command_keeps_its_rights(self):
+            environment = {**self.sudo, "DBUS_SESSION_BUS_ADDRESS": self.bus.address}
+            result = self.run_tool("hold", "id", "-u", environment=environment)
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"0\n", b""))
+            self.assertEqual([event["action"] for event in self.bus.settled_events()], ["acquire", "release"])
+
+
+if __name__ == "__main__":
+    TOOL = str(Path(sys.argv.pop(1)).resolve())
+    unittest.main()
