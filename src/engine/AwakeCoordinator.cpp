@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "engine/AwakeCoordinator.h"
+
+#include "core/AppSettings.h"
+#include "core/Logging.h"
+#include "engine/LaunchAtLogin.h"
+#include "engine/StatusText.h"
+#include "hooks/HookConfig.h"
+#include "hooks/HookMonitor.h"
+#include "journal/Journal.h"
+#include "monitors/PowerMonitor.h"
+#include "monitors/ProcessMonitor.h"
+#include "monitors/ThermalMonitor.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services, const HookPaths& hookPaths)
+    : m_parts(parts)
+    , m_assertions(services.assertions)
+    , m_clock(services.clock)
+    , m_notifications(services.notifications)
+    , m_transitions(parts.settings, parts.journal, m_notifications)
+{
+    mirrorLaunchAtLogin(services.loginItem, m_parts.settings);
+    listen();
+    if (m_parts.settings.notifyOnPause() || m_parts.settings.notifyOnToggle())
+        m_notifications.requestAuthorization();
+    HookConfig::refreshOutdated(hookPaths.home, hookPaths.tool);
+    evaluate();
+}
+
+AwakeCoordinator::~AwakeCoordinator()
+{
+    m_parts.power.onChange = nullptr;
+    m_parts.process.onChange = nullptr;
+    m_parts.thermal.onChange = nullptr;
+    m_parts.hooks.onChange = nullptr;
+    m_assertions.onFailure = nullptr;
+}
+
+void AwakeCoordinator::listen()
+{
+    m_assertions.onFailure = [](PowerAssertionType type, int code) {
+        qCCritical(logCoordinator, "Assertion %s failed: %d", qUtf8Printable(powerAssertionTypeName(type)), code);
+    };
+    m_parts.power.onChange = [this] {
+        checkPowerEdge();
+        evaluate();
+    };
+    m_parts.process.onChange = [this] { evaluate(); };
+    m_parts.thermal.onChange = [this] { evaluate(); };
+    m_parts.hooks.onChange = [this] { evaluate(); };
+    connect(&m_parts.settings, &AppSettings::changed, this, &AwakeCoordinator::evaluateSoon);
+    // The edge is measured from the state at start, so that starting on AC power is not plugging in.
+    m_wasOnAC = m_parts.power.isOnAC();
+}
+
+void AwakeCoordinator::evaluateSoon()
+{
+    if (m_isEvaluationScheduled)
+        return;
+    m_isEvaluationScheduled = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_isEvaluationScheduled = false;
+            evaluate();
+        },
+        Qt::QueuedConnection);
+}
+
+void AwakeCoordinator::checkPowerEdge()
+{
+    const bool isOnAC = m_parts.power.isOnAC();
+    const bool wasJustConnected = isOnAC && !m_wasOnAC.value_or(isOnAC);
+    m_wasOnAC = isOnAC;
+    AppSettings& settings = m_parts.settings;
+    if (!wasJustConnected || !m_parts.power.hasBattery() || !settings.enableOnAC() || settings.isEnabled())
+        return;
+    settings.setIsEnabled(true);
+    m_parts.journal.record(Journal::Entry::Kind::on, u"Switched on — plugged in"_s);
+}
+
+bool AwakeCoordinator::isTimedSessionActive() const
+{
+    return m_timedSessionEnd && *m_timedSessionEnd > m_clock.now();
+}
+
+QStringList AwakeCoordinator::activeList() const
+{
+    return m_parts.hooks.activeAgents() + m_parts.process.activeLabels();
+}
+
+AwakeRules::Inputs AwakeCoordinator::inputs(const QStringList& activeList) const
+{
+    const AppSettings& settings = m_parts.settings;
+    return {
+        .isEnabled = settings.isEnabled(),
+        .timedSessionActive = isTimedSessionActive(),
+        .activeList = activeList,
+        .isHot = m_parts.thermal.isHot(),
+        .pauseWhenHot = settings.pauseWhenHot(),
+        .requireAC = settings.requireAC(),
+        .batteryLimitEnabled = settings.batteryLimitEnabled(),
+        .batteryThreshold = settings.batteryThreshold(),
+        .hasBattery = m_parts.power.hasBattery(),
+        .isOnAC = m_parts.power.isOnAC(),
+        .batteryPercent = m_parts.power.batteryPercent(),
+    };
+}
+
+void AwakeCoordinator::evaluate()
+{
+    // Switched off, nothing is looked at and nothing is told of what is running.
+    const QStringList active = m_parts.settings.isEnabled() ? activeList() : QStringList();
+    const AwakeRules::Decision decision = AwakeRules::decide(inputs(active));
+    updateAssertions(decision.awake);
+    m_parts.power.setLidPolling(decision.awake);
+    publish(describe(decision, active));
+    m_transitions.record(decision, m_status.reason);
+    Q_EMIT evaluated();
+}
+
+void AwakeCoordinator::updateAssertions(bool awake)
+{
+    const AppSettings& settings = m_parts.settings;
+    hold(m_systemAssertion, PowerAssertionType::preventUserIdleSystemSleep, awake);
+    const bool isScreenWanted
+        = settings.keepDisplayAwake() && !(m_parts.power.lidClosed() && settings.screenOffOnLidClose());
+    hold(m_displayAssertion, PowerAssertionType::preventUserIdleDisplaySleep, awake && isScreenWanted);
+}
+
+void AwakeCoordinator::hold(std::unique_ptr<PowerAssertion>& assertion, PowerAssertionType type, bool wanted)
+{
+    const bool isHeld = assertion && !assertion->failure();
+    if (!wanted)
+        assertion.reset();
+    else if (!isHeld)
+        assertion = m_assertions.create(type, u"Tarvik"_s);
+}
+
+AwakeCoordinator::Status AwakeCoordinator::describe(
+    const AwakeRules::Decision& decision, const QStringList& activeList) const
+{
+    const bool isEnabled = m_parts.settings.isEnabled();
+    const bool isPaused = !isEnabled || decision.reason;
+    const PowerMonitor& power = m_parts.power;
+    const auto minutesLeft = StatusText::minutesLeft(m_timedSessionEnd, m_clock.now());
+    const QString reason = StatusText::reason({
+        .awake = decision.awake,
+        .reason = decision.reason,
+        .timedSessionActive = isTimedSessionActive(),
+        .minutesLeft = minutesLeft,
+        .agentCount = m_parts.process.activeAgentLabels().size(),
+        .appCount = m_parts.process.activeAppLabels().size(),
+    });
+    return {
+        .isAwake = decision.awake,
+        .isPaused = isPaused,
+        .title = StatusText::title({.isEnabled = isEnabled, .isPaused = isPaused, .isAwake = decision.awake}),
+        .reason = isEnabled ? reason : u"Off"_s,
+        .subtitle = StatusText::subtitle({
+            .isEnabled = isEnabled,
+            .reason = decision.reason,
+            .activeList = activeList,
+            .timedSessionActive = isTimedSessionActive(),
+        }),
+        .details = StatusText::details({
+            .reason = decision.reason,
+            .hasBattery = power.hasBattery(),
+            .isOnAC = power.isOnAC(),
+            .batteryPercent = power.batteryPercent(),
+            .isHot = m_parts.thermal.isHot(),
+            .thermalState = static_cast<int>(m_parts.thermal.state()),
+            .lidClosedMode = false,
+            .minutesLeft = minutesLeft,
+        }),
+    };
+}
+
+void AwakeCoordinator::publish(const Status& status)
+{
+    const Status old = std::exchange(m_status, status);
+    if (old.isAwake != status.isAwake)
+        Q_EMIT isAwakeChanged();
+    if (old.isPaused != status.isPaused)
+        Q_EMIT isPausedChanged();
+    if (old.title != status.title)
+        Q_EMIT titleChanged();
+    if (old.reason != status.reason)
+        Q_EMIT statusReasonChanged();
+    if (old.subtitle != status.subtitle)
+        Q_EMIT statusSubtitleChanged();
+    if (old.details != status.details)
+        Q_EMIT statusDetailsChanged();
+}
+
+void AwakeCoordinator::setTimedSession(std::optional<int> minutes)
+{
+    m_sessionTimer.reset();
+    m_minuteTimer.reset();
+    if (!minutes) {
+        setTimedSessionEnd({});
+    } else {
+        const Seconds length = std::chrono::minutes(*minutes);
+        setTimedSessionEnd(m_clock.now() + length);
+        m_sessionTimer = m_clock.after(length, [this] { setTimedSession({}); });
+        // Nothing else may happen for hours, and the texts tell the minutes that are left.
+        m_minuteTimer = m_clock.every(std::chrono::minutes(1), [this] { evaluate(); });
+    }
+    evaluate();
+}
+
+void AwakeCoordinator::setTimedSessionEnd(std::optional<TimePoint> end)
+{
+    m_timedSessionEnd = end;
+    Q_EMIT timedSessionEndChanged();
+}
+
+} // namespace Tarvik

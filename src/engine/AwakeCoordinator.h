@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/AwakeRules.h"
+#include "engine/Notifications.h"
+#include "engine/TransitionRecorder.h"
+#include "platform/Clock.h"
+#include "platform/PowerAssertions.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace Tarvik {
+
+class AppSettings;
+class HookMonitor;
+class Journal;
+class LoginItem;
+class PowerMonitor;
+class ProcessMonitor;
+class ThermalMonitor;
+
+/// The heart of the application: listens to every monitor and to the settings, decides whether to keep the machine
+/// awake, holds the power assertions accordingly, and publishes, journals and announces what it does.
+class AwakeCoordinator : public QObject {
+    Q_OBJECT
+    // clang-format off
+    Q_PROPERTY(bool isAwake READ isAwake NOTIFY isAwakeChanged)
+    Q_PROPERTY(bool isPaused READ isPaused NOTIFY isPausedChanged)
+    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+    Q_PROPERTY(QString statusReason READ statusReason NOTIFY statusReasonChanged)
+    Q_PROPERTY(QString statusSubtitle READ statusSubtitle NOTIFY statusSubtitleChanged)
+    Q_PROPERTY(QString statusDetails READ statusDetails NOTIFY statusDetailsChanged)
+    // clang-format on
+
+public:
+    /// What is observed and what is written to.
+    struct Parts {
+        AppSettings& settings;
+        PowerMonitor& power;
+        ProcessMonitor& process;
+        ThermalMonitor& thermal;
+        Journal& journal;
+        HookMonitor& hooks;
+    };
+
+    /// What the desktop does for the coordinator.
+    struct Services {
+        PowerAssertions& assertions;
+        LoginItem& loginItem;
+        UserNotifications& notifications;
+        Clock& clock;
+    };
+
+    /// Where the agents' hook configuration lies and which tool it must run.
+    struct HookPaths {
+        QString home;
+        QString tool;
+    };
+
+    /// Takes over the callbacks of all monitors, repairs the agents' hook entries and evaluates once. Everything passed
+    /// in must outlive the coordinator.
+    AwakeCoordinator(const Parts& parts, const Services& services, const HookPaths& hookPaths);
+    ~AwakeCoordinator() override;
+
+    bool isAwake() const { return m_status.isAwake; }
+    /// Held back for a reason, or switched off.
+    bool isPaused() const { return m_status.isPaused; }
+    /// "Off", "Paused", "Awake" or "Watching".
+    QString title() const { return m_status.title; }
+    QString statusReason() const { return m_status.reason; }
+    QString statusSubtitle() const { return m_status.subtitle; }
+    QString statusDetails() const { return m_status.details; }
+
+    /// When the timed session ends; absent without one.
+    std::optional<TimePoint> timedSessionEnd() const { return m_timedSessionEnd; }
+    /// The end is set and still to come.
+    bool isTimedSessionActive() const;
+
+    /// Labels of everything that is working: holders of hook leases, then agents and editors, then applications.
+    QStringList activeList() const;
+
+    /// Starts a timed session of so many minutes, in place of a running one, or ends the running one.
+    void setTimedSession(std::optional<int> minutes);
+
+    /// Decides anew and acts on it; called on every change.
+    void evaluate();
+
+Q_SIGNALS:
+    void isAwakeChanged();
+    void isPausedChanged();
+    void titleChanged();
+    void statusReasonChanged();
+    void statusSubtitleChanged();
+    void statusDetailsChanged();
+    void timedSessionEndChanged();
+    /// Follows every evaluation, whatever it changed.
+    void evaluated();
+
+private:
+    struct Status {
+        bool isAwake = false;
+        bool isPaused = false;
+        QString title = QStringLiteral("Watching");
+        QString reason = QStringLiteral("Dozing — nothing to watch");
+        QString subtitle = QStringLiteral("Not watching");
+        QString details;
+    };
+
+    void listen();
+    void evaluateSoon();
+    void checkPowerEdge();
+    AwakeRules::Inputs inputs(const QStringList& activeList) const;
+    void updateAssertions(bool awake);
+    void hold(std::unique_ptr<PowerAssertion>& assertion, PowerAssertionType type, bool wanted);
+    Status describe(const AwakeRules::Decision& decision, const QStringList& activeList) const;
+    void publish(const Status& status);
+    void setTimedSessionEnd(std::optional<TimePoint> end);
+
+    Parts m_parts;
+    PowerAssertions& m_assertions;
+    Clock& m_clock;
+    Notifications m_notifications;
+    TransitionRecorder m_transitions;
+
+    Status m_status;
+    std::optional<TimePoint> m_timedSessionEnd;
+    std::unique_ptr<Timer> m_sessionTimer;
+    std::unique_ptr<Timer> m_minuteTimer;
+    std::unique_ptr<PowerAssertion> m_systemAssertion;
+    std::unique_ptr<PowerAssertion> m_displayAssertion;
+    std::optional<bool> m_wasOnAC;
+    bool m_isEvaluationScheduled = false;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/AppSettings.h"
+#include "engine/AwakeCoordinator.h"
+#include "fakes/FakeClock.h"
+#include "fakes/FakeHookChannel.h"
+#include "fakes/FakeLidSensor.h"
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakePowerAssertions.h"
+#include "fakes/FakePowerSources.h"
+#include "fakes/FakeProcessTable.h"
+#include "fakes/FakeRunningApplications.h"
+#include "fakes/FakeSettingsStore.h"
+#include "fakes/FakeThermalState.h"
+#include "fakes/FakeUserNotifications.h"
+#include "hooks/HookConfig.h"
+#include "hooks/HookMonitor.h"
+#include "journal/Journal.h"
+#include "monitors/PowerMonitor.h"
+#include "monitors/ProcessMonitor.h"
+#include "monitors/ThermalMonitor.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace Tarvik {
+
+/// The whole object graph on fakes and a manual clock. Set the fakes up, then start().
+class CoordinatedMachine {
+public:
+    CoordinatedMachine() { setPower(true, {}); }
+
+    void start()
+    {
+        settings.emplace(store);
+        power.emplace(powerSources, lid, clock);
+        process.emplace(
+            *settings, processTable, applications, clock, [this] { return HookConfig::installedIds(home.path()); });
+        thermal.emplace(thermalState);
+        journal.emplace(store, clock);
+        hooks.emplace(channel, clock);
+        coordinator.emplace(AwakeCoordinator::Parts{*settings, *power, *process, *thermal, *journal, *hooks},
+            AwakeCoordinator::Services{assertions, loginItem, notifications, clock},
+            AwakeCoordinator::HookPaths{home.path(), QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")});
+    }
+
+    /// `percent` absent: no battery.
+    void setPower(bool isOnAC, std::optional<int> percent)
+    {
+        PowerSourcesSnapshot snapshot{
+            .providingType = isOnAC ? QStringLiteral("AC Power") : QStringLiteral("Battery Power"), .sources = {}};
+        if (percent) {
+            snapshot.sources.push_back(
+                {.type = QStringLiteral("InternalBattery"), .currentCapacity = *percent, .maxCapacity = 100});
+        }
+        powerSources.current = snapshot;
+        powerSources.announce();
+    }
+
+    void setHeat(ThermalLevel level)
+    {
+        thermalState.current = level;
+        thermalState.announce();
+    }
+
+    /// What /bin/ps would print; noticed at once.
+    void run(const QByteArray& processes)
+    {
+        processTable.output = processes;
+        process->scan();
+    }
+
+    void hook(const QMap<QString, QString>& payload) { channel.announce(payload); }
+
+    /// Lets the loop turn once, as a settings change needs.
+    static void settle() { QCoreApplication::processEvents(); }
+
+    /// "kind: reason" of every journal entry, oldest first.
+    QStringList journalLines() const
+    {
+        QStringList lines;
+        for (const Journal::Entry& entry : journal->entries())
+            lines.prepend(journalKindName(entry.kind) + QStringLiteral(": ") + entry.reason);
+        return lines;
+    }
+
+    QTemporaryDir home;
+    FakeClock clock;
+    FakeSettingsStore store;
+    FakePowerSources powerSources;
+    FakeLidSensor lid;
+    FakeProcessTable processTable;
+    FakeRunningApplications applications;
+    FakeThermalState thermalState;
+    FakeHookChannel channel;
+    FakePowerAssertions assertions;
+    FakeLoginItem loginItem;
+    FakeUserNotifications notifications;
+
+    std::optional<AppSettings> settings;
+    std::optional<PowerMonitor> power;
+    std::optional<ProcessMonitor> process;
+    std::optional<ThermalMonitor> thermal;
+    std::optional<Journal> journal;
+    std::optional<HookMonitor> hooks;
+    std::optional<AwakeCoordinator> coordinator;
+};
+
+} // namespace Tarvik
