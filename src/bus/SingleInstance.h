@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <functional>
+
+namespace Tarvik {
+
+/// Makes the application one a session: owns its name on the session bus, or hands over to the instance that does.
+class SingleInstance : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Role {
+        /// This is the one instance, or there is no bus on which another could be found.
+        first,
+        /// Another instance is running and has been told of this start.
+        second,
+    };
+
+    explicit SingleInstance(const QDBusConnection& sessionBus);
+
+    /// Finds out the role; `decided` is called once, from the event loop. A bus that stays silent counts as none.
+    void decide(std::function<void(Role)> decided);
+
+private:
+    void handOver(const std::function<void(Role)>& decided);
+
+    QDBusConnection m_bus;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/StatusObject.h"
+
+#include "engine/AwakeCoordinator.h"
+#include "hooks/HookMonitor.h"
+#include "monitors/PowerMonitor.h"
+#include "monitors/ThermalMonitor.h"
+#include "platform/StatusWire.h"
+
+#include <QDBusMessage>
+#include <QMetaProperty>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+StatusObject::StatusObject(const Sources& sources, const QString& version, const QDBusConnection& bus)
+    : m_sources(sources)
+    , m_version(version)
+    , m_bus(bus)
+{
+    registerStatusTypes();
+    m_announced = values();
+    connect(&sources.coordinator, &AwakeCoordinator::evaluated, this, &StatusObject::announceSoon);
+    connect(&sources.coordinator, &AwakeCoordinator::timedSessionEndChanged, this, &StatusObject::announceSoon);
+    connect(&sources.hooks, &HookMonitor::sessionsChanged, this, [this] {
+        m_haveLeasesChanged = true;
+        announceSoon();
+    });
+    m_sources.assertions.onHoldsChange = [this] { announceSoon(); };
+}
+
+StatusObject::~StatusObject()
+{
+    m_sources.assertions.onHoldsChange = nullptr;
+}
+
+QString StatusObject::title() const
+{
+    return m_sources.coordinator.title();
+}
+
+QString StatusObject::reason() const
+{
+    return m_sources.coordinator.statusReason();
+}
+
+QString StatusObject::subtitle() const
+{
+    return m_sources.coordinator.statusSubtitle();
+}
+
+QString StatusObject::details() const
+{
+    return m_sources.coordinator.statusDetails();
+}
+
+bool StatusObject::isAwake() const
+{
+    return m_sources.coordinator.isAwake();
+}
+
+bool StatusObject::isPaused() const
+{
+    return m_sources.coordinator.isPaused();
+}
+
+QStringList StatusObject::activeAgents() const
+{
+    return m_sources.coordinator.activeList();
+}
+
+StatusLeaseList StatusObject::leases() const
+{
+    const TimePoint now = m_sources.clock.now();
+    StatusLeaseList list;
+    for (const HookSession& session : m_sources.hooks.sessions()) {
+        list.append({.key = session.key,
+            .tool = session.tool,
+            .reason = session.reason.value_or(QString()),
+            .acquiredAt = session.acquiredAt.time_since_epoch().count(),
+            .remaining = std::max((session.expiresAt - now).count(), 0.0)});
+    }
+    return list;
+}
+
+double StatusObject::sessionEnd() const
+{
+    const auto end = m_sources.coordinator.timedSessionEnd();
+    return end ? end->time_since_epoch().count() : 0;
+}
+
+StatusAssertionList StatusObject::assertions() const
+{
+    StatusAssertionList list;
+    for (const PowerAssertionHold& hold : m_sources.assertions.holds()) {
+        list.append({.type = powerAssertionTypeName(hold.type),
+            .service = hold.service,
+            .what = hold.what,
+            .isEffective = hold.effective});
+    }
+    return list;
+}
+
+bool StatusObject::onAC() const
+{
+    return m_sources.power.isOnAC();
+}
+
+bool StatusObject::hasBattery() const
+{
+    return m_sources.power.hasBattery();
+}
+
+int StatusObject::batteryPercent() const
+{
+    return m_sources.power.batteryPercent().value_or(-1);
+}
+
+bool StatusObject::lidClosed() const
+{
+    return m_sources.power.lidClosed();
+}
+
+uint StatusObject::thermalState() const
+{
+    return static_cast<uint>(m_sources.thermal.state());
+}
+
+bool StatusObject::isHot() const
+{
+    return m_sources.thermal.isHot();
+}
+
+void StatusObject::announceSoon()
+{
+    if (m_isAnnouncementScheduled)
+        return;
+    m_isAnnouncementScheduled = true;
+    QMetaObject::invokeMethod(this, &StatusObject::announce, Qt::QueuedConnection);
+}
+
+void StatusObject::announce()
+{
+    m_isAnnouncementScheduled = false;
+    const QVariantMap current = values();
+    QVariantMap changed;
+    for (auto it = current.begin(); it != current.end(); ++it) {
+        if (m_announced[it.key()] != it.value())
+            changed[it.key()] = it.value();
+    }
+    m_announced = current;
+    QStringList invalidated;
+    if (std::exchange(m_haveLeasesChanged, false))
+        invalidated.append(QString::fromLatin1(StatusWire::leasesProperty));
+    if (changed.isEmpty() && invalidated.isEmpty())
+        return;
+    auto signal = QDBusMessage::createSignal(
+        QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
+    signal << QString::fromLatin1(StatusWire::interfaceName) << changed << invalidated;
+    m_bus.send(signal);
+}
+
+QVariantMap StatusObject::values() const
+{
+    QVariantMap map;
+    const QMetaObject& meta = staticMetaObject;
+    for (int index = meta.propertyOffset(); index < meta.propertyCount(); ++index) {
+        const QMetaProperty property = meta.property(index);
+        if (qstrcmp(property.name(), StatusWire::leasesProperty) != 0)
+            map[QString::fromLatin1(property.name())] = property.read(this);
+    }
+    return map;
+}
+
+} // namespace Tarvik
