@@ -160,8 +160,10 @@ class DesktopTest(unittest.TestCase):
 
     def test_home_can_be_kept(self):
         with tempfile.TemporaryDirectory() as home:
+            os.chmod(home, 0o751)
             run("--home", home, "bash", "-c", 'echo kept >"$HOME/file"; echo kept >"$XDG_CONFIG_HOME/file"')
             self.assertEqual(pathlib.Path(home, "file").read_text(encoding="utf-8"), "kept\n")
+            self.assertEqual(os.stat(home).st_mode & 0o777, 0o751)
             self.assertEqual(pathlib.Path(home, ".config/file").read_text(encoding="utf-8"), "kept\n")
 
     def test_inhibitors_are_listed_and_released(self):
