@@ -8,7 +8,7 @@ namespace Tarvik {
 
 using namespace Qt::StringLiterals;
 
-BusNameWatch::BusNameWatch(QDBusConnection bus, const QStringList& names)
+BusNameWatch::BusNameWatch(const QDBusConnection& bus, const QStringList& names)
 {
     if (!bus.isConnected()) {
         m_known = true;

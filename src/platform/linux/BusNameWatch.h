@@ -14,7 +14,7 @@ namespace Tarvik {
 /// Which of a few well-known names have an owner on one bus. Starts no service. A bus without connection has no names.
 class BusNameWatch final {
 public:
-    BusNameWatch(QDBusConnection bus, const QStringList& names);
+    BusNameWatch(const QDBusConnection& bus, const QStringList& names);
     BusNameWatch(const BusNameWatch&) = delete;
     BusNameWatch& operator=(const BusNameWatch&) = delete;
 

@@ -97,11 +97,13 @@ void DBusInhibitor::abandonCall()
     }
     QDBusPendingCallWatcher* call = m_call.release();
     call->disconnect();
-    QObject::connect(call, &QDBusPendingCallWatcher::finished, call, [bus = m_bus, request = m_request, call] {
-        if (const auto release = cookieRelease(request, call->reply()); release.type() != QDBusMessage::InvalidMessage)
+    const auto giveBackLate = [bus = m_bus, request = m_request](QDBusPendingCallWatcher* finished) {
+        const QDBusMessage release = cookieRelease(request, finished->reply());
+        if (release.type() != QDBusMessage::InvalidMessage)
             bus.send(release);
-        call->deleteLater();
-    });
+        finished->deleteLater();
+    };
+    QObject::connect(call, &QDBusPendingCallWatcher::finished, call, giveBackLate);
 }
 
 void DBusInhibitor::giveBack()

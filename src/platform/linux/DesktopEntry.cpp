@@ -3,6 +3,7 @@
 #include "platform/linux/DesktopEntry.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace Tarvik::DesktopEntry {
@@ -12,12 +13,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The characters that have an escape sequence in a string, and the letters of these.
-constexpr std::pair<QChar, QChar> escapes[]{
+constexpr std::array<std::pair<QChar, QChar>, 4> escapes{{
     {u'\\', u'\\'},
     {u'\n', u'n'},
     {u'\t', u't'},
     {u'\r', u'r'},
-};
+}};
 
 QString quoted(const QString& argument)
 {
@@ -79,7 +80,7 @@ QString decoded(const QString& value)
         const auto* const escape = std::ranges::find(escapes, letter, &std::pair<QChar, QChar>::second);
         if (letter == u's')
             text += u' ';
-        else if (escape != std::end(escapes))
+        else if (escape != escapes.end())
             text += escape->first;
         else
             text += u'\\' + QString(letter);

@@ -30,10 +30,8 @@ public:
     /// both are where the release is unknown (a null version). No value means the default, "never".
     static bool suspends(std::optional<uint> minutes, const QVersionNumber& release);
 
-private Q_SLOTS:
-    void readSettings();
-
 private:
+    Q_SLOT void readSettings();
     void readRelease();
     void publish();
 
