@@ -1,19 +1,24 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 
-# tarvik_test(NAME [BUS] [SOURCES FILE...] LIBRARIES TARGET...): one QtTest program from NAME.cpp.
-# BUS gives it a private session bus of its own.
+# tarvik_test(NAME [BUS|DESKTOP] [SOURCES FILE...] LIBRARIES TARGET...): one QtTest program from NAME.cpp.
+# BUS gives it a private session bus of its own, DESKTOP a whole virtual desktop.
 function(tarvik_test name)
-  cmake_parse_arguments(TEST "BUS" "" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(TEST "BUS;DESKTOP" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${name}.cpp ${TEST_SOURCES})
   target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} tarvik-test-support Qt6::Test)
   set(command $<TARGET_FILE:${name}>)
   if(TEST_BUS)
     list(PREPEND command dbus-run-session --)
   endif()
+  set(label unit)
+  if(TEST_DESKTOP)
+    list(PREPEND command ${PROJECT_SOURCE_DIR}/scripts/desktop --)
+    set(label desktop)
+  endif()
   add_test(NAME ${name} COMMAND ${command})
   set_tests_properties(${name} PROPERTIES
     ENVIRONMENT "QT_FORCE_STDERR_LOGGING=1;QT_LOGGING_RULES=;LC_ALL=C.UTF-8"
     FAIL_REGULAR_EXPRESSION "SKIP   : "
-    LABELS unit)
+    LABELS ${label})
 endfunction()
