@@ -25,6 +25,7 @@ qsizetype estimatedSize(const HookSession& session)
 QList<HookSession> HookRegistry::live(TimePoint now) const
 {
     QList<HookSession> result;
+    result.reserve(m_sessions.size());
     for (const Place& place : m_byAge) {
         const auto session = m_sessions.constFind(place.key);
         if (session->isLive(now))
