@@ -1,0 +1,5 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+int main()
+{
+}
