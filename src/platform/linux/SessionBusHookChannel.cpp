@@ -20,20 +20,22 @@ HookChannel::Payload parse(const QDBusMessage& message)
     QMap<QString, QString> payload;
     std::size_t bytes = 0;
     int entries = 0;
+    const auto isTooMuch
+        = [&] { return entries > SessionBusHookChannel::maximumEntries || bytes > HookWire::maximumBytes; };
     argument.beginMap();
-    while (!argument.atEnd()) {
+    while (!argument.atEnd() && !isTooMuch()) {
         QString key;
         QString value;
         argument.beginMapEntry();
         argument >> key >> value;
         argument.endMapEntry();
+        ++entries;
         bytes += static_cast<std::size_t>(key.toUtf8().size() + value.toUtf8().size());
-        if (++entries > SessionBusHookChannel::maximumEntries || bytes > HookWire::maximumBytes)
-            return {};
         payload.insert(key, value);
     }
+    // Also where entries are left: a map that is not ended holds on to the whole message for ever.
     argument.endMap();
-    return payload;
+    return isTooMuch() ? HookChannel::Payload() : payload;
 }
 
 } // namespace
