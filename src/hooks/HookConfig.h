@@ -24,7 +24,7 @@ struct Invalid { };
 using Contents = std::variant<Missing, Invalid, JsonValue::Object>;
 
 /// Larger files are Invalid; no agent's settings come near it.
-inline constexpr qint64 maximumBytes = 16 * 1024 * 1024;
+inline constexpr qint64 maximumBytes = 16LL * 1024 * 1024;
 
 /// Reads the agent's file; logs an Invalid one.
 Contents read(const HookSpec& spec, const QString& home);

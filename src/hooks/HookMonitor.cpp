@@ -8,11 +8,10 @@
 
 #include <QByteArray>
 
-#include <locale.h>
-#include <stdlib.h>
-
 #include <algorithm>
+#include <clocale>
 #include <cmath>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 

@@ -3,9 +3,6 @@
 #include "hooks/HookRegistry.h"
 
 #include <QSet>
-
-#include <utility>
-
 namespace Tarvik {
 
 namespace {
@@ -80,7 +77,7 @@ bool HookRegistry::acquire(HookSession session)
     if (wasLive)
         session.acquiredAt = held->acquiredAt;
     erase(session.key);
-    insert(std::move(session));
+    insert(session);
     return !wasLive;
 }
 
@@ -109,14 +106,14 @@ bool HookRegistry::dropLapsed(TimePoint now)
     return anyDropped;
 }
 
-void HookRegistry::insert(HookSession session)
+void HookRegistry::insert(const HookSession& session)
 {
     m_size += estimatedSize(session);
     if (session.expiresAt <= m_lapsed.at)
         ++m_lapsed.count;
     m_byAge.insert({session.acquiredAt, session.key});
     m_byExpiry.insert({session.expiresAt, session.key});
-    m_sessions.insert(session.key, std::move(session));
+    m_sessions.insert(session.key, session);
 }
 
 void HookRegistry::erase(const QString& key)

@@ -21,7 +21,7 @@ class HookRegistry {
 public:
     /// What the leases may occupy, estimated in bytes. A lease may last for ever, so without a bound a runaway sender
     /// could fill the memory; this one is a thousand times what real work needs.
-    static constexpr qsizetype maximumSize = 256 * 1024 * 1024;
+    static constexpr qsizetype maximumSize = 256LL * 1024 * 1024;
 
     /// The leases by their keys.
     const QHash<QString, HookSession>& sessions() const { return m_sessions; }
@@ -71,7 +71,7 @@ private:
         qsizetype count = 0;
     };
 
-    void insert(HookSession session);
+    void insert(const HookSession& session);
     void erase(const QString& key);
 
     QHash<QString, HookSession> m_sessions;
