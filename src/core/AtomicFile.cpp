@@ -126,8 +126,10 @@ public:
                 return false;
             written += std::max<ssize_t>(count, 0);
         }
-        return fsync(m_descriptor) == 0;
+        return true;
     }
+
+    bool flush() const { return fsync(m_descriptor) == 0; }
 
     bool takePlaceOf(const Path& target)
     {
@@ -164,9 +166,10 @@ bool replace(const Path& path, const QByteArray& bytes, mode_t newFileMode)
 
     const Path directory = target->has_parent_path() ? target->parent_path() : Path(".");
     TemporaryFile successor;
-    // What is secret in the original must not be readable for a moment in its successor.
-    if (!successor.create(directory, exists(*original) ? S_IRUSR | S_IWUSR : newFileMode)
-        || (exists(*original) && !successor.adoptPermissions(*original)) || !successor.write(bytes)
+    // What is secret in the original must not be readable for a moment in its successor. Its permissions come after the
+    // bytes, since writing takes some of them away, write(2).
+    if (!successor.create(directory, exists(*original) ? S_IRUSR | S_IWUSR : newFileMode) || !successor.write(bytes)
+        || (exists(*original) && !successor.adoptPermissions(*original)) || !successor.flush()
         || !successor.takePlaceOf(*target))
         return false;
     flushDirectory(directory);

@@ -244,7 +244,7 @@ private Q_SLOTS:
         put(u".gemini/settings.json"_s, "{\"a\":1}");
         QCOMPARE(chmod(encoded(u".gemini/settings.json"_s), 0666), 0);
         QCOMPARE(chmod(encoded(u".gemini"_s), 0555), 0);
-        QCOMPARE(chmod(encoded(u"."_s), 0755), 0);
+        QCOMPARE(chmod(encoded(u"."_s), 0555), 0);
         {
             const OrdinaryUser user;
             QVERIFY(user.isSet());
@@ -255,6 +255,7 @@ private Q_SLOTS:
             expectWriteFailure(u"qwen"_s, u"Permission denied"_s);
             QVERIFY(!HookConfig::install(spec("qwen"), home(), toolPath));
         }
+        QCOMPARE(chmod(encoded(u"."_s), 0755), 0);
         QCOMPARE(chmod(encoded(u".gemini"_s), 0755), 0);
         QCOMPARE(contents(u".gemini/settings.json"_s), "{\"a\":1}");
         QCOMPARE(names(u".gemini"_s), QStringList{u"settings.json"_s});
