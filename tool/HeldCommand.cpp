@@ -127,7 +127,7 @@ int HeldCommand::start(const SignalBlock& block)
     return error;
 }
 
-void HeldCommand::passOnSignal(int signals)
+void HeldCommand::passOnSignal(int signals) const
 {
     signalfd_siginfo info{};
     if (read(signals, &info, sizeof(info)) != sizeof(info) || info.ssi_signo == SIGCHLD)

@@ -41,7 +41,7 @@ private:
     /// Starts the program; an errno when that failed, else 0.
     int start(const SignalBlock& block);
     int watch(const SignalBlock& block);
-    void passOnSignal(int signals);
+    void passOnSignal(int signals) const;
     /// The exit status, once the program has ended.
     std::optional<int> followChild();
     void followStop(int signal);

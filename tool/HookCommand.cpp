@@ -87,7 +87,7 @@ static bool endsAnObject(std::string_view text)
 static HookPayload readPayload(int descriptor, Deadline deadline)
 {
     std::string text;
-    std::array<char, 64 * 1024> chunk;
+    std::array<char, std::size_t(64) * 1024> chunk;
     pollfd input{descriptor, POLLIN, 0};
     while (!deadline.hasPassed()) {
         if (poll(&input, 1, 0) == 0) {

@@ -102,7 +102,7 @@ bool SessionBus::receive(Deadline deadline)
 
 bool SessionBus::awaitPermission(Deadline deadline)
 {
-    static constexpr std::size_t longestLine = 16 * 1024;
+    static constexpr std::size_t longestLine = std::size_t(16) * 1024;
     while (true) {
         const std::size_t end = m_received.find("\r\n");
         if (end == std::string::npos) {

@@ -25,6 +25,6 @@ inline constexpr auto releaseAction = "release";
 inline constexpr auto releaseAllAction = "release-all";
 
 /// Announcements that are longer, keys and values together, are refused.
-inline constexpr std::size_t maximumBytes = 64 * 1024;
+inline constexpr std::size_t maximumBytes = std::size_t(64) * 1024;
 
 } // namespace Tarvik::HookWire

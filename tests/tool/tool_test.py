@@ -24,6 +24,8 @@ STATUS_XML = Path(__file__).resolve().parents[2] / "src/bus/com.morvanta.Tarvik.
 HOOK_LIMIT = 0.25
 SLACK = 0.25
 PATIENCE = 20
+# So many processes at once still have to start within the time limit of each.
+SENDERS = int(os.environ.get("TOOL_TEST_SENDERS", "50"))
 
 
 def eventually(condition, what, patience=PATIENCE):
@@ -405,17 +407,18 @@ class HookTest(ToolTestCase):
         subprocess.run(["sh", "-c", script, TOOL], env={**self.environment, "PATH": os.environ["PATH"]}, check=True)
         self.assert_heard(*(f"claude:{i}" for i in range(2000)))
 
-    def test_fifty_senders_at_once_all_arrive(self):
+    def test_many_senders_at_once_all_arrive(self):
         script = """
-            for i in $(seq 50); do
+            for i in $(seq "$1"); do
                 echo '{"session_id":"'$i'","hook_event_name":"PreToolUse"}' | "$0" hook --tool claude &
             done
             wait"""
         for _ in range(10):
             before = len(self.bus.settled_events())
-            subprocess.run(["sh", "-c", script, TOOL], env={**self.environment, "PATH": os.environ["PATH"]}, check=True)
+            environment = {**self.environment, "PATH": os.environ["PATH"]}
+            subprocess.run(["sh", "-c", script, TOOL, str(SENDERS)], env=environment, check=True)
             sessions = {event["session"] for event in self.bus.settled_events()[before:]}
-            self.assertEqual(sessions, {f"claude:{i}" for i in range(1, 51)})
+            self.assertEqual(sessions, {f"claude:{i}" for i in range(1, SENDERS + 1)})
 
 
 class LeaseTest(ToolTestCase):
