@@ -70,6 +70,8 @@ static std::string baseName(const std::string& path)
 
 static std::string secondsText(std::chrono::milliseconds time)
 {
+    if (time.count() % 1000 == 0)
+        return std::to_string(time.count() / 1000);
     std::array<char, 32> text{};
     std::snprintf(text.data(),
         text.size(),

@@ -65,10 +65,4 @@ std::optional<StatusReport> readStatus(const DBusMessage& reply);
 /// none, or it does not answer in time.
 std::optional<StatusReport> askForStatus(const std::vector<BusAddress>& buses, uid_t user, Deadline deadline);
 
-/// The report for a human reader, several lines; times of day in the local time zone.
-std::string statusText(const StatusReport& report);
-
-/// The report as one JSON object on one line; of a Tarvik that is not running when there is none.
-std::string statusJson(const std::optional<StatusReport>& report);
-
 } // namespace Tarvik

@@ -4,7 +4,7 @@
 #include "HeldCommand.h"
 #include "HookCommand.h"
 #include "InvokingUser.h"
-#include "StatusReport.h"
+#include "StatusFormat.h"
 
 #include "platform/HookWire.h"
 

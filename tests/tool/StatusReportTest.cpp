@@ -4,6 +4,7 @@
 
 #include "support/TestSupport.h"
 #include "tool/DBusWriter.h"
+#include "tool/StatusFormat.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
