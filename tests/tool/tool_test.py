@@ -300,7 +300,13 @@ class HookTest(ToolTestCase):
 
     def test_input_of_twenty_megabytes_is_drained(self):
         bulk = "x" * 20_000_000
-        self.hook(payload("first", tool_input={"content": bulk}), environment=self.environment)
+        early = payload("first", tool_input={"content": bulk})
+        begin = time.monotonic()
+        with subprocess.Popen([TOOL, "hook", "--tool", "claude"], env=self.environment, stdin=subprocess.PIPE) as process:
+            # A reader that leaves early would break the pipe here.
+            process.stdin.write(early)
+        self.assertEqual(process.returncode, 0)
+        self.assertLess(time.monotonic() - begin, HOOK_LIMIT + SLACK)
         late = json.dumps({"tool_input": {"content": bulk}, "session_id": "late", "hook_event_name": "Stop"}).encode()
         self.hook(late, environment=self.environment)
         self.assert_heard("claude:first")
