@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/RunningApplications.h"
+
+#include <QByteArray>
+#include <QDBusConnection>
+
+#include <memory>
+#include <vector>
+
+namespace Tarvik {
+
+class DesktopFiles;
+
+/// The running applications of all sources as one list, sorted, each application once and with its localized name.
+/// It is empty at first; a change shows 200 ms after its first sign, and only if it makes a difference.
+class DesktopRunningApplications final : public RunningApplications {
+public:
+    using Sources = std::vector<std::unique_ptr<RunningApplications>>;
+
+    /// The sources of this session: the systemd user manager and, unless `display` is empty or cannot be reached, the
+    /// windows on that X display. `clock` and `files` must outlive the object.
+    DesktopRunningApplications(
+        const QDBusConnection& sessionBus, const QByteArray& display, DesktopFiles& files, Clock& clock);
+    /// Takes over `files.onChange` and that of the sources.
+    DesktopRunningApplications(Sources sources, DesktopFiles& files, Clock& clock);
+    ~DesktopRunningApplications() override;
+
+    DesktopRunningApplications(const DesktopRunningApplications&) = delete;
+    DesktopRunningApplications& operator=(const DesktopRunningApplications&) = delete;
+
+    QList<RunningApplication> list() const override { return m_applications; }
+
+private:
+    void updateLater();
+    void update();
+
+    DesktopFiles& m_files;
+    Clock& m_clock;
+    Sources m_sources;
+    QList<RunningApplication> m_applications;
+    std::unique_ptr<Timer> m_timer;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,262 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/X11Applications.h"
+
+#include "platform/linux/DesktopFiles.h"
+#include "support/TemporaryDataHome.h"
+#include "support/TestSupport.h"
+
+#include <QProcess>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <cstring>
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What a window manager and its clients write, on a connection of their own.
+class Desktop {
+public:
+    explicit Desktop(const QByteArray& display)
+        : m_connection(xcb_connect(display.constData(), nullptr))
+        , m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root)
+    {
+        setClients();
+    }
+    ~Desktop() { xcb_disconnect(m_connection); }
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    std::uint32_t open(const QByteArray& instance, const QByteArray& className, const QByteArray& gtkId = {})
+    {
+        const std::uint32_t window = xcb_generate_id(m_connection);
+        xcb_create_window(
+            m_connection, 0, window, m_root, 0, 0, 10, 10, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, 0, 0, nullptr);
+        if (!className.isNull())
+            set(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8, instance + '\0' + className + '\0');
+        if (!gtkId.isEmpty())
+            set(window, atom("_GTK_APPLICATION_ID"), atom("UTF8_STRING"), 8, gtkId);
+        m_windows.append(window);
+        setClients();
+        return window;
+    }
+
+    void close(std::uint32_t window)
+    {
+        m_windows.removeAll(window);
+        xcb_destroy_window(m_connection, window);
+        setClients();
+    }
+
+    /// A client that has gone is still listed.
+    void closeBehindTheManager(std::uint32_t window)
+    {
+        xcb_destroy_window(m_connection, window);
+        setClients();
+    }
+
+    void touchOtherProperty() { set(m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, QByteArray(4, '\0')); }
+
+private:
+    std::uint32_t atom(const char* name)
+    {
+        const auto cookie = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(strlen(name)), name);
+        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(m_connection, cookie, nullptr);
+        const std::uint32_t result = reply->atom;
+        std::free(reply);
+        return result;
+    }
+
+    void setClients()
+    {
+        set(m_root,
+            atom("_NET_CLIENT_LIST"),
+            XCB_ATOM_WINDOW,
+            32,
+            QByteArray(reinterpret_cast<const char*>(m_windows.constData()), m_windows.size() * 4));
+    }
+
+    void set(
+        std::uint32_t window, std::uint32_t property, std::uint32_t type, std::uint8_t format, const QByteArray& value)
+    {
+        xcb_change_property(m_connection,
+            XCB_PROP_MODE_REPLACE,
+            window,
+            property,
+            type,
+            format,
+            static_cast<std::uint32_t>(value.size() / (format / 8)),
+            value.constData());
+        xcb_flush(m_connection);
+    }
+
+    xcb_connection_t* m_connection;
+    std::uint32_t m_root;
+    QList<std::uint32_t> m_windows;
+};
+
+RunningApplication withId(const QString& id)
+{
+    return {.id = id, .localizedName = {}};
+}
+
+} // namespace
+
+class X11ApplicationsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_data.write("home", "org.example.Editor.desktop", "Name=Editor\nStartupWMClass=editor-wm");
+        m_data.write("home", "plain.desktop", "Name=Plain");
+        m_data.write("home", "two-words.desktop", "Name=Two Words");
+        m_data.write("home", "org.example.Gtk.desktop", "Name=Gtk");
+        startServer();
+    }
+
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        if (m_server.state() != QProcess::Running)
+            startServer();
+    }
+
+    void cleanupTestCase()
+    {
+        m_server.kill();
+        m_server.waitForFinished();
+    }
+
+    void windowsAreMatchedToApplications_data()
+    {
+        QTest::addColumn<QByteArray>("instance");
+        QTest::addColumn<QByteArray>("className");
+        QTest::addColumn<QByteArray>("gtkId");
+        QTest::addColumn<RunningApplication>("expected");
+        const auto row
+            = [](const char* name, QByteArray instance, QByteArray className, QByteArray gtkId) -> QTestData& {
+            return QTest::newRow(name) << instance << className << gtkId;
+        };
+        const auto editor = withId(u"org.example.Editor"_s);
+        const auto plain = withId(u"plain"_s);
+        row("class is a StartupWMClass", "main", "editor-wm", "") << editor;
+        row("instance is a StartupWMClass", "editor-wm", "Other", "") << editor;
+        row("StartupWMClass goes before the id", "plain", "editor-wm", "") << editor;
+        row("instance is an id", "plain", "Other", "") << plain;
+        row("class is an id in other case", "main", "Plain", "") << plain;
+        row("class with a blank is an id", "main", "Two Words", "") << withId(u"two-words"_s);
+        row("application id goes first", "plain", "editor-wm", "org.example.Gtk") << withId(u"org.example.Gtk"_s);
+        row("unknown application id", "plain", "Other", "org.example.Nothing") << plain;
+        row("no desktop file", "cursor", "Cursor", "") << RunningApplication{.id = {}, .localizedName = u"Cursor"_s};
+    }
+
+    void windowsAreMatchedToApplications()
+    {
+        QFETCH(QByteArray, instance);
+        QFETCH(QByteArray, className);
+        QFETCH(QByteArray, gtkId);
+        QFETCH(RunningApplication, expected);
+        Desktop desktop(m_display);
+        desktop.open(instance, className, gtkId);
+        const auto applications = X11Applications::connect(m_display, m_files);
+        QVERIFY(applications);
+        QTRY_COMPARE(applications->list(), QList{expected});
+    }
+
+    void windowsThatOpenAndCloseAreSeen()
+    {
+        Desktop desktop(m_display);
+        const auto applications = X11Applications::connect(m_display, m_files);
+        int changes = 0;
+        applications->onChange = [&] { ++changes; };
+        const auto first = desktop.open("plain", "Plain");
+        QTRY_COMPARE(applications->list(), QList{withId(u"plain"_s)});
+        const auto second = desktop.open("plain", "Plain");
+        QTRY_COMPARE(changes, 2);
+        QCOMPARE(applications->list(), QList{withId(u"plain"_s)});
+        desktop.close(first);
+        QTRY_COMPARE(changes, 3);
+        QCOMPARE(applications->list(), QList{withId(u"plain"_s)});
+        desktop.close(second);
+        QTRY_VERIFY(applications->list().isEmpty());
+    }
+
+    void otherChangesOfTheRootWindowAreIgnored()
+    {
+        Desktop desktop(m_display);
+        const auto applications = X11Applications::connect(m_display, m_files);
+        int changes = 0;
+        applications->onChange = [&] { ++changes; };
+        desktop.touchOtherProperty();
+        desktop.open("plain", "Plain");
+        QTRY_COMPARE(changes, 1);
+    }
+
+    void windowsWithoutAClassOrAlreadyGoneAreLeftOut()
+    {
+        Desktop desktop(m_display);
+        desktop.open({}, {});
+        desktop.closeBehindTheManager(desktop.open("plain", "Plain"));
+        desktop.open("cursor", "Cursor");
+        const auto applications = X11Applications::connect(m_display, m_files);
+        QTRY_COMPARE(applications->list(), (QList{RunningApplication{.id = {}, .localizedName = u"Cursor"_s}}));
+    }
+
+    void manyWindowsAreListed()
+    {
+        Desktop desktop(m_display);
+        for (int i = 0; i < 300; ++i)
+            desktop.open("w", QByteArray::number(i));
+        const auto applications = X11Applications::connect(m_display, m_files);
+        QTRY_COMPARE(applications->list().size(), 300);
+    }
+
+    void aDisplayThatCannotBeReachedIsNoSource()
+    {
+        for (const char* display : {":65000", "nonsense", ":-1", "/nonexistent"})
+            QVERIFY(!X11Applications::connect(display, m_files));
+    }
+
+    void aLostServerTakesItsApplicationsWithIt()
+    {
+        std::unique_ptr<X11Applications> lost;
+        {
+            Desktop desktop(m_display);
+            desktop.open("plain", "Plain");
+            lost = X11Applications::connect(m_display, m_files);
+            QTRY_COMPARE(lost->list().size(), 1);
+        }
+        int changes = 0;
+        lost->onChange = [&] { ++changes; };
+        m_server.kill();
+        QTRY_VERIFY(lost->list().isEmpty());
+        QCOMPARE(changes, 1);
+        QTRY_COMPARE(m_server.state(), QProcess::NotRunning);
+    }
+
+private:
+    void startServer()
+    {
+        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_server.start(u"Xvfb"_s,
+            {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"64x64x24"_s, u"-noreset"_s, u"-nolisten"_s, u"tcp"_s});
+        QVERIFY(m_server.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(m_server.canReadLine(), 20'000);
+        m_display = ':' + m_server.readLine().trimmed();
+    }
+
+    TemporaryDataHome m_data;
+    DesktopFiles m_files;
+    QProcess m_server;
+    QByteArray m_display;
+};
+
+Q_DECLARE_METATYPE(Tarvik::RunningApplication)
+
+QTEST_GUILESS_MAIN(X11ApplicationsTest)
+#include "X11ApplicationsTest.moc"
