@@ -178,8 +178,7 @@ void UPowerPowerSources::scheduleAnnouncement()
     if (m_isAnnouncing)
         return;
     m_isAnnouncing = true;
-    QMetaObject::invokeMethod(
-        this, [this] { announce(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &UPowerPowerSources::announce, Qt::QueuedConnection);
 }
 
 void UPowerPowerSources::announce()
