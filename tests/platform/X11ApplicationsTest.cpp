@@ -256,7 +256,5 @@ private:
     QByteArray m_display;
 };
 
-Q_DECLARE_METATYPE(Tarvik::RunningApplication)
-
 QTEST_GUILESS_MAIN(X11ApplicationsTest)
 #include "X11ApplicationsTest.moc"

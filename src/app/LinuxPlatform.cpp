@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "app/LinuxPlatform.h"
+
+#include "platform/linux/DesktopPowerAssertions.h"
+#include "platform/linux/DesktopRunningApplications.h"
+#include "platform/linux/DesktopRunningApplications.h"
+#include "platform/linux/FallbackPowerSources.h"
+#include "platform/linux/FreedesktopNotifications.h"
+#include "platform/linux/InstalledAppBundle.h"
+#include "platform/linux/JsonFileSettingsStore.h"
+#include "platform/linux/LogindLidSensor.h"
+#include "platform/linux/PsProcessTable.h"
+#include "platform/linux/SessionBusHookChannel.h"
+#include "platform/linux/SysfsPowerSources.h"
+#include "platform/linux/SysfsThermalState.h"
+#include "platform/linux/UPowerPowerSources.h"
+#include "platform/linux/XdgAutostartLoginItem.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+namespace {
+
+QString configHome()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+}
+
+QStringList systemConfigDirectories()
+{
+    return QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation).mid(1);
+}
+
+} // namespace
+
+LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
+    : bundle(installedAppBundle())
+    , home(QDir::homePath())
+    , settingsStore(std::make_unique<JsonFileSettingsStore>(configHome() + u"/tarvik/settings.json"_s))
+    , powerSources(std::make_unique<FallbackPowerSources>(std::make_unique<UPowerPowerSources>(systemBus),
+          [this] { return std::make_unique<SysfsPowerSources>(clock); }))
+    , lidSensor(std::make_unique<LogindLidSensor>(systemBus, clock))
+    , thermalState(std::make_unique<SysfsThermalState>(clock))
+    , processTable(std::make_unique<PsProcessTable>(clock))
+    , runningApplications(std::make_unique<DesktopRunningApplications>(
+          sessionBus, qgetenv("DISPLAY"), desktopFiles, clock))
+    , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
+    , powerAssertions(
+          std::make_unique<DesktopPowerAssertions>(systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP")))
+    , loginItem(std::make_unique<XdgAutostartLoginItem>(
+          configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
+    , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus))
+{
+}
+
+} // namespace Tarvik

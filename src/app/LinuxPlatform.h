@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/SettingsStore.h"
+#include "platform/AppBundle.h"
+#include "platform/HookChannel.h"
+#include "platform/LidSensor.h"
+#include "platform/LoginItem.h"
+#include "platform/PowerAssertions.h"
+#include "platform/PowerSources.h"
+#include "platform/ProcessTable.h"
+#include "platform/RunningApplications.h"
+#include "platform/ThermalState.h"
+#include "platform/UserNotifications.h"
+#include "platform/linux/DesktopFiles.h"
+#include "platform/linux/TimerfdClock.h"
+
+#include <QDBusConnection>
+
+#include <memory>
+
+namespace Tarvik {
+
+/// What this desktop offers: one back-end for each platform interface. The only place that names their classes.
+struct LinuxPlatform {
+    LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
+
+    AppBundle bundle;
+    /// The user's home directory.
+    QString home;
+    TimerfdClock clock;
+    DesktopFiles desktopFiles;
+    std::unique_ptr<SettingsStore> settingsStore;
+    std::unique_ptr<PowerSources> powerSources;
+    std::unique_ptr<LidSensor> lidSensor;
+    std::unique_ptr<ThermalState> thermalState;
+    std::unique_ptr<ProcessTable> processTable;
+    std::unique_ptr<RunningApplications> runningApplications;
+    std::unique_ptr<HookChannel> hookChannel;
+    std::unique_ptr<PowerAssertions> powerAssertions;
+    std::unique_ptr<LoginItem> loginItem;
+    std::unique_ptr<UserNotifications> userNotifications;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "app/LogSink.h"
+
+#include "core/Logging.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <sys/stat.h>
+#include <sys/syslog.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#define SD_JOURNAL_SUPPRESS_LOCATION
+#include <systemd/sd-journal.h>
+
+namespace Tarvik {
+
+namespace {
+
+int priorityOf(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return LOG_DEBUG;
+    case QtInfoMsg:
+        return LOG_INFO;
+    case QtWarningMsg:
+        return LOG_WARNING;
+    case QtCriticalMsg:
+        return LOG_ERR;
+    case QtFatalMsg:
+        return LOG_CRIT;
+    }
+    return LOG_INFO;
+}
+
+/// "hooks" of "com.morvanta.Tarvik.hooks"; other categories, Qt's own, whole.
+QByteArray areaOf(const QMessageLogContext& context)
+{
+    const QByteArray category(context.category);
+    const QByteArray prefix = QByteArray(logSubsystem) + '.';
+    return category.startsWith(prefix) ? category.mid(prefix.size()) : category;
+}
+
+void logToJournal(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    sd_journal_send("MESSAGE=%s",
+        message.toUtf8().constData(),
+        "PRIORITY=%i",
+        priorityOf(type),
+        "SYSLOG_IDENTIFIER=Tarvik",
+        "SUBSYSTEM=%s",
+        logSubsystem,
+        "CATEGORY=%s",
+        areaOf(context).constData(),
+        nullptr);
+}
+
+void logToStandardError(QtMsgType, const QMessageLogContext& context, const QString& message)
+{
+    const QByteArray line = "Tarvik [" + areaOf(context) + "] " + message.toUtf8() + '\n';
+    std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stderr);
+}
+
+bool isStandardErrorTheJournal()
+{
+    struct stat status = {};
+    const QByteArray stream = qgetenv("JOURNAL_STREAM");
+    return !stream.isEmpty() && fstat(STDERR_FILENO, &status) == 0
+        && stream == QByteArray::number(status.st_dev) + ':' + QByteArray::number(status.st_ino);
+}
+
+} // namespace
+
+void installLogSink()
+{
+    qInstallMessageHandler(isStandardErrorTheJournal() ? logToJournal : logToStandardError);
+}
+
+} // namespace Tarvik

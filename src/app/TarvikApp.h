@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/LinuxPlatform.h"
+#include "bus/StatusObject.h"
+#include "core/AppSettings.h"
+#include "engine/AwakeCoordinator.h"
+#include "hooks/HookMonitor.h"
+#include "journal/Journal.h"
+#include "monitors/PowerMonitor.h"
+#include "monitors/ProcessMonitor.h"
+#include "monitors/ThermalMonitor.h"
+
+namespace Tarvik {
+
+/// The object graph of the application, built in the order of its members and taken down in the reverse one. Whatever
+/// it holds of the system is given back when it is destroyed.
+class TarvikApp {
+public:
+    TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
+
+private:
+    LinuxPlatform m_platform;
+    AppSettings m_settings;
+    PowerMonitor m_power;
+    ProcessMonitor m_process;
+    ThermalMonitor m_thermal;
+    Journal m_journal;
+    HookMonitor m_hooks;
+    AwakeCoordinator m_coordinator;
+    StatusObject m_status;
+};
+
+} // namespace Tarvik

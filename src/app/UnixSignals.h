@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/FileDescriptor.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+
+namespace Tarvik {
+
+/// Turns the signals by which a session, a service manager or a terminal ends a program (SIGTERM, SIGINT, SIGHUP) into
+/// a call from the event loop, see signalfd(2). Must be made before any other thread, since threads inherit the mask.
+class UnixSignals {
+public:
+    explicit UnixSignals(std::function<void()> onTermination);
+
+private:
+    FileDescriptor m_descriptor;
+    QSocketNotifier m_notifier;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "app/LogSink.h"
+#include "app/TarvikApp.h"
+#include "app/UnixSignals.h"
+#include "bus/SingleInstance.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+
+#include <optional>
+
+using namespace Tarvik;
+
+int main(int argc, char* argv[])
+{
+    installLogSink();
+    QCoreApplication application(argc, argv);
+    const UnixSignals signals([] { QCoreApplication::quit(); });
+
+    const QDBusConnection sessionBus = QDBusConnection::sessionBus();
+    SingleInstance instance(sessionBus);
+    std::optional<TarvikApp> tarvik;
+    instance.decide([&](SingleInstance::Role role) {
+        if (role == SingleInstance::Role::second)
+            QCoreApplication::quit();
+        else
+            tarvik.emplace(QDBusConnection::systemBus(), sessionBus);
+    });
+    return QCoreApplication::exec();
+}
