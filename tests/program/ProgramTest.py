@@ -1,0 +1,258 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""Tarvik as a whole program on a real bus, a real logind and a real process table."""
+import json
+import os
+import pathlib
+import signal
+import socket
+import subprocess
+import threading
+
+import program
+from program import TarvikTestCase, eventually, inhibitors, is_held, is_not_held, ours
+
+
+class HoldingTest(TarvikTestCase):
+    def test_an_inhibitor_is_held_exactly_while_an_agent_runs(self):
+        self.start_tarvik()
+        self.assertEqual(ours(), [])
+        agent = self.programs.start("claude")
+        eventually(is_held, "held", program.POLL_PERIOD + 1)
+        entry = next(entry for entry in inhibitors() if entry[1] == "Tarvik")
+        self.assertIn("idle", entry[0])
+        self.assertEqual(entry[3], "block")
+        agent.kill()
+        agent.wait()
+        eventually(is_not_held, "released", program.POLL_PERIOD + 1)
+        self.assertEqual(self.journal(), ["on: Awake · 1 agent", "off: Dozing — nothing to watch"])
+
+    def test_agents_are_recognised_by_name_interpreter_and_hint(self):
+        for command_line in (
+            ["/usr/local/bin/codex", "exec"],
+            ["node", "/home/u/.npm/bin/gemini", "--yolo"],
+            ["python3.11", "-m", "aider", "--model", "x"],
+            ["node", "--inspect=9229", "/opt/pi-coding-agent/dist/pi.js"],
+            ["/opt/Antigravity/bin/agy"],
+            ["pdx"],
+        ):
+            self.programs.start(*command_line)
+        tarvik = self.start_tarvik()
+        self.assertEqual(
+            tarvik.status()["activeAgents"], ["Codex", "Gemini CLI", "Antigravity CLI", "Aider", "Pi", "Plandex"]
+        )
+
+    def test_names_that_are_only_mentioned_do_not_count(self):
+        for command_line in (
+            ["/bin/bash", "-c", "claude"],
+            ["less", "codex"],
+            ["pi"],
+            ["cn", "--continue"],
+            ["claude-helper"],
+            ["node", "server.js", "claude"],
+        ):
+            self.programs.start(*command_line)
+        zombie = self.programs.start("goose")
+        zombie.kill()
+        tarvik = self.start_tarvik()
+        self.assertEqual(tarvik.status()["activeAgents"], [])
+        self.assertEqual(ours(), [])
+
+    def test_odd_command_lines_do_no_harm(self):
+        self.programs.start(b"\xff\xfe\xc3", b"\xe9t\xe9")
+        self.programs.start("line\nbreak", "claude\ncodex")
+        self.programs.start("", "")
+        self.programs.start("node", *["x" * 100_000] * 9, "claude")
+        self.programs.start("goose")
+        tarvik = self.start_tarvik()
+        self.assertEqual(tarvik.status()["activeAgents"], ["Goose"])
+
+
+class EndingTest(TarvikTestCase):
+    def test_each_signal_ends_it_in_order_within_a_second(self):
+        self.programs.start("claude")
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(number.name):
+                tarvik = self.start_tarvik()
+                eventually(is_held, "held")
+                status, seconds = tarvik.end(number)
+                self.assertEqual(status, 0)
+                self.assertLess(seconds, 1)
+                eventually(is_not_held, "released", 1)
+
+    def test_the_system_releases_what_a_killed_tarvik_held(self):
+        self.programs.start("claude")
+        tarvik = self.start_tarvik()
+        eventually(is_held, "held")
+        tarvik.end(signal.SIGKILL)
+        eventually(is_not_held, "released", 1)
+
+    def test_a_start_after_a_kill_goes_on_with_the_stored_journal(self):
+        self.programs.start("claude")
+        self.start_tarvik().end(signal.SIGKILL)
+        self.start_tarvik()
+        self.assertEqual(self.journal(), ["on: Awake · 1 agent"] * 2)
+
+
+class InstancesTest(TarvikTestCase):
+    def test_a_second_start_hands_over_to_the_first(self):
+        self.programs.start("claude")
+        first = self.start_tarvik()
+        eventually(is_held, "held")
+        second = subprocess.run([program.TARVIK], capture_output=True, timeout=10, check=False)
+        self.assertEqual(second.returncode, 0)
+        eventually(lambda: "Tarvik was started again" in first.log(), "the first is told")
+        self.assertIsNone(first.process.poll())
+        self.assertEqual(len(ours()), 1)
+
+    def test_without_a_session_bus_it_still_holds(self):
+        self.programs.start("claude")
+        environment = {k: v for k, v in os.environ.items() if k not in ("DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR")}
+        tarvik = self.start_tarvik(environment={**environment, "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}, wait=False)
+        eventually(is_held, "held")
+        self.assertEqual(tarvik.end()[0], 0)
+
+    def test_without_a_display_it_runs_all_the_same(self):
+        self.programs.start("claude")
+        environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY")}
+        self.start_tarvik(environment=environment)
+        eventually(is_held, "held")
+
+    def test_without_a_system_bus_it_runs_and_says_so(self):
+        self.programs.start("claude")
+        tarvik = self.start_tarvik(environment={**os.environ, "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nonexistent"})
+        eventually(lambda: "Assertion PreventUserIdleSystemSleep failed: " in tarvik.log(), "the failure is logged")
+        self.assertTrue(tarvik.status()["isAwake"])
+
+
+class ServicesTest(TarvikTestCase):
+    def test_the_hold_is_there_again_when_logind_returns(self):
+        self.programs.start("claude")
+        self.start_tarvik()
+        eventually(is_held, "held")
+        logind = int(subprocess.run(["pgrep", "-x", "systemd-logind"], capture_output=True, text=True, check=True).stdout)
+        command_line = pathlib.Path(f"/proc/{logind}/cmdline").read_bytes().rstrip(b"\0").split(b"\0")
+        environment = dict(
+            pair.split(b"=", 1) for pair in pathlib.Path(f"/proc/{logind}/environ").read_bytes().rstrip(b"\0").split(b"\0")
+        )
+        os.kill(logind, signal.SIGKILL)
+        eventually(lambda: not inhibitors(), "logind is gone")
+        restarted = subprocess.Popen(command_line, env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # It serves the tests that follow and ends with the virtual desktop.
+        restarted.returncode = 0
+        # For a moment there are two: what is held is only given up when there is something in its place.
+        eventually(lambda: len(ours()) == 1, "held again, once")
+
+
+class SettingsTest(TarvikTestCase):
+    def test_switched_off_holds_nothing(self):
+        self.write_settings({"isEnabled": False})
+        self.programs.start("claude")
+        tarvik = self.start_tarvik()
+        status = tarvik.status()
+        self.assertEqual((status["title"], status["reason"], status["subtitle"]), ("Off", "Off", "Not watching"))
+        self.assertEqual(ours(), [])
+
+    def test_a_broken_file_is_kept_and_the_program_runs_on(self):
+        self.programs.start("claude")
+        for number, content in enumerate((b"", b"{", b"[]", b"\xff\xfe", b'{"isEnabled": false', b"\0" * 100)):
+            with self.subTest(content):
+                self.write_settings(content)
+                tarvik = self.start_tarvik()
+                eventually(is_held, "held")
+                self.assertIn("[settings]", tarvik.log())
+                self.assertEqual(len(list(self.settings_file.parent.glob("settings.json.unreadable-*"))), number + 1)
+                self.assertEqual(self.journal(), ["on: Awake · 1 agent"])
+                tarvik.end()
+
+    def test_a_file_that_another_program_wrote_by_the_same_rules_is_read(self):
+        entry = {"kind": "paused", "id": "E621E1F8-C36C-495A-93FC-0C247A3E6E5F", "at": 760035849.5, "reason": "On battery"}
+        self.write_settings({"journal": {"data": program.base64.b64encode(json.dumps([entry]).encode()).decode()}})
+        self.programs.start("claude")
+        self.start_tarvik()
+        eventually(lambda: len(self.journal()) == 2, "an entry is added")
+        self.assertEqual(self.journal()[0], "paused: On battery")
+
+    def test_a_full_disk_changes_nothing_else(self):
+        self.settings_file.parent.mkdir(parents=True)
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=4k", "none", str(self.settings_file.parent)], check=True)
+        self.addCleanup(subprocess.run, ["umount", "--lazy", str(self.settings_file.parent)], check=False)
+        (self.settings_file.parent / "filler").write_bytes(b"x" * 4096)
+        self.programs.start("claude")
+        tarvik = self.start_tarvik()
+        eventually(is_held, "held")
+        self.assertIn("cannot be written: No space left on device", tarvik.log())
+
+
+class LoggingTest(TarvikTestCase):
+    def test_under_systemd_the_journal_gets_the_area_as_a_field(self):
+        path = "/run/systemd/journal/socket"
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        journal = socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM)
+        self.addCleanup(journal.close)
+        journal.bind(path)
+        self.addCleanup(os.unlink, path)
+        os.chmod(path, 0o666)
+        received = []
+
+        def listen():
+            while b"already-enough" not in received:
+                try:
+                    received.append(journal.recv(65536))
+                except OSError:
+                    return
+
+        threading.Thread(target=listen, daemon=True).start()
+        self.write_settings(b"rubbish")
+        read_end, write_end = os.pipe()
+        self.addCleanup(os.close, read_end)
+        status = os.fstat(write_end)
+        environment = {**os.environ, "JOURNAL_STREAM": f"{status.st_dev}:{status.st_ino}"}
+        process = subprocess.Popen([program.TARVIK], stderr=write_end, env=environment)
+        os.close(write_end)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        eventually(lambda: any(b"CATEGORY=settings\n" in message for message in received), "the journal is told")
+        message = next(message for message in received if b"CATEGORY=settings\n" in message)
+        for field in (b"SUBSYSTEM=com.morvanta.Tarvik\n", b"PRIORITY=4\n", b"SYSLOG_IDENTIFIER=Tarvik\n"):
+            self.assertIn(field, message)
+
+
+class HooksTest(TarvikTestCase):
+    def announce(self, *arguments, payload=None):
+        subprocess.run([program.TOOL, *arguments], input=payload, check=True, timeout=5)
+
+    def test_a_turn_takes_a_lease_and_gives_it_back(self):
+        tarvik = self.start_tarvik()
+        session = {"session_id": "4711", "hook_event_name": "UserPromptSubmit", "prompt": "go"}
+        self.announce("hook", "--tool", "claude", payload=json.dumps(session).encode())
+        eventually(is_held, "held", 1)
+        self.assertEqual(tarvik.status()["activeAgents"], ["Claude Code"])
+        self.assertEqual(tarvik.status()["reason"], "Awake")
+        session["hook_event_name"] = "Stop"
+        self.announce("hook", "--tool", "claude", payload=json.dumps(session).encode())
+        eventually(is_not_held, "released", 1)
+        self.assertIn("hook acquire from claude (changed); 1 session(s) held", tarvik.log())
+
+    def test_hold_keeps_awake_while_its_command_runs(self):
+        self.start_tarvik()
+        with subprocess.Popen([program.TOOL, "hold", "--", "cat"], stdin=subprocess.PIPE) as hold:
+            eventually(is_held, "held", 2)
+            hold.stdin.close()
+            self.assertEqual(hold.wait(timeout=5), 0)
+        eventually(is_not_held, "released", 2)
+
+    def test_status_tells_by_its_exit_status(self):
+        self.assertEqual(subprocess.run([program.TOOL, "status"], capture_output=True, check=False).returncode, 2)
+        self.start_tarvik()
+        self.assertEqual(subprocess.run([program.TOOL, "status"], capture_output=True, check=False).returncode, 1)
+        self.announce("acquire", "--session", "x", "--ttl", "60")
+        eventually(is_held, "held", 1)
+        self.assertEqual(subprocess.run([program.TOOL, "status"], capture_output=True, check=False).returncode, 0)
+        self.announce("release-all")
+        eventually(is_not_held, "released", 1)
+
+
+if __name__ == "__main__":
+    program.main()
