@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 
-/// ScanBench [SLEEPERS...]: what one scan of the process table costs, as a multiple of a bare /bin/ps in the same run, with
-/// so many more processes on the machine.
+/// ScanBench [SLEEPERS...]: what one scan of the process table costs, as a multiple of a bare /bin/ps in the same run,
+/// with so many more processes on the machine.
 
 #include "core/AppSettings.h"
 #include "fakes/FakeRunningApplications.h"
@@ -134,7 +134,13 @@ int main(int argc, char* argv[])
     ScanTable table(clock);
     ProcessMonitor monitor(settings, table, applications, clock, [] { return QSet<QString>(); });
 
-    std::printf("%-10s %-6s %-12s %-12s %-7s %s\n", "sleepers", "runs", "ps CPU ms", "scan CPU ms", "ratio", "longest stall ms");
+    std::printf("%-10s %-6s %-12s %-12s %-7s %s\n",
+        "sleepers",
+        "runs",
+        "ps CPU ms",
+        "scan CPU ms",
+        "ratio",
+        "longest stall ms");
     for (const int count : counts) {
         sleepers.raiseTo(count);
         const int runs = count > 5'000 ? 10 : 40;

@@ -4,7 +4,6 @@
 
 #include "platform/linux/DesktopPowerAssertions.h"
 #include "platform/linux/DesktopRunningApplications.h"
-#include "platform/linux/DesktopRunningApplications.h"
 #include "platform/linux/FallbackPowerSources.h"
 #include "platform/linux/FreedesktopNotifications.h"
 #include "platform/linux/InstalledAppBundle.h"
@@ -48,8 +47,8 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , lidSensor(std::make_unique<LogindLidSensor>(systemBus, clock))
     , thermalState(std::make_unique<SysfsThermalState>(clock))
     , processTable(std::make_unique<PsProcessTable>(clock))
-    , runningApplications(std::make_unique<DesktopRunningApplications>(
-          sessionBus, qgetenv("DISPLAY"), desktopFiles, clock))
+    , runningApplications(
+          std::make_unique<DesktopRunningApplications>(sessionBus, qgetenv("DISPLAY"), desktopFiles, clock))
     , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
     , powerAssertions(
           std::make_unique<DesktopPowerAssertions>(systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP")))

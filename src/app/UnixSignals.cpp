@@ -17,6 +17,8 @@ int openSignals()
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         sigaddset(&signals, signal);
     sigprocmask(SIG_BLOCK, &signals, nullptr);
+    // Some launchers ignore it and that is inherited; then the system would reap our children before we could.
+    std::signal(SIGCHLD, SIG_DFL);
     return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 

@@ -29,11 +29,6 @@ constexpr std::array interpreters{"node"sv,
 
 constexpr std::array scriptSuffixes{".js"sv, ".mjs"sv, ".cjs"sv, ".ts"sv, ".py"sv, ".rb"sv, ".pl"sv, ".php"sv};
 
-bool isAscii(std::string_view text)
-{
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 bool isAsciiLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -42,21 +37,29 @@ bool isAsciiLetter(char c)
 /// Nearly every command line is ASCII, and there may be tens of thousands of them.
 std::string lowerCased(std::string_view text)
 {
-    if (!isAscii(text))
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower().toStdString();
     std::string result(text);
-    for (char& c : result)
+    unsigned char bits = 0;
+    for (char& c : result) {
+        bits |= static_cast<unsigned char>(c);
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-    return result;
+    }
+    if (bits < 0x80)
+        return result;
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower().toStdString();
+}
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
 }
 
 /// Takes the next word off the front of `rest`; empty when there is none.
 std::string_view takeWord(std::string_view& rest)
 {
-    constexpr auto blanks = " \t"sv;
-    rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
-    const std::string_view word = rest.substr(0, rest.find_first_of(blanks));
-    rest.remove_prefix(word.size());
+    const auto begin = std::ranges::find_if_not(rest, isBlank);
+    const auto end = std::find_if(begin, rest.end(), isBlank);
+    const std::string_view word(begin, end);
+    rest = std::string_view(end, rest.end());
     return word;
 }
 

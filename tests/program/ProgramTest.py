@@ -69,6 +69,16 @@ class HoldingTest(TarvikTestCase):
         self.assertEqual(tarvik.status()["activeAgents"], ["Goose"])
 
 
+    def test_a_launcher_that_ignores_its_children_does_no_harm(self):
+        self.programs.start("claude")
+        before = signal.signal(signal.SIGCHLD, signal.SIG_IGN)
+        try:
+            self.start_tarvik(wait=False)
+        finally:
+            signal.signal(signal.SIGCHLD, before)
+        eventually(is_held, "held")
+
+
 class EndingTest(TarvikTestCase):
     def test_each_signal_ends_it_in_order_within_a_second(self):
         self.programs.start("claude")

@@ -136,8 +136,7 @@ bool PsProcess::reap()
         result = waitid(P_PIDFD, static_cast<id_t>(m_pidfd.get()), &status, WEXITED);
     } while (result != 0 && errno == EINTR);
     m_reaped = true;
-    // Where SIGCHLD is ignored, which is inherited, there is no status to be had.
-    return result == 0 ? status.si_code == CLD_EXITED : errno == ECHILD || errno == ESRCH;
+    return result == 0 && status.si_code == CLD_EXITED;
 }
 
 qsizetype PsProcess::append(qsizetype size)
