@@ -13,8 +13,11 @@ target_compile_options(tarvik-options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> -Wzero-as-null-pointer-constant
   $<$<BOOL:${TARVIK_WARNINGS_AS_ERRORS}>:-Werror>
+  # What no program uses is not linked: every page counts in a program that is always there.
+  -ffunction-sections -fdata-sections
   $<$<BOOL:${TARVIK_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer>)
 target_link_options(tarvik-options INTERFACE
+  LINKER:--gc-sections
   $<$<BOOL:${TARVIK_SANITIZE}>:-fsanitize=address,undefined>)
 target_compile_definitions(tarvik-options INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY

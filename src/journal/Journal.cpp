@@ -5,7 +5,6 @@
 #include "core/SettingsStore.h"
 
 #include <QDateTime>
-#include <QTimeZone>
 
 #include <cmath>
 
