@@ -8,12 +8,16 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 
+#include <malloc.h>
+
 #include <optional>
 
 using namespace Tarvik;
 
 int main(int argc, char* argv[])
 {
+    // The few threads of the libraries allocate next to nothing; a heap for each of them would only be memory.
+    mallopt(M_ARENA_MAX, 1);
     installLogSink();
     QCoreApplication application(argc, argv);
     const UnixSignals signals([] { QCoreApplication::quit(); });

@@ -66,9 +66,8 @@ void update(HoldLatch& latch, std::optional<double> temperature, std::optional<T
 template <typename Latches>
 void update(Latches& latches, const ThermalZoneReading& zone, TimePoint now)
 {
-    auto temperature = zone.temperature;
-    if (temperature && (*temperature <= 0 || *temperature >= hottestPlausible))
-        temperature.reset();
+    const bool isPlausible = zone.temperature.value_or(0) > 0 && zone.temperature.value_or(0) < hottestPlausible;
+    const auto temperature = isPlausible ? zone.temperature : std::nullopt;
     update(latches[0], temperature, fairThreshold(zone), now);
     update(latches[1], temperature, seriousThreshold(zone), now);
     update(latches[2], temperature, criticalThreshold(zone), now);
