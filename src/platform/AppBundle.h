@@ -20,6 +20,9 @@ struct AppBundle {
     /// The command-line tool inside the bundle; its path ends up in other programs' configuration.
     QString toolPath() const { return location + QStringLiteral("/Contents/SharedSupport/tarvik"); }
 
+    /// The application's icons, laid out as in an icon theme, for programs that draw them.
+    QString iconDirectory() const { return location + QStringLiteral("/Contents/Resources/icons"); }
+
     bool operator==(const AppBundle&) const = default;
 };
 

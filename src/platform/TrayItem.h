@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/TrayMenu.h"
+
+#include <functional>
+
+namespace Tarvik {
+
+/// What the item in the panel looks like and says. All texts are plain.
+struct TrayAppearance {
+    /// One of the application's images: "MenuActive", "MenuIdle" or "MenuLooking".
+    QString imageName;
+    QString title;
+    QString tooltipTitle;
+    QString tooltipBody;
+
+    bool operator==(const TrayAppearance&) const = default;
+};
+
+/// The application's item in the desktop's panel. It is there from construction to destruction, as far as there is a
+/// panel that shows it.
+class TrayItem {
+public:
+    virtual ~TrayItem() = default;
+
+    virtual void setAppearance(const TrayAppearance& appearance) = 0;
+    virtual void setMenu(const TrayMenu& menu) = 0;
+
+    /// A panel shows the item now.
+    virtual bool hasHost() const = 0;
+
+    /// The item was clicked. On X11 `x` and `y` are root coordinates of the click; elsewhere they are a hint at best.
+    /// The token, when not empty, lets a window that opens in answer take the focus.
+    std::function<void(int x, int y, const QString& activationToken)> onActivate;
+
+    /// The user chose the enabled entry with this `id`.
+    std::function<void(int id)> onMenuActivated;
+
+    /// `hasHost` has changed.
+    std::function<void()> onHostChange;
+};
+
+} // namespace Tarvik
