@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "engine/TrayPresenter.h"
+
+#include "core/AppSettings.h"
+#include "core/Logging.h"
+#include "engine/AwakeCoordinator.h"
+
+#include <array>
+
+namespace Tarvik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr Seconds hostPatience{10};
+
+/// The ids of the menu's entries.
+enum Entry {
+    status = 1,
+    separatorAboveSwitch,
+    onOff,
+    session,
+    separatorAboveCancel,
+    cancelTimer,
+    lockAndLeave,
+    separatorAboveSettings,
+    openSettings,
+    quit,
+    firstDuration = 100,
+};
+
+struct Duration {
+    const char16_t* label;
+    int minutes;
+};
+
+constexpr std::array<Duration, 4> durations{{
+    {u"10 minutes", 10},
+    {u"1 hour", 60},
+    {u"2 hours", 120},
+    {u"All day (16 h)", 960},
+}};
+
+TrayMenuEntry command(int id, const QString& label)
+{
+    TrayMenuEntry entry;
+    entry.id = id;
+    entry.label = label;
+    return entry;
+}
+
+TrayMenuEntry separator(int id)
+{
+    TrayMenuEntry entry;
+    entry.id = id;
+    entry.isSeparator = true;
+    return entry;
+}
+
+QString imageName(const AwakeCoordinator& coordinator)
+{
+    if (coordinator.isAwake())
+        return u"MenuActive"_s;
+    return coordinator.isPaused() ? u"MenuIdle"_s : u"MenuLooking"_s;
+}
+
+QString joined(const QString& subtitle, const QString& details)
+{
+    return details.isEmpty() ? subtitle : subtitle + u" · "_s + details;
+}
+
+void call(const std::function<void()>& callback)
+{
+    if (callback)
+        callback();
+}
+
+} // namespace
+
+TrayPresenter::TrayPresenter(AwakeCoordinator& coordinator, AppSettings& settings, TrayItem& tray, Clock& clock)
+    : m_coordinator(coordinator)
+    , m_settings(settings)
+    , m_tray(tray)
+{
+    m_tray.onActivate = [this](int x, int y, const QString& activationToken) {
+        if (onOpenPanel)
+            onOpenPanel(x, y, activationToken);
+    };
+    m_tray.onMenuActivated = [this](int id) { carryOut(id); };
+    connect(&m_coordinator, &AwakeCoordinator::evaluated, this, &TrayPresenter::update);
+    m_hostDeadline = clock.after(hostPatience, [this] {
+        m_hostDeadline.reset();
+        if (!m_tray.hasHost())
+            qCInfo(logSystem, "no panel shows the tray item; the application goes on without it");
+    });
+    update();
+}
+
+TrayPresenter::~TrayPresenter()
+{
+    m_tray.onActivate = {};
+    m_tray.onMenuActivated = {};
+}
+
+void TrayPresenter::update()
+{
+    m_tray.setAppearance({
+        .imageName = imageName(m_coordinator),
+        .title = m_coordinator.title(),
+        .tooltipTitle = m_coordinator.statusReason(),
+        .tooltipBody = joined(m_coordinator.statusSubtitle(), m_coordinator.statusDetails()),
+    });
+    m_tray.setMenu(menu());
+}
+
+TrayMenu TrayPresenter::menu() const
+{
+    TrayMenuEntry statusLine = command(Entry::status, m_coordinator.statusReason());
+    statusLine.isEnabled = false;
+    TrayMenuEntry onOffSwitch = command(Entry::onOff, u"Tarvik"_s);
+    onOffSwitch.isChecked = m_settings.isEnabled();
+    return {
+        statusLine,
+        separator(Entry::separatorAboveSwitch),
+        onOffSwitch,
+        sessionEntry(),
+        command(Entry::lockAndLeave, u"Lock & leave"_s),
+        separator(Entry::separatorAboveSettings),
+        command(Entry::openSettings, u"Settings…"_s),
+        command(Entry::quit, u"Quit Tarvik"_s),
+    };
+}
+
+TrayMenuEntry TrayPresenter::sessionEntry() const
+{
+    const bool isRunning = m_coordinator.isTimedSessionActive();
+    TrayMenuEntry entry = command(Entry::session, isRunning ? u"Change session…"_s : u"Keep awake for…"_s);
+    for (std::size_t i = 0; i < durations.size(); ++i) {
+        const int id = Entry::firstDuration + static_cast<int>(i);
+        entry.entries.push_back(command(id, QString::fromUtf16(durations.at(i).label)));
+    }
+    if (isRunning) {
+        entry.entries.push_back(separator(Entry::separatorAboveCancel));
+        entry.entries.push_back(command(Entry::cancelTimer, u"Cancel timer"_s));
+    }
+    return entry;
+}
+
+void TrayPresenter::carryOut(int id)
+{
+    switch (id) {
+    case Entry::onOff:
+        m_settings.setIsEnabled(!m_settings.isEnabled());
+        return;
+    case Entry::cancelTimer:
+        m_coordinator.setTimedSession({});
+        return;
+    case Entry::lockAndLeave:
+        call(onLock);
+        return;
+    case Entry::openSettings:
+        call(onOpenSettings);
+        return;
+    case Entry::quit:
+        call(onQuit);
+        return;
+    default:
+        break;
+    }
+    const int duration = id - Entry::firstDuration;
+    if (duration >= 0 && duration < static_cast<int>(durations.size()))
+        m_coordinator.setTimedSession(durations.at(static_cast<std::size_t>(duration)).minutes);
+}
+
+} // namespace Tarvik

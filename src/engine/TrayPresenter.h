@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/TrayItem.h"
+
+#include <QObject>
+
+namespace Tarvik {
+
+class AppSettings;
+class AwakeCoordinator;
+
+/// Shows the coordinator's state as the item in the panel and carries out what its menu offers.
+class TrayPresenter final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Takes over the callbacks of `tray`. Everything passed in must outlive the presenter.
+    TrayPresenter(AwakeCoordinator& coordinator, AppSettings& settings, TrayItem& tray, Clock& clock);
+    ~TrayPresenter() override;
+
+    /// The item was clicked; see TrayItem::onActivate.
+    std::function<void(int x, int y, const QString& activationToken)> onOpenPanel;
+    std::function<void()> onLock;
+    std::function<void()> onOpenSettings;
+    std::function<void()> onQuit;
+
+private:
+    void update();
+    TrayMenu menu() const;
+    TrayMenuEntry sessionEntry() const;
+    void carryOut(int id);
+
+    AwakeCoordinator& m_coordinator;
+    AppSettings& m_settings;
+    TrayItem& m_tray;
+    std::unique_ptr<Timer> m_hostDeadline;
+};
+
+} // namespace Tarvik
