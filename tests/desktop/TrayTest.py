@@ -1,0 +1,184 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""TrayTest.py PROBE ICON_DIRECTORY: our item in a real panel, seen and clicked in the virtual desktop."""
+import os
+import pathlib
+import queue
+import re
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+DEADLINE = 15
+WATCHER = "org.kde.StatusNotifierWatcher /StatusNotifierWatcher org.kde.StatusNotifierWatcher"
+
+
+def output(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True).stdout
+
+
+class Program:
+    """A program that is running; it ends with its input."""
+
+    def __init__(self, *command, **environment):
+        self.process = subprocess.Popen(
+            command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env={**os.environ, **environment})
+        self.lines = queue.Queue()
+        self.reader = threading.Thread(target=self.read)
+        self.reader.start()
+
+    def read(self):
+        for line in self.process.stdout:
+            self.lines.put(line.rstrip("\n"))
+
+    def next_line(self):
+        return self.lines.get(timeout=DEADLINE)
+
+    def tell(self, line):
+        self.process.stdin.write(f"{line}\n")
+        self.process.stdin.flush()
+
+    def end(self):
+        self.process.terminate()
+        self.process.stdin.close()
+        self.process.wait(DEADLINE)
+        self.reader.join(DEADLINE)
+        self.process.stdout.close()
+
+
+class TrayTest(unittest.TestCase):
+    probe_command = []
+
+    def setUp(self):
+        self.point_elsewhere()
+
+    def start_probe(self, image="MenuActive"):
+        probe = Program(*self.probe_command, image)
+        self.addCleanup(probe.end)
+        return probe
+
+    def start_panel(self):
+        panel = Program(
+            "xfce4-panel", "--disable-wm-check", NO_AT_BRIDGE="1", XDG_CONFIG_DIRS=f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg")
+        self.addCleanup(panel.end)
+        return panel
+
+    def eventually(self, question, expected):
+        deadline = time.monotonic() + DEADLINE
+        while (seen := question()) != expected:
+            self.assertLess(time.monotonic(), deadline, f"expected {expected!r}, saw {seen!r}")
+            time.sleep(0.05)
+
+    def wrapper_windows(self):
+        """Windows on the screen that belong to the tray's process: the tray, and its menus."""
+        search = ["xdotool", "search", "--onlyvisible", "--class", "wrapper"]
+        return subprocess.run(search, stdout=subprocess.PIPE, text=True, check=False).stdout.split()
+
+    def tray_now(self):
+        """Left, top, width and height of the panel's tray on the screen, as far as there is one with an item in it."""
+        windows = self.wrapper_windows()
+        if len(windows) != 1:
+            return None
+        shell = output("xdotool", "getwindowgeometry", "--shell", windows[0])
+        left, top, width, height = (int(re.search(rf"^{name}=(\d+)$", shell, re.M)[1]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+        return (left, top, width, height) if width > 10 else None
+
+    def picture(self, geometry):
+        """The pixels of a part of the screen."""
+        left, top, width, height = geometry
+        with tempfile.TemporaryDirectory() as directory:
+            file = pathlib.Path(directory, "picture.ppm")
+            subprocess.run(["scrot", "--silent", "--autoselect", f"{left},{top},{width},{height}", str(file)], check=True)
+            pixels = file.read_bytes()[-width * height * 3 :]
+        return [pixels[i : i + 3] for i in range(0, len(pixels), 3)]
+
+    def tray(self):
+        """The same, once it shows something and has stopped moving: the panel shifts its plugins about while it starts."""
+        deadline, seen, since = time.monotonic() + DEADLINE, None, 0
+        while seen is None or time.monotonic() - since < 0.5:
+            self.assertLess(time.monotonic(), deadline, "the panel has no tray that stands still")
+            now = self.tray_now()
+            if now and len(set(self.picture(now))) < 4:
+                now = None
+            if now != seen:
+                seen, since = now, time.monotonic()
+            time.sleep(0.05)
+        return seen
+
+    def point_elsewhere(self):
+        """What the pointer rests on is highlighted and gets a tooltip, which is a window like the tray."""
+        subprocess.run(["xdotool", "mousemove", "400", "400"], check=True)
+
+    def click(self, button, offset=0):
+        self.point_elsewhere()
+        left, top, width, height = self.tray()
+        x, y = left + width // 2 + offset, top + height // 2 + offset
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
+        return x, y
+
+    def test_an_item_that_was_there_first_appears_in_the_panel(self):
+        probe = self.start_probe()
+        with self.assertRaises(queue.Empty):
+            probe.lines.get(timeout=1)
+        self.start_panel()
+        self.assertEqual(probe.next_line(), "hosted")
+        name = f"org.kde.StatusNotifierItem-{probe.process.pid}-1"
+        items = output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems")
+        self.assertEqual(items.strip(), f'as 1 "{name}/StatusNotifierItem"')
+        probe.process.stdin.close()
+        self.eventually(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(), "as 0")
+
+    def test_clicks_arrive_with_their_place_on_the_screen(self):
+        self.start_panel()
+        probe = self.start_probe()
+        self.assertEqual(probe.next_line(), "hosted")
+        for button, offset in ((1, 0), (1, 3), (2, -2)):
+            x, y = self.click(button, offset)
+            self.assertEqual(probe.next_line(), f'activate {x} {y} ""')
+
+    def test_the_menu_opens_and_its_entries_can_be_chosen(self):
+        self.start_panel()
+        probe = self.start_probe()
+        self.assertEqual(probe.next_line(), "hosted")
+        for keys, line in ((("Up", "Right", "Return"), "chosen 5"), (("Down", "Return"), "chosen 3")):
+            self.click(3)
+            self.eventually(lambda: len(self.wrapper_windows()) > 1, True)
+            subprocess.run(["xdotool", "key", "--delay", "100", *keys], check=True)
+            self.assertEqual(probe.next_line(), line)
+
+    def test_each_image_looks_different(self):
+        self.start_panel()
+        probe = self.start_probe()
+        self.assertEqual(probe.next_line(), "hosted")
+        tray = self.tray()
+        active = self.picture(tray)
+        probe.tell("MenuLooking")
+        self.eventually(lambda: self.picture(tray) != active, True)
+        looking = self.picture(tray)
+        probe.tell("MenuIdle")
+        self.eventually(lambda: self.picture(tray) not in (active, looking), True)
+        probe.tell("MenuActive")
+        self.eventually(lambda: self.picture(tray) == active, True)
+
+    def test_a_restarted_panel_shows_the_item_again(self):
+        panel = self.start_panel()
+        probe = self.start_probe()
+        self.assertEqual(probe.next_line(), "hosted")
+        panel.end()
+        self.assertEqual(probe.next_line(), "alone")
+        self.start_panel()
+        self.assertEqual(probe.next_line(), "hosted")
+        x, y = self.click(1)
+        self.assertEqual(probe.next_line(), f'activate {x} {y} ""')
+
+
+if __name__ == "__main__":
+    if "TARVIK_DESKTOP" not in os.environ:
+        desktop = str(pathlib.Path(__file__).resolve().parents[2] / "scripts" / "desktop")
+        os.execv(desktop, [desktop, "--no-panel", "--", sys.executable, *sys.argv])
+    TrayTest.probe_command = sys.argv[1:3]
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)
