@@ -52,9 +52,14 @@ std::optional<Threshold> criticalThreshold(const ThermalZoneReading& zone)
     return hot->temperature <= nearShutdown->temperature ? hot : nearShutdown;
 }
 
+bool isPlausible(double temperature)
+{
+    return temperature > 0 && temperature < hottestPlausible;
+}
+
 void update(HoldLatch& latch, std::optional<double> temperature, std::optional<Threshold> threshold, TimePoint now)
 {
-    if (!temperature || !threshold) {
+    if (!temperature || !isPlausible(*temperature) || !threshold) {
         latch.update(false, true, enterHold, now);
         return;
     }
@@ -66,11 +71,9 @@ void update(HoldLatch& latch, std::optional<double> temperature, std::optional<T
 template <typename Latches>
 void update(Latches& latches, const ThermalZoneReading& zone, TimePoint now)
 {
-    const bool isPlausible = zone.temperature.value_or(0) > 0 && zone.temperature.value_or(0) < hottestPlausible;
-    const auto temperature = isPlausible ? zone.temperature : std::nullopt;
-    update(latches[0], temperature, fairThreshold(zone), now);
-    update(latches[1], temperature, seriousThreshold(zone), now);
-    update(latches[2], temperature, criticalThreshold(zone), now);
+    update(latches[0], zone.temperature, fairThreshold(zone), now);
+    update(latches[1], zone.temperature, seriousThreshold(zone), now);
+    update(latches[2], zone.temperature, criticalThreshold(zone), now);
 }
 
 template <typename Latches>
