@@ -4,9 +4,11 @@
 
 #include <QString>
 
-/// Well-known bus names of the services that hold sleep off, or that tell which desktop is running.
+/// Well-known bus names of the the desktop's services.
 namespace Tarvik::BusNames {
 
+inline const auto kglobalaccel = QStringLiteral("org.kde.kglobalaccel");
+inline const auto desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 inline const auto logind = QStringLiteral("org.freedesktop.login1");
 inline const auto sessionManager = QStringLiteral("org.gnome.SessionManager");
 inline const auto kdePowerManager = QStringLiteral("org.kde.Solid.PowerManagement");
