@@ -14,10 +14,15 @@ namespace Tarvik {
 /// `appear()` to `vanish()`. Give it a connection of its own: QtDBus short-cuts calls within one.
 class FakeDBusService : public QDBusVirtualObject {
 public:
-    FakeDBusService(QDBusConnection bus, QString service, QString path)
+    /// With `objects` set to SubPath, the handler also answers for the objects below.
+    FakeDBusService(QDBusConnection bus,
+        QString service,
+        QString path,
+        QDBusConnection::VirtualObjectRegisterOption objects = QDBusConnection::SingleNode)
         : m_bus(std::move(bus))
         , m_service(std::move(service))
         , m_path(std::move(path))
+        , m_objects(objects)
     {
     }
 
@@ -25,7 +30,7 @@ public:
 
     const QString& service() const { return m_service; }
 
-    bool appear() { return m_bus.registerVirtualObject(m_path, this) && m_bus.registerService(m_service); }
+    bool appear() { return m_bus.registerVirtualObject(m_path, this, m_objects) && m_bus.registerService(m_service); }
 
     void vanish()
     {
@@ -59,6 +64,7 @@ protected:
 private:
     QString m_service;
     QString m_path;
+    QDBusConnection::VirtualObjectRegisterOption m_objects;
 };
 
 } // namespace Tarvik

@@ -104,8 +104,8 @@ void DesktopHotKeys::choose()
     use(nullptr);
     if (m_names.isOwned(BusNames::kglobalaccel))
         use(std::make_unique<KGlobalAccelHotKeys>(m_bus));
-    else if (m_display.isWayland && m_bus.isConnected())
-        use(std::make_unique<PortalOnOwnConnection>());
+    else if (m_display.isWayland)
+        use(m_bus.isConnected() ? std::make_unique<PortalOnOwnConnection>() : nullptr);
     else if (!m_display.x11.isEmpty())
         use(X11HotKeys::connect(m_display.x11));
     if (onStateChange)

@@ -47,7 +47,7 @@ public:
         : m_hotKeys(hotKeys)
         , m_request(request)
         , m_keys(KeyCombination::fromCarbon(request.keyCode, request.modifiers))
-        , m_status(m_keys ? HotKeyStatus::pending : HotKeyStatus::notAvailable)
+        , m_status(m_keys && m_hotKeys.m_bus.isConnected() ? HotKeyStatus::pending : HotKeyStatus::notAvailable)
     {
         m_hotKeys.m_registrations.push_back(this);
         m_hotKeys.restartSoon();

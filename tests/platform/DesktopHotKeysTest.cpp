@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/DesktopHotKeys.h"
+
+#include "fakes/FakeKGlobalAccel.h"
+#include "fakes/FakePortal.h"
+#include "support/TestSupport.h"
+#include "support/VirtualXServer.h"
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+
+class DesktopHotKeysTest : public QObject {
+    Q_OBJECT
+
+    static constexpr std::uint8_t keyA = 38;
+    static constexpr std::uint16_t superAlt = XCB_MOD_MASK_4 | XCB_MOD_MASK_1;
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_server.isRunning()); }
+
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        m_pressed.clear();
+    }
+
+    void cleanup()
+    {
+        m_registration.reset();
+        m_hotKeys.reset();
+    }
+
+    void theShortcutIsPendingUntilTheBusHasAnswered()
+    {
+        start({});
+        QCOMPARE(m_registration->state(), (HotKeyState{QString(), HotKeyStatus::pending}));
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{QString(), HotKeyStatus::notAvailable}));
+    }
+
+    void kGlobalAccelComesFirst()
+    {
+        FakeKGlobalAccel kde(m_services);
+        FakePortal portal(m_others);
+        QVERIFY(kde.appear());
+        QVERIFY(portal.appear());
+        start({.x11 = m_server.display(), .isWayland = true});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
+        QVERIFY(portal.calls.isEmpty());
+        kde.press(u"lock-screen"_s);
+        QTRY_COMPARE(m_pressed, QList<std::uint32_t>{1});
+    }
+
+    void anX11SessionGetsAKeyGrab()
+    {
+        FakePortal portal(m_others);
+        QVERIFY(portal.appear());
+        start({.x11 = m_server.display()});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+        QVERIFY(portal.calls.isEmpty());
+    }
+
+    void aWaylandSessionGetsThePortalAndNotItsXServer()
+    {
+        FakePortal portal(m_others);
+        QVERIFY(portal.appear());
+        start({.x11 = m_server.display(), .isWayland = true});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::registered}));
+        portal.press(u"lock-screen"_s);
+        QTRY_COMPARE(m_pressed, QList<std::uint32_t>{1});
+        const XClient other(m_server);
+        QVERIFY(other.grab(keyA, superAlt));
+    }
+
+    void anXServerThatCannotBeReachedGivesNone()
+    {
+        start({.x11 = ":9876"});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{QString(), HotKeyStatus::notAvailable}));
+    }
+
+    void withoutABusTheXServerIsUsed()
+    {
+        start({.x11 = m_server.display()}, QDBusConnection(u"nowhere"_s));
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+    }
+
+    void withoutABusUnderWaylandThereIsNone()
+    {
+        start({.x11 = m_server.display(), .isWayland = true}, QDBusConnection(u"nowhere"_s));
+        QCOMPARE(m_registration->state(), (HotKeyState{QString(), HotKeyStatus::notAvailable}));
+    }
+
+    void kGlobalAccelThatAppearsLaterTakesOver()
+    {
+        start({.x11 = m_server.display()});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+        FakeKGlobalAccel kde(m_services);
+        QVERIFY(kde.appear());
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
+        const XClient other(m_server);
+        QTRY_VERIFY(other.grab(keyA, superAlt));
+        kde.press(u"lock-screen"_s);
+        QTRY_COMPARE(m_pressed, QList<std::uint32_t>{1});
+    }
+
+    void kGlobalAccelThatGoesLeavesTheXServer()
+    {
+        FakeKGlobalAccel kde(m_services);
+        QVERIFY(kde.appear());
+        start({.x11 = m_server.display()});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
+        kde.vanish();
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+    }
+
+    void anotherKGlobalAccelIsToldOfTheShortcut()
+    {
+        FakeKGlobalAccel kde(m_services);
+        QVERIFY(kde.appear());
+        start({});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
+        kde.vanish();
+        FakeKGlobalAccel next(m_others);
+        QVERIFY(next.appear());
+        QTRY_COMPARE(next.active.size(), 2);
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
+        next.press(u"lock-screen"_s);
+        QTRY_COMPARE(m_pressed, QList<std::uint32_t>{1});
+    }
+
+    void everyChangeOfTheStateIsTold()
+    {
+        QList<HotKeyState> states;
+        m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{});
+        m_hotKeys->onStateChange = [&] { states.append(m_registration->state()); };
+        m_registration = m_hotKeys->registerHotKey(lock());
+        QTRY_COMPARE(states.size(), 1);
+        FakeKGlobalAccel kde(m_services);
+        QVERIFY(kde.appear());
+        QTRY_COMPARE(states.size(), 3);
+        QCOMPARE(states,
+            (QList<HotKeyState>{{QString(), HotKeyStatus::notAvailable},
+                {u"KGlobalAccel"_s, HotKeyStatus::pending},
+                {u"KGlobalAccel"_s, HotKeyStatus::registered}}));
+    }
+
+private:
+    static HotKeyRequest lock()
+    {
+        return {.id = 1,
+            .keyCode = KeyCodes::ansiA,
+            .modifiers = KeyModifiers::command | KeyModifiers::option,
+            .purpose = {.name = u"lock-screen"_s, .description = u"Lock the screen"_s}};
+    }
+
+    void start(const DesktopHotKeys::Display& display) { start(display, m_client); }
+    void start(const DesktopHotKeys::Display& display, const QDBusConnection& bus)
+    {
+        m_hotKeys = std::make_unique<DesktopHotKeys>(bus, display);
+        m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
+        m_registration = m_hotKeys->registerHotKey(lock());
+    }
+
+    VirtualXServer m_server;
+    QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
+    QDBusConnection m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);
+    QDBusConnection m_others = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"others"_s);
+    std::unique_ptr<DesktopHotKeys> m_hotKeys;
+    std::unique_ptr<HotKeyRegistration> m_registration;
+    QList<std::uint32_t> m_pressed;
+};
+
+QTEST_GUILESS_MAIN(DesktopHotKeysTest)
+#include "DesktopHotKeysTest.moc"
