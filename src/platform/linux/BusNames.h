@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Well-known bus names of the the desktop's services.
+/// Well-known bus names of the desktop's services.
 namespace Tarvik::BusNames {
 
 inline const auto kglobalaccel = QStringLiteral("org.kde.kglobalaccel");
@@ -16,5 +16,9 @@ inline const auto xfcePowerManager = QStringLiteral("org.xfce.PowerManager");
 inline const auto lxqtSession = QStringLiteral("org.lxqt.session");
 inline const auto powerManagement = QStringLiteral("org.freedesktop.PowerManagement");
 inline const auto screenSaver = QStringLiteral("org.freedesktop.ScreenSaver");
+inline const auto gnomeScreenSaver = QStringLiteral("org.gnome.ScreenSaver");
+inline const auto mateScreenSaver = QStringLiteral("org.mate.ScreenSaver");
+inline const auto cinnamonScreenSaver = QStringLiteral("org.cinnamon.ScreenSaver");
+inline const auto xfceSessionManager = QStringLiteral("org.xfce.SessionManager");
 
 } // namespace Tarvik::BusNames
