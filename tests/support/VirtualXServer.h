@@ -65,6 +65,8 @@ public:
     xcb_connection_t* connection() const { return m_connection; }
     xcb_window_t root() const { return m_root; }
 
+    /// Presses after so many milliseconds of the server's time.
+    void pressLater(std::uint8_t keyCode, std::uint32_t delay) const { fake(XCB_KEY_PRESS, keyCode, delay); }
     void press(std::uint8_t keyCode) const { fake(XCB_KEY_PRESS, keyCode); }
     void release(std::uint8_t keyCode) const { fake(XCB_KEY_RELEASE, keyCode); }
 
@@ -91,9 +93,9 @@ public:
     }
 
 private:
-    void fake(std::uint8_t type, std::uint8_t keyCode) const
+    void fake(std::uint8_t type, std::uint8_t keyCode, std::uint32_t delay = XCB_CURRENT_TIME) const
     {
-        xcb_test_fake_input(m_connection, type, keyCode, XCB_CURRENT_TIME, m_root, 0, 0, 0);
+        xcb_test_fake_input(m_connection, type, keyCode, delay, m_root, 0, 0, 0);
         settle();
     }
 

@@ -42,6 +42,7 @@ std::optional<pid_t> spawn(std::vector<QByteArray> arguments)
     posix_spawnattr_setsigdefault(&attributes, &signals);
 
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (QByteArray& argument : arguments)
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);

@@ -53,6 +53,9 @@ std::uint16_t modifiersOf(const KeyCombination& keys)
 /// The upper bits of an event's state are pointer buttons and the keyboard layout.
 constexpr unsigned int modifierBits = 0xff;
 
+/// Longer than a held key takes by default to repeat for the first time, 660 ms.
+constexpr std::uint32_t repetitionMilliseconds = 700;
+
 } // namespace
 
 class X11HotKeys::Registration final : public HotKeyRegistration {
@@ -177,7 +180,7 @@ bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& pressed)
         } else if (event->response_type == XCB_KEY_PRESS) {
             // What a program has sent, and not the keyboard, has another bit set.
             const auto& press = reinterpret_cast<const xcb_key_press_event_t&>(*event);
-            takePress(press.detail, press.state & modifierBits, pressed);
+            takePress(press.detail, press.state & modifierBits, press.time, pressed);
         } else if (event->response_type == XCB_MAPPING_NOTIFY) {
             if (reinterpret_cast<const xcb_mapping_notify_event_t&>(*event).request != XCB_MAPPING_POINTER)
                 requestKeyMap();
@@ -186,16 +189,24 @@ bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& pressed)
     return hadSome;
 }
 
-void X11HotKeys::takePress(X11KeyMap::KeyCode key, unsigned int modifiers, std::vector<std::uint32_t>& pressed)
+void X11HotKeys::takePress(
+    X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& pressed)
 {
-    for (const HotKey& hotKey : m_hotKeys) {
-        const auto isHit = [&](const Grab& grab) { return grab.keyCode == key && grab.modifiers == modifiers; };
-        if (std::ranges::any_of(hotKey.grabs, isHit))
-            pressed.push_back(hotKey.id);
-    }
     // The press has brought the whole keyboard to us until the key is released. A screen locker that wants the keyboard
     // would be refused until then.
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
+    const auto isHit = [&](const Grab& grab) { return grab.keyCode == key && grab.modifiers == modifiers; };
+    const auto it = std::ranges::find_if(
+        m_hotKeys, [&](const HotKey& hotKey) { return std::ranges::any_of(hotKey.grabs, isHit); });
+    if (it != m_hotKeys.end() && !isRepetition(key, time))
+        pressed.push_back(it->id);
+}
+
+bool X11HotKeys::isRepetition(X11KeyMap::KeyCode key, std::uint32_t time)
+{
+    // Without the keyboard the release is not seen, so that only time tells a key that is held.
+    const std::uint32_t elapsed = time - std::exchange(m_lastPressTime, time);
+    return std::exchange(m_lastKey, key) == key && elapsed < repetitionMilliseconds;
 }
 
 void X11HotKeys::takeRefusal(unsigned int sequence)

@@ -57,7 +57,9 @@ private:
     void process();
     void processSoon();
     bool takeEvents(std::vector<std::uint32_t>& pressed);
-    void takePress(X11KeyMap::KeyCode key, unsigned int modifiers, std::vector<std::uint32_t>& pressed);
+    void takePress(
+        X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& pressed);
+    bool isRepetition(X11KeyMap::KeyCode key, std::uint32_t time);
     void takeRefusal(unsigned int sequence);
     bool takeKeyMap();
     bool takeGrabResults(std::vector<std::uint32_t>& pressed);
@@ -76,6 +78,8 @@ private:
     unsigned int m_symbolsRequest = 0;
     unsigned int m_modifiersRequest = 0;
     unsigned int m_grabsDoneRequest = 0;
+    X11KeyMap::KeyCode m_lastKey = 0;
+    std::uint32_t m_lastPressTime = 0;
     bool m_isProcessingScheduled = false;
     bool m_hasStateChanged = false;
 };
