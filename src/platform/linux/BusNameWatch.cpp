@@ -3,6 +3,7 @@
 #include "platform/linux/BusNameWatch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Tarvik {
 
@@ -29,12 +30,14 @@ void BusNameWatch::readNames(const QDBusMessage& answer)
 {
     m_listing.reset();
     m_known = true;
+    const QStringList toldBySignal = std::exchange(m_toldBySignal, {});
     if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "as"_L1) {
         const QStringList owned = answer.arguments().constFirst().toStringList();
         const QStringList watched = m_watcher.watchedServices();
-        m_owned.clear();
-        std::ranges::copy_if(
-            watched, std::back_inserter(m_owned), [&](const QString& name) { return owned.contains(name); });
+        // QtDBus may hand over a signal ahead of an older answer, so what a signal told stands.
+        std::ranges::copy_if(watched, std::back_inserter(m_owned), [&](const QString& name) {
+            return owned.contains(name) && !toldBySignal.contains(name);
+        });
     }
     if (onKnown)
         onKnown();
@@ -45,7 +48,9 @@ void BusNameWatch::setOwner(const QString& name, const QString& owner)
     m_owned.removeOne(name);
     if (!owner.isEmpty())
         m_owned.append(name);
-    if (m_known && onOwnerChange)
+    if (!m_known)
+        m_toldBySignal.append(name);
+    else if (onOwnerChange)
         onOwnerChange(name);
 }
 

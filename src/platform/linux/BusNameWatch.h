@@ -34,6 +34,8 @@ private:
 
     QDBusServiceWatcher m_watcher;
     QStringList m_owned;
+    /// Names that changed hands while the bus was still being asked.
+    QStringList m_toldBySignal;
     bool m_known = false;
     DBusCall m_listing;
 };
