@@ -8,6 +8,7 @@
 #include "engine/StatusText.h"
 #include "hooks/HookConfig.h"
 #include "hooks/HookMonitor.h"
+#include "hotkey/LockScreen.h"
 #include "journal/Journal.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
@@ -26,6 +27,12 @@ AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services,
 {
     mirrorLaunchAtLogin(services.loginItem, m_parts.settings);
     listen();
+    m_lockHotKey.emplace(
+        services.hotKeys,
+        LockShortcut::keyCode,
+        LockShortcut::modifiers,
+        [&screenLock = services.screenLock] { lockScreen(screenLock); },
+        LockShortcut::purpose());
     if (m_parts.settings.notifyOnPause() || m_parts.settings.notifyOnToggle())
         m_notifications.requestAuthorization();
     HookConfig::refreshOutdated(hookPaths.home, hookPaths.tool);

@@ -5,6 +5,7 @@
 #include "engine/AwakeRules.h"
 #include "engine/Notifications.h"
 #include "engine/TransitionRecorder.h"
+#include "hotkey/HotKey.h"
 #include "platform/Clock.h"
 #include "platform/PowerAssertions.h"
 
@@ -17,10 +18,12 @@ namespace Tarvik {
 
 class AppSettings;
 class HookMonitor;
+class HotKeyCenter;
 class Journal;
 class LoginItem;
 class PowerMonitor;
 class ProcessMonitor;
+class ScreenLock;
 class ThermalMonitor;
 
 /// The heart of the application: listens to every monitor and to the settings, decides whether to keep the machine
@@ -52,6 +55,8 @@ public:
         PowerAssertions& assertions;
         LoginItem& loginItem;
         UserNotifications& notifications;
+        HotKeyCenter& hotKeys;
+        ScreenLock& screenLock;
         Clock& clock;
     };
 
@@ -85,6 +90,9 @@ public:
 
     /// Starts a timed session of so many minutes, in place of a running one, or ends the running one.
     void setTimedSession(std::optional<int> minutes);
+
+    /// Whether the shortcut that locks the screen is ours.
+    HotKeyState lockHotKeyState() const { return m_lockHotKey->state(); }
 
     /// Decides anew and acts on it; called on every change.
     void evaluate();
@@ -130,6 +138,7 @@ private:
     std::optional<TimePoint> m_timedSessionEnd;
     std::unique_ptr<Timer> m_sessionTimer;
     std::unique_ptr<Timer> m_minuteTimer;
+    std::optional<HotKey> m_lockHotKey;
     std::unique_ptr<PowerAssertion> m_systemAssertion;
     std::unique_ptr<PowerAssertion> m_displayAssertion;
     std::optional<bool> m_wasOnAC;

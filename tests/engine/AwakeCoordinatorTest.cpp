@@ -520,6 +520,16 @@ private Q_SLOTS:
         QCOMPARE(m->coordinator->statusDetails(), u"charging 63% · running very hot"_s);
     }
 
+    void theShortcutLocksTheScreenForAsLongAsTheCoordinatorLives()
+    {
+        m->start();
+        m->hotKeys.press(KeyCodes::ansiA, KeyModifiers::command | KeyModifiers::option);
+        QCOMPARE(m->screenLock.requests, 1);
+        QCOMPARE(m->coordinator->lockHotKeyState().status, HotKeyStatus::registered);
+        m->coordinator.reset();
+        QVERIFY(m->hotKeys.registered.isEmpty());
+    }
+
     void destroyingTheCoordinatorReleasesEverythingAndSilencesTheMonitors()
     {
         m->store.values[u"keepDisplayAwake"_s] = true;

@@ -6,17 +6,20 @@
 #include "engine/AwakeCoordinator.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeHookChannel.h"
+#include "fakes/FakeHotKeys.h"
 #include "fakes/FakeLidSensor.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakePowerAssertions.h"
 #include "fakes/FakePowerSources.h"
 #include "fakes/FakeProcessTable.h"
 #include "fakes/FakeRunningApplications.h"
+#include "fakes/FakeScreenLock.h"
 #include "fakes/FakeSettingsStore.h"
 #include "fakes/FakeThermalState.h"
 #include "fakes/FakeUserNotifications.h"
 #include "hooks/HookConfig.h"
 #include "hooks/HookMonitor.h"
+#include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
@@ -44,7 +47,7 @@ public:
         journal.emplace(store, clock);
         hooks.emplace(channel, clock);
         coordinator.emplace(AwakeCoordinator::Parts{*settings, *power, *process, *thermal, *journal, *hooks},
-            AwakeCoordinator::Services{assertions, loginItem, notifications, clock},
+            AwakeCoordinator::Services{assertions, loginItem, notifications, hotKeyCenter, screenLock, clock},
             AwakeCoordinator::HookPaths{home.path(), QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")});
     }
 
@@ -100,6 +103,9 @@ public:
     FakePowerAssertions assertions;
     FakeLoginItem loginItem;
     FakeUserNotifications notifications;
+    FakeHotKeys hotKeys;
+    FakeScreenLock screenLock;
+    HotKeyCenter hotKeyCenter{hotKeys};
 
     std::optional<AppSettings> settings;
     std::optional<PowerMonitor> power;
