@@ -88,6 +88,9 @@ std::string statusText(const StatusReport& report)
     add("Heat", heatText(report));
     if (report.isLidClosed)
         add("Lid", "closed");
+    if (!report.lockShortcut.empty())
+        add("Lock key", report.lockShortcut);
+    add("Tray", report.isTrayShown ? "shown" : "not shown: no panel offers a place");
     if (!report.version.empty())
         add("Version", report.version);
     return text;
@@ -175,6 +178,8 @@ static void writeReport(JsonObject& object, const StatusReport& report)
     object.add("lidClosed", report.isLidClosed);
     object.add("thermalState", report.thermalState);
     object.add("isHot", report.isHot);
+    object.add("lockShortcut", report.lockShortcut);
+    object.add("trayShown", report.isTrayShown);
     object.add("version", report.version);
 }
 

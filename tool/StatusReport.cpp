@@ -64,7 +64,7 @@ struct Property {
 
 } // namespace
 
-static constexpr std::array<Property, 17> properties{{
+static constexpr std::array<Property, 19> properties{{
     {StatusWire::titleProperty, "s", [](DBusReader& reader, StatusReport& report) { report.title = reader.string(); }},
     {StatusWire::reasonProperty,
         "s",
@@ -107,6 +107,12 @@ static constexpr std::array<Property, 17> properties{{
         "u",
         [](DBusReader& reader, StatusReport& report) { report.thermalState = reader.uint32(); }},
     {StatusWire::isHotProperty, "b", [](DBusReader& reader, StatusReport& report) { report.isHot = reader.boolean(); }},
+    {StatusWire::lockShortcutProperty,
+        "s",
+        [](DBusReader& reader, StatusReport& report) { report.lockShortcut = reader.string(); }},
+    {StatusWire::trayProperty,
+        "b",
+        [](DBusReader& reader, StatusReport& report) { report.isTrayShown = reader.boolean(); }},
     {StatusWire::versionProperty,
         "s",
         [](DBusReader& reader, StatusReport& report) { report.version = reader.string(); }},

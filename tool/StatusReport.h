@@ -53,6 +53,9 @@ struct StatusReport {
     bool isLidClosed = false;
     unsigned thermalState = 0;
     bool isHot = false;
+    /// In words, with who delivers it.
+    std::string lockShortcut;
+    bool isTrayShown = false;
     std::string version;
 
     bool operator==(const StatusReport&) const = default;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
+#include "platform/linux/DesktopHotKeys.h"
 #include "platform/linux/DesktopPowerAssertions.h"
 #include "platform/linux/DesktopRunningApplications.h"
+#include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/FallbackPowerSources.h"
 #include "platform/linux/FreedesktopNotifications.h"
 #include "platform/linux/InstalledAppBundle.h"
@@ -11,6 +13,7 @@
 #include "platform/linux/LogindLidSensor.h"
 #include "platform/linux/PsProcessTable.h"
 #include "platform/linux/SessionBusHookChannel.h"
+#include "platform/linux/StatusNotifierTrayItem.h"
 #include "platform/linux/SysfsPowerSources.h"
 #include "platform/linux/SysfsThermalState.h"
 #include "platform/linux/UPowerPowerSources.h"
@@ -36,6 +39,11 @@ QStringList systemConfigDirectories()
     return QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation).mid(1);
 }
 
+bool isWayland()
+{
+    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
 } // namespace
 
 LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
@@ -55,6 +63,10 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , loginItem(std::make_unique<XdgAutostartLoginItem>(
           configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
     , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus))
+    , hotKeys(std::make_unique<DesktopHotKeys>(
+          sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}))
+    , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
+    , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.location + u"/Contents/Resources/icons"_s))
 {
 }
 

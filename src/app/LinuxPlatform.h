@@ -5,13 +5,16 @@
 #include "core/SettingsStore.h"
 #include "platform/AppBundle.h"
 #include "platform/HookChannel.h"
+#include "platform/HotKeys.h"
 #include "platform/LidSensor.h"
 #include "platform/LoginItem.h"
 #include "platform/PowerAssertions.h"
 #include "platform/PowerSources.h"
 #include "platform/ProcessTable.h"
 #include "platform/RunningApplications.h"
+#include "platform/ScreenLock.h"
 #include "platform/ThermalState.h"
+#include "platform/TrayItem.h"
 #include "platform/UserNotifications.h"
 #include "platform/linux/DesktopFiles.h"
 #include "platform/linux/TimerfdClock.h"
@@ -41,6 +44,9 @@ struct LinuxPlatform {
     std::unique_ptr<PowerAssertions> powerAssertions;
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<UserNotifications> userNotifications;
+    std::unique_ptr<HotKeys> hotKeys;
+    std::unique_ptr<ScreenLock> screenLock;
+    std::unique_ptr<TrayItem> trayItem;
 };
 
 } // namespace Tarvik

@@ -6,7 +6,9 @@
 #include "bus/StatusObject.h"
 #include "core/AppSettings.h"
 #include "engine/AwakeCoordinator.h"
+#include "engine/TrayPresenter.h"
 #include "hooks/HookMonitor.h"
+#include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
@@ -28,8 +30,10 @@ private:
     ThermalMonitor m_thermal;
     Journal m_journal;
     HookMonitor m_hooks;
+    HotKeyCenter m_hotKeys;
     AwakeCoordinator m_coordinator;
     StatusObject m_status;
+    TrayPresenter m_tray;
 };
 
 } // namespace Tarvik

@@ -7,6 +7,7 @@
 #include "monitors/PowerMonitor.h"
 #include "monitors/ThermalMonitor.h"
 #include "platform/StatusWire.h"
+#include "platform/TrayItem.h"
 
 #include <QDBusMessage>
 #include <QMetaProperty>
@@ -31,11 +32,15 @@ StatusObject::StatusObject(const Sources& sources, const QString& version, const
         announceSoon();
     });
     m_sources.assertions.onHoldsChange = [this] { announceSoon(); };
+    m_sources.hotKeys.onStateChange = [this] { announceSoon(); };
+    m_sources.tray.onHostChange = [this] { announceSoon(); };
 }
 
 StatusObject::~StatusObject()
 {
     m_sources.assertions.onHoldsChange = nullptr;
+    m_sources.hotKeys.onStateChange = nullptr;
+    m_sources.tray.onHostChange = nullptr;
 }
 
 QString StatusObject::title() const
@@ -133,6 +138,18 @@ uint StatusObject::thermalState() const
 bool StatusObject::isHot() const
 {
     return m_sources.thermal.isHot();
+}
+
+QString StatusObject::lockShortcut() const
+{
+    const HotKeyState state = m_sources.coordinator.lockHotKeyState();
+    const QString status = hotKeyStatusText(state.status);
+    return state.provider.isEmpty() ? status : status + u" ("_s + state.provider + u')';
+}
+
+bool StatusObject::isTrayShown() const
+{
+    return m_sources.tray.hasHost();
 }
 
 void StatusObject::announceSoon()

@@ -13,9 +13,11 @@ namespace Tarvik {
 
 class AwakeCoordinator;
 class Clock;
+class HotKeys;
 class HookMonitor;
 class PowerMonitor;
 class ThermalMonitor;
+class TrayItem;
 
 /// What Tarvik is doing and why, under the names of com.morvanta.Tarvik.Status1; the generated adaptor puts it on the
 /// bus. Changes are announced by PropertiesChanged, once for each turn of the event loop.
@@ -38,6 +40,8 @@ class StatusObject : public QObject {
     Q_PROPERTY(bool LidClosed READ lidClosed)
     Q_PROPERTY(uint ThermalState READ thermalState)
     Q_PROPERTY(bool IsHot READ isHot)
+    Q_PROPERTY(QString LockShortcut READ lockShortcut)
+    Q_PROPERTY(bool TrayShown READ isTrayShown)
     Q_PROPERTY(QString Version READ version)
     // clang-format on
 
@@ -49,6 +53,8 @@ public:
         const ThermalMonitor& thermal;
         const HookMonitor& hooks;
         PowerAssertions& assertions;
+        HotKeys& hotKeys;
+        TrayItem& tray;
         const Clock& clock;
     };
 
@@ -71,6 +77,8 @@ public:
     bool lidClosed() const;
     uint thermalState() const;
     bool isHot() const;
+    QString lockShortcut() const;
+    bool isTrayShown() const;
     QString version() const { return m_version; }
 
 private:

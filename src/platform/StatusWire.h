@@ -26,6 +26,8 @@ inline constexpr auto batteryPercentProperty = "BatteryPercent";
 inline constexpr auto lidClosedProperty = "LidClosed";
 inline constexpr auto thermalStateProperty = "ThermalState";
 inline constexpr auto isHotProperty = "IsHot";
+inline constexpr auto lockShortcutProperty = "LockShortcut";
+inline constexpr auto trayProperty = "TrayShown";
 inline constexpr auto versionProperty = "Version";
 
 inline constexpr auto leasesSignature = "a(sssdd)";

@@ -95,6 +95,8 @@ static StatusReport sample()
     report.assertions = {{"PreventUserIdleSystemSleep", "logind", "idle", false}};
     report.hasBattery = true;
     report.batteryPercent = 62;
+    report.lockShortcut = "registered (X11)";
+    report.isTrayShown = true;
     report.version = "1.2.3";
     return report;
 }
@@ -152,6 +154,8 @@ private Q_SLOTS:
                                                 "  Holds     PreventUserIdleSystemSleep: idle (logind), not confirmed\n"
                                                 "  Power     battery, battery at 62 %\n"
                                                 "  Heat      normal\n"
+                                                "  Lock key  registered (X11)\n"
+                                                "  Tray      shown\n"
                                                 "  Version   1.2.3\n");
         QCOMPARE(QString::fromStdString(statusText(sample())), expected);
     }
@@ -191,12 +195,14 @@ private Q_SLOTS:
             QStringLiteral("isRunning"),
             QStringLiteral("leases"),
             QStringLiteral("lidClosed"),
+            QStringLiteral("lockShortcut"),
             QStringLiteral("onAC"),
             QStringLiteral("reason"),
             QStringLiteral("sessionEnd"),
             QStringLiteral("subtitle"),
             QStringLiteral("thermalState"),
             QStringLiteral("title"),
+            QStringLiteral("trayShown"),
             QStringLiteral("version")};
         QCOMPARE(object.keys(), keys);
         QCOMPARE(object[QStringLiteral("isRunning")].toBool(), true);

@@ -588,7 +588,8 @@ class FakeTarvik:
         "Leases": ("a(sssdd)", [("claude:1", "claude", "", 1.5e9, 600.0), ("k", "make", "why", 1.5e9, 12.5)]),
         "SessionEnd": ("d", 0.0), "Assertions": ("a(sssb)", [("PreventUserIdleSystemSleep", "logind", "idle", True)]),
         "OnAC": ("b", False), "HasBattery": ("b", True), "BatteryPercent": ("i", 62), "LidClosed": ("b", False),
-        "ThermalState": ("u", 0), "IsHot": ("b", False), "Version": ("s", "1.2.3"),
+        "ThermalState": ("u", 0), "IsHot": ("b", False), "LockShortcut": ("s", "registered (X11)"),
+        "TrayShown": ("b", True), "Version": ("s", "1.2.3"),
     }
 
     def __init__(self, address, **changes):
@@ -693,7 +694,7 @@ class StatusTest(ToolTestCase):
                     {"type": "PreventUserIdleSystemSleep", "service": "logind", "what": "idle", "effective": True}
                 ],
                 "onAC": False, "hasBattery": True, "batteryPercent": 62, "lidClosed": False, "thermalState": 0,
-                "isHot": False, "version": "1.2.3",
+                "isHot": False, "lockShortcut": "registered (X11)", "trayShown": True, "version": "1.2.3",
             },
         )
 
