@@ -9,9 +9,6 @@
 #include "platform/StatusWire.h"
 #include "platform/TrayItem.h"
 
-#include <QDBusMessage>
-#include <QMetaProperty>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -21,19 +18,22 @@ namespace Tarvik {
 StatusObject::StatusObject(const Sources& sources, const QString& version, const QDBusConnection& bus)
     : m_sources(sources)
     , m_version(version)
-    , m_bus(bus)
+    , m_announcer({.object = *this,
+                      .metaObject = staticMetaObject,
+                      .interface = QString::fromLatin1(StatusWire::interfaceName),
+                      .withoutValue = {QString::fromLatin1(StatusWire::leasesProperty)}},
+          bus)
 {
     registerStatusTypes();
-    m_announced = values();
-    connect(&sources.coordinator, &AwakeCoordinator::evaluated, this, &StatusObject::announceSoon);
-    connect(&sources.coordinator, &AwakeCoordinator::timedSessionEndChanged, this, &StatusObject::announceSoon);
-    connect(&sources.hooks, &HookMonitor::sessionsChanged, this, [this] {
-        m_haveLeasesChanged = true;
-        announceSoon();
+    const auto& coordinator = sources.coordinator;
+    connect(&coordinator, &AwakeCoordinator::evaluated, &m_announcer, &PropertyAnnouncer::announceSoon);
+    connect(&coordinator, &AwakeCoordinator::timedSessionEndChanged, &m_announcer, &PropertyAnnouncer::announceSoon);
+    connect(&sources.hooks, &HookMonitor::sessionsChanged, &m_announcer, [this] {
+        m_announcer.invalidateSoon(QString::fromLatin1(StatusWire::leasesProperty));
     });
-    m_sources.assertions.onHoldsChange = [this] { announceSoon(); };
-    m_sources.hotKeys.onStateChange = [this] { announceSoon(); };
-    m_sources.tray.onHostChange = [this] { announceSoon(); };
+    m_sources.assertions.onHoldsChange = [this] { m_announcer.announceSoon(); };
+    m_sources.hotKeys.onStateChange = [this] { m_announcer.announceSoon(); };
+    m_sources.tray.onHostChange = [this] { m_announcer.announceSoon(); };
 }
 
 StatusObject::~StatusObject()
@@ -150,47 +150,6 @@ QString StatusObject::lockShortcut() const
 bool StatusObject::isTrayShown() const
 {
     return m_sources.tray.hasHost();
-}
-
-void StatusObject::announceSoon()
-{
-    if (m_isAnnouncementScheduled)
-        return;
-    m_isAnnouncementScheduled = true;
-    QMetaObject::invokeMethod(this, &StatusObject::announce, Qt::QueuedConnection);
-}
-
-void StatusObject::announce()
-{
-    m_isAnnouncementScheduled = false;
-    const QVariantMap current = values();
-    QVariantMap changed;
-    for (auto it = current.begin(); it != current.end(); ++it) {
-        if (m_announced[it.key()] != it.value())
-            changed[it.key()] = it.value();
-    }
-    m_announced = current;
-    QStringList invalidated;
-    if (std::exchange(m_haveLeasesChanged, false))
-        invalidated.append(QString::fromLatin1(StatusWire::leasesProperty));
-    if (changed.isEmpty() && invalidated.isEmpty())
-        return;
-    auto signal = QDBusMessage::createSignal(
-        QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
-    signal << QString::fromLatin1(StatusWire::interfaceName) << changed << invalidated;
-    m_bus.send(signal);
-}
-
-QVariantMap StatusObject::values() const
-{
-    QVariantMap map;
-    const QMetaObject& meta = staticMetaObject;
-    for (int index = meta.propertyOffset(); index < meta.propertyCount(); ++index) {
-        const QMetaProperty property = meta.property(index);
-        if (qstrcmp(property.name(), StatusWire::leasesProperty) != 0)
-            map[QString::fromLatin1(property.name())] = property.read(this);
-    }
-    return map;
 }
 
 } // namespace Tarvik

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "bus/PropertyAnnouncer.h"
 #include "bus/StatusTypes.h"
 #include "platform/PowerAssertions.h"
 
 #include <QDBusConnection>
 #include <QObject>
-#include <QVariantMap>
 
 namespace Tarvik {
 
@@ -82,17 +82,9 @@ public:
     QString version() const { return m_version; }
 
 private:
-    void announceSoon();
-    void announce();
-    /// Everything but the leases, of which only the fact of a change is announced.
-    QVariantMap values() const;
-
     Sources m_sources;
     QString m_version;
-    QDBusConnection m_bus;
-    QVariantMap m_announced;
-    bool m_isAnnouncementScheduled = false;
-    bool m_haveLeasesChanged = false;
+    PropertyAnnouncer m_announcer;
 };
 
 } // namespace Tarvik

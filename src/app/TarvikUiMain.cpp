@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/CoordinatorMirror.h"
+#include "bus/SettingsMirror.h"
+#include "bus/UiWire.h"
+#include "bus/WindowsAdaptor.h"
+#include "core/Logging.h"
+#include "ui/Appearance.h"
+#include "ui/WindowKeeper.h"
+
+#include <QDBusConnection>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto linger = 60s;
+
+/// Before the application object: on Wayland a client may not place its windows, through Xwayland it may. In software
+/// nothing needs the driver libraries that Wayland's buffer integration would load.
+void choosePlatform()
+{
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY")
+        && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    if (!qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"))
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+/// A desktop that names a font of its own gets it; the last resort of the font configuration is no such choice.
+void chooseFont()
+{
+    QFont font = QGuiApplication::font();
+    const bool isChosen = !font.family().startsWith("Sans"_L1, Qt::CaseInsensitive);
+    if (isChosen || !QFontDatabase::hasFamily(u"Inter"_s))
+        return;
+    font.setFamily(u"Inter"_s);
+    QGuiApplication::setFont(font);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    choosePlatform();
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
+    QGuiApplication::setApplicationName(u"Tarvik"_s);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    chooseFont();
+
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    QObject root;
+    auto* windows = new Tarvik::WindowsAdaptor(root);
+    bus.registerObject(QString::fromLatin1(Tarvik::UiWire::uiObjectPath), &root, QDBusConnection::ExportAdaptors);
+    if (!bus.registerService(QString::fromLatin1(Tarvik::UiWire::uiBusName))) {
+        qCInfo(Tarvik::logSystem, "The windows are shown by another process already");
+        return 0;
+    }
+
+    Tarvik::CoordinatorMirror coordinator(bus);
+    Tarvik::SettingsMirror settings(bus);
+    Tarvik::Appearance appearance(bus);
+    Tarvik::WindowKeeper keeper({coordinator, settings, appearance}, linger);
+    windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
+    windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
+    QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);
+    QObject::connect(&coordinator, &Tarvik::PropertyMirror::lost, &application, &QCoreApplication::quit);
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/CoordinatorMirror.h"
+
+#include "bus/UiWire.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+CoordinatorMirror::CoordinatorMirror(const QDBusConnection& bus)
+    : PropertyMirror(bus, staticMetaObject, QString::fromLatin1(UiWire::coordinatorInterface))
+{
+}
+
+void CoordinatorMirror::setTimedSession(int minutes)
+{
+    call(u"SetTimedSession"_s, {minutes});
+}
+
+void CoordinatorMirror::lockScreen()
+{
+    call(u"LockScreen"_s);
+}
+
+void CoordinatorMirror::quit()
+{
+    call(u"Quit"_s);
+}
+
+} // namespace Tarvik

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QHash>
+#include <QObject>
+#include <QVariantMap>
+
+class QDBusPendingCallWatcher;
+
+namespace Tarvik {
+
+/// An object of the running Tarvik as another process sees it: the base of mirrors, which add typed properties under the
+/// names that the interface has on the bus. Values are read when Tarvik appears and then follow PropertiesChanged; until
+/// then, and of a property that was sent with another type, they are the type's default or the last known value.
+class PropertyMirror : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool connected READ isConnected NOTIFY connectedChanged)
+
+public:
+    /// All values have been read and Tarvik is there.
+    bool isConnected() const { return m_isConnected; }
+
+Q_SIGNALS:
+    void connectedChanged();
+    /// Tarvik is gone, or was not there to begin with.
+    void lost();
+
+protected:
+    /// `metaObject` is that of the mirror's own class, whose properties all have a NOTIFY signal.
+    PropertyMirror(const QDBusConnection& bus, const QMetaObject& metaObject, const QString& interface);
+
+    QVariant value(const char* property) const { return m_values.value(QString::fromLatin1(property)); }
+    /// Takes the value over at once and sends it; what Tarvik made of it is read back after its answer.
+    void write(const char* property, const QVariant& value);
+    void call(const QString& method, const QVariantList& arguments = {});
+
+private Q_SLOTS:
+    void takeChanges(const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
+
+private:
+    void followOwner(const QString& newOwner);
+    void readAll();
+    void take(const QVariantMap& values);
+    void notify(const QString& property);
+    void setConnected(bool connected);
+    QDBusPendingCallWatcher* send(const QString& interface, const QString& method, const QVariantList& arguments);
+
+    QDBusConnection m_bus;
+    const QMetaObject& m_metaObject;
+    QString m_interface;
+    QDBusServiceWatcher m_serviceWatcher;
+    QVariantMap m_values;
+    /// How many writes of a property are under way; meanwhile, announcements may carry an older value.
+    QHash<QString, int> m_writes;
+    QDBusPendingCallWatcher* m_reading = nullptr;
+    bool m_isConnected = false;
+};
+
+} // namespace Tarvik

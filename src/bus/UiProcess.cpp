@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/UiProcess.h"
+
+#include "bus/UiWire.h"
+#include "core/Logging.h"
+#include "platform/UiLauncher.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+namespace {
+
+const auto uiBusName = QString::fromLatin1(UiWire::uiBusName);
+
+constexpr int timeoutMilliseconds = 5000;
+
+} // namespace
+
+UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
+    : m_launcher(launcher)
+    , m_bus(bus)
+    , m_serviceWatcher(uiBusName, bus, QDBusServiceWatcher::WatchForRegistration)
+{
+    connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+        if (const auto wish = std::exchange(m_wish, std::nullopt))
+            send(*wish);
+    });
+    m_launcher.onEnd = [this](const QString& failure) { noticeEnd(failure); };
+}
+
+UiProcess::~UiProcess()
+{
+    m_launcher.onEnd = nullptr;
+}
+
+void UiProcess::showPanel(int x, int y, const QString& activationToken)
+{
+    send({.method = u"ShowPanel"_s, .arguments = {x, y, activationToken}});
+}
+
+void UiProcess::showSettings(const QString& activationToken)
+{
+    send({.method = u"ShowSettings"_s, .arguments = {activationToken}});
+}
+
+void UiProcess::send(const Wish& wish)
+{
+    auto message = QDBusMessage::createMethodCall(uiBusName, QString::fromLatin1(UiWire::uiObjectPath),
+        QString::fromLatin1(UiWire::windowsInterface), wish.method);
+    message.setArguments(wish.arguments);
+    message.setAutoStartService(false);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, timeoutMilliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, wish](QDBusPendingCallWatcher* call) {
+        call->deleteLater();
+        if (!call->isError())
+            return;
+        const QDBusError error = call->error();
+        // Not running, or gone before it had read the call.
+        const bool isGone = error.type() == QDBusError::ServiceUnknown || error.type() == QDBusError::NoReply;
+        if (isGone && !wish.wasLaunchedFor)
+            launchFor(wish);
+        else
+            qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
+    });
+}
+
+void UiProcess::launchFor(Wish wish)
+{
+    wish.wasLaunchedFor = true;
+    m_wish = wish;
+    m_launcher.launch();
+}
+
+void UiProcess::noticeEnd(const QString& failure)
+{
+    auto wish = std::exchange(m_wish, std::nullopt);
+    if (!failure.isEmpty()) {
+        qCWarning(logSystem, "The windows' process failed: %ls", qUtf16Printable(failure));
+        return;
+    }
+    // The wish came while the process was on its way out.
+    if (wish && !std::exchange(wish->wasLaunchedForAgain, true))
+        launchFor(*wish);
+}
+
+} // namespace Tarvik

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusAbstractAdaptor>
+
+#include <functional>
+
+namespace Tarvik {
+
+/// The windows' process on the session bus; com.morvanta.TarvikUi.Windows1.xml is the contract.
+class WindowsAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "com.morvanta.TarvikUi.Windows1")
+
+public:
+    /// `object` is what is registered on the bus and owns the adaptor.
+    explicit WindowsAdaptor(QObject& object)
+        : QDBusAbstractAdaptor(&object)
+    {
+    }
+
+    std::function<void(int x, int y, const QString& activationToken)> onShowPanel;
+    std::function<void(const QString& activationToken)> onShowSettings;
+
+public Q_SLOTS:
+    void ShowPanel(int x, int y, const QString& activationToken);
+    void ShowSettings(const QString& activationToken);
+};
+
+} // namespace Tarvik

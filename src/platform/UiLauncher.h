@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace Tarvik {
+
+/// Starts the process that shows the windows.
+class UiLauncher {
+public:
+    virtual ~UiLauncher() = default;
+
+    /// Starts the process; does nothing while one that was started here still runs.
+    virtual void launch() = 0;
+
+    /// The process could not be started or has ended; `failure` says what went wrong and is empty after a good end.
+    std::function<void(const QString& failure)> onEnd;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/ProcessUiLauncher.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+namespace {
+
+/// A window has nothing to save; it needs no longer to be told.
+constexpr int endMilliseconds = 300;
+
+} // namespace
+
+ProcessUiLauncher::ProcessUiLauncher(const QString& executable)
+{
+    m_process.setProgram(executable);
+    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process.setStandardInputFile(QProcess::nullDevice());
+    QObject::connect(&m_process, &QProcess::errorOccurred, &m_process, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            reportEnd(m_process.program() + u": "_s + m_process.errorString());
+    });
+    QObject::connect(&m_process, &QProcess::finished, &m_process, [this](int code, QProcess::ExitStatus status) {
+        // For a crash, QProcess gives the signal as the exit code.
+        if (status == QProcess::CrashExit)
+            reportEnd(u"it crashed with signal %1"_s.arg(code));
+        else
+            reportEnd(code == 0 ? QString() : u"it ended with status %1"_s.arg(code));
+    });
+}
+
+ProcessUiLauncher::~ProcessUiLauncher()
+{
+    m_process.disconnect();
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.terminate();
+    if (m_process.waitForFinished(endMilliseconds))
+        return;
+    m_process.kill();
+    m_process.waitForFinished(endMilliseconds);
+}
+
+void ProcessUiLauncher::launch()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        m_process.start();
+}
+
+void ProcessUiLauncher::reportEnd(const QString& failure)
+{
+    if (onEnd)
+        onEnd(failure);
+}
+
+} // namespace Tarvik

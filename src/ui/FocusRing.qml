@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// Shows which control the keyboard acts on.
+Rectangle {
+    required property Theme theme
+
+    anchors.fill: parent
+    border.color: theme.focusRing
+    border.width: 2
+    color: "transparent"
+}

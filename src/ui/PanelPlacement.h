@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+/// Where the panel goes. Coordinates are those of the desktop.
+namespace Tarvik::PanelPlacement {
+
+/// One screen as Qt sees it: its origin is in physical pixels, its size in logical ones.
+struct Screen {
+    QRect geometry;
+    /// Without the space of panels.
+    QRect workArea;
+    double devicePixelRatio = 1;
+};
+
+/// Space between the panel and the edges of the work area.
+inline constexpr int margin = 6;
+
+/// Whether a point in physical pixels lies on the screen.
+bool contains(const Screen& screen, QPoint physical);
+/// A point in physical pixels in the screen's logical ones.
+QPoint toLogical(const Screen& screen, QPoint physical);
+
+/// The top left corner of a window of this size that opens from a click at `click`: at the edge of the work area from
+/// where the click came, centred on it as far as the work area allows. A window that is too large starts at its top left.
+QPoint position(QPoint click, QSize window, const QRect& workArea);
+
+} // namespace Tarvik::PanelPlacement

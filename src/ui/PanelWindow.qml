@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// The window of the panel: a surface with a shadow where the desktop can show one.
+Window {
+    id: root
+
+    required property QtObject appearance
+    required property QtObject coordinator
+    required property QtObject settings
+    /// Whether transparent windows are possible.
+    required property bool isComposited
+
+    /// Pixels around the surface that belong to the window but not to what is seen of it.
+    readonly property int shadowExtent: isComposited ? 24 : 0
+
+    signal lockScreen
+    signal openSettings
+    signal quit
+
+    color: isComposited ? "transparent" : theme.panel
+    flags: Qt.Tool | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
+    height: view.implicitHeight + 2 * shadowExtent
+    title: qsTr("Tarvik")
+    width: view.implicitWidth + 2 * shadowExtent
+
+    onVisibleChanged: {
+        if (visible)
+            view.reset();
+    }
+
+    Theme {
+        id: theme
+
+        appearance: root.appearance
+    }
+    Shadow {
+        anchors.fill: surface
+        extent: 18
+        radius: surface.radius
+        visible: root.isComposited
+    }
+    Rectangle {
+        id: surface
+
+        anchors.fill: parent
+        anchors.margins: root.shadowExtent
+        border.color: theme.outline
+        border.width: 1
+        color: theme.panel
+        radius: root.isComposited ? theme.windowRadius : 0
+
+        MenuView {
+            id: view
+
+            anchors.fill: parent
+            coordinator: root.coordinator
+            settings: root.settings
+            theme: theme
+
+            onDismissed: root.close()
+            onLockScreen: root.lockScreen()
+            onOpenSettings: root.openSettings()
+            onQuit: root.quit()
+        }
+    }
+}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// A menu inside the window; it scrolls where the window is too small for it.
+T.Menu {
+    id: root
+
+    required property Theme theme
+
+    implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent && parent.Window.window ? parent.Window.window.height - 2 * margins : 10000)
+    implicitWidth: Math.max(theme.scaled(190), implicitContentWidth + leftPadding + rightPadding)
+    margins: 4
+    overlap: 0
+    padding: 5
+
+    background: Rectangle {
+        border.color: root.theme.outline
+        border.width: 1
+        color: root.theme.menu
+        radius: 8
+
+        Shadow {
+            anchors.fill: parent
+            extent: 14
+            radius: parent.radius
+            z: -1
+        }
+    }
+    contentItem: ListView {
+        clip: contentHeight > height
+        currentIndex: root.currentIndex
+        implicitHeight: contentHeight
+        interactive: contentHeight > height
+        keyNavigationEnabled: false
+        model: root.contentModel
+    }
+    delegate: PopupMenuItem {
+        theme: root.theme
+    }
+}

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+T.MenuItem {
+    id: root
+
+    required property Theme theme
+
+    font.family: theme.fontFamily
+    font.pixelSize: theme.bodySize
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    leftPadding: 8
+    rightPadding: 8
+    topPadding: 5
+    bottomPadding: 5
+
+    // In this version of Qt a press by a screen reader reaches the control but does nothing.
+    Accessible.onPressAction: {
+        triggered();
+        menu.dismiss();
+    }
+
+    background: Rectangle {
+        color: root.highlighted || root.hovered ? root.theme.hover : "transparent"
+        radius: root.theme.rowRadius
+    }
+    contentItem: Label {
+        font: root.font
+        text: root.text
+        theme: root.theme
+        verticalAlignment: Text.AlignVCenter
+    }
+}

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+T.MenuSeparator {
+    id: root
+
+    required property Theme theme
+
+    bottomPadding: 4
+    implicitHeight: topPadding + bottomPadding + 1
+    topPadding: 4
+
+    contentItem: Separator {
+        theme: root.theme
+    }
+}

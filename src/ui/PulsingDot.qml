@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// The status light: while active, a halo swells from the dot and fades, once in each period.
+Item {
+    id: root
+
+    required property Theme theme
+    required property bool active
+    /// Seconds.
+    required property double period
+
+    /// From 0 up to 1, by the wall clock, so that all dots of a desktop pulse together.
+    property double phase: 0
+    readonly property bool isRunning: active && visible && theme.isAnimated && Window.visibility !== Window.Hidden
+
+    implicitHeight: 9
+    implicitWidth: 9
+
+    Accessible.ignored: true
+
+    Rectangle {
+        id: halo
+
+        objectName: "halo"
+
+        anchors.fill: parent
+        antialiasing: true
+        color: root.theme.awake
+        opacity: root.active ? (1 - root.phase) * 0.5 : 0
+        radius: width / 2
+        scale: root.active ? 1 + 1.5 * root.phase : 1
+    }
+    Rectangle {
+        id: core
+
+        objectName: "core"
+
+        anchors.fill: parent
+        antialiasing: true
+        color: root.active ? root.theme.awake : root.theme.secondaryText
+        radius: width / 2
+    }
+    Timer {
+        interval: 33
+        repeat: true
+        running: root.isRunning
+        triggeredOnStart: true
+
+        onTriggered: root.phase = root.phaseAt(Date.now())
+    }
+
+    /// The phase at so many milliseconds after 1970-01-01 00:00 UTC.
+    function phaseAt(milliseconds: double): double {
+        const since2001 = milliseconds / 1000 - 978307200;
+        return (since2001 % period) / period;
+    }
+}

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// The status light and up to three lines beside it.
+Item {
+    id: root
+
+    required property Theme theme
+    required property bool isAwake
+    required property string headline
+    required property string subtitle
+    required property string details
+
+    implicitHeight: texts.height + 8
+
+    Item {
+        id: dotFrame
+
+        anchors.left: parent.left
+        // The dot stands above the icons of the rows below.
+        anchors.leftMargin: 10 + (root.theme.iconSize - width) / 2
+        height: 22
+        width: 22
+        y: texts.y + (headlineText.firstLineHeight - height) / 2
+
+        PulsingDot {
+            active: root.isAwake
+            anchors.centerIn: parent
+            height: 9
+            objectName: "dot"
+            period: 1.6
+            theme: root.theme
+            width: 9
+        }
+    }
+    Column {
+        id: texts
+
+        anchors.left: dotFrame.right
+        anchors.leftMargin: 10
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        y: 5
+
+        Label {
+            id: headlineText
+
+            readonly property double firstLineHeight: contentHeight / Math.max(1, lineCount)
+
+            font.pixelSize: root.theme.headlineSize
+            font.weight: Font.DemiBold
+            maximumLineCount: 3
+            objectName: "headline"
+            text: root.headline
+            theme: root.theme
+            width: parent.width
+            wrapMode: Text.Wrap
+
+            Accessible.role: Accessible.Heading
+        }
+        Label {
+            color: root.theme.secondaryText
+            font.pixelSize: root.theme.subheadlineSize
+            maximumLineCount: 3
+            objectName: "subtitle"
+            text: root.subtitle
+            theme: root.theme
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+        Label {
+            color: root.theme.tertiaryText
+            font.pixelSize: root.theme.captionSize
+            maximumLineCount: 3
+            objectName: "details"
+            text: root.details
+            theme: root.theme
+            visible: text
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+    }
+}

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// The design: colours, sizes and motion, for light and dark. An object that every component is handed, not a singleton,
+/// so that two of them can stand side by side in a test.
+QtObject {
+    id: root
+
+    /// isDark, accent, isAnimated, isHighContrast and textScale, see Appearance.
+    required property QtObject appearance
+
+    readonly property bool isDark: appearance.isDark
+    readonly property bool isHighContrast: appearance.isHighContrast
+    readonly property bool isAnimated: appearance.isAnimated
+    readonly property double textScale: appearance.textScale
+
+    readonly property color window: isDark ? "#1f2023" : "#f2f2f5"
+    readonly property color card: isDark ? "#292a2d" : "#ffffff"
+    readonly property color panel: isDark ? "#292a2d" : "#fbfbfc"
+    readonly property color menu: isDark ? "#333438" : "#ffffff"
+    readonly property color outline: isHighContrast ? secondaryText : isDark ? "#46474c" : "#d3d3d8"
+    readonly property color separator: isHighContrast ? secondaryText : isDark ? "#3d3e42" : "#e3e3e7"
+    readonly property color hover: isDark ? "#3a3b40" : "#ececef"
+
+    readonly property color text: isDark ? "#f3f3f5" : "#1a1a1c"
+    readonly property color secondaryText: isHighContrast ? text : isDark ? "#b4b5bb" : "#58585e"
+    readonly property color tertiaryText: isHighContrast ? text : isDark ? "#9fa0a7" : "#66666c"
+    readonly property color danger: isDark ? "#ff6f66" : "#c4231b"
+    readonly property color awake: isDark ? "#32d163" : "#178541"
+
+    readonly property color accent: appearance.accent.valid ? appearance.accent : isDark ? "#3a72e6" : "#2363d8"
+    /// What is written on the accent colour.
+    readonly property color accentText: luminance(accent) > 0.3 ? "#1a1a1c" : "#ffffff"
+    readonly property color focusRing: isDark ? "#7aa5ff" : "#2363d8"
+    readonly property color switchOff: isHighContrast ? tertiaryText : isDark ? "#56575d" : "#c9c9d0"
+    readonly property color knob: "#ffffff"
+
+    readonly property string fontFamily: Qt.application.font.family
+    readonly property int headlineSize: scaled(14)
+    readonly property int bodySize: scaled(13)
+    readonly property int subheadlineSize: scaled(12)
+    readonly property int captionSize: scaled(11)
+
+    readonly property int windowRadius: 10
+    readonly property int cardRadius: 10
+    readonly property int buttonRadius: 6
+    readonly property int rowRadius: 5
+    readonly property int iconSize: scaled(16)
+    readonly property int slideDuration: isAnimated ? 120 : 0
+
+    /// Pixels that grow with the text.
+    function scaled(pixels: int): int {
+        return Math.round(pixels * textScale);
+    }
+
+    /// Relative luminance of the Web Content Accessibility Guidelines, from 0 to 1.
+    function luminance(color: color): double {
+        const linear = part => part <= 0.04045 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
+        return 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b);
+    }
+}

@@ -1,0 +1,90 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""fake_tarvik.py [STATE]: offers on the session bus what the windows' process observes, in one of a few states.
+
+STATE: awake (default), asleep, paused, off, session, long. "off" is also what becomes of any state when the windows set
+isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input.
+"""
+import pathlib
+import sys
+import time
+
+from gi.repository import Gio, GLib
+
+BUS_DIRECTORY = pathlib.Path(__file__).resolve().parents[2] / "src" / "bus"
+COORDINATOR = "com.morvanta.Tarvik.Coordinator1"
+SETTINGS = "com.morvanta.Tarvik.Settings1"
+
+# isAwake, isPaused, title, statusReason, statusSubtitle, statusDetails, isTimedSessionActive
+STATES = {
+    "awake": (True, False, "Awake", "Awake · 2 agents, 1 app", "Claude Code, Codex +1 more", "charging 80% · lid closed", False),
+    "asleep": (False, False, "Watching", "Dozing — nothing to watch", "Nothing running to keep awake for", "", False),
+    "paused": (False, True, "Paused", "Paused — on battery", "running on battery", "running warm", False),
+    "off": (False, True, "Off", "Off", "Not watching", "on battery 64%", False),
+    "session": (True, False, "Awake", "Awake — 60 min left", "Timed session", "charging 80% · 60 min left", True),
+    "long": (True, False, "Awake", "Awake · 12 agents, 34 apps and a very long headline", "Visual Studio Code Insiders <b>Nightly</b>, "
+             "Cursor Agent (CLI) +44 more, and then some that nobody expected", "charging 80% · running very hot · lid closed · "
+             "959 min left · and more", True),
+}
+NAMES = ("isAwake", "isPaused", "title", "statusReason", "statusSubtitle", "statusDetails", "isTimedSessionActive")
+
+
+class FakeTarvik:
+    def __init__(self, state):
+        self.loop = GLib.MainLoop()
+        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        self.types = {}
+        self.values = {COORDINATOR: {}, SETTINGS: {}}
+        for interface in (COORDINATOR, SETTINGS):
+            info = Gio.DBusNodeInfo.new_for_xml((BUS_DIRECTORY / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
+            for item in info.properties:
+                self.types[item.name] = item.signature
+                self.values[interface][item.name] = {"b": True, "i": 20, "s": "", "d": 0.0}[item.signature]
+            self.bus.register_object("/com/morvanta/Tarvik", info, self.called, self.get, self.set)
+        self.enter(state)
+        Gio.bus_own_name_on_connection(self.bus, "com.morvanta.Tarvik", Gio.BusNameOwnerFlags.NONE, lambda *_: self.say("ready"), None)
+        GLib.io_add_watch(sys.stdin.fileno(), GLib.PRIORITY_DEFAULT, GLib.IO_IN | GLib.IO_HUP, self.read)
+
+    def say(self, *words):
+        print(*words, flush=True)
+
+    def enter(self, state):
+        changed = dict(zip(NAMES, STATES[state]))
+        changed["timedSessionEnd"] = time.time() + 3600 if changed["isTimedSessionActive"] else 0.0
+        self.change(COORDINATOR, changed)
+        self.change(SETTINGS, {"isEnabled": state != "off"})
+
+    def change(self, interface, changed):
+        self.values[interface].update(changed)
+        variants = {name: GLib.Variant(self.types[name], value) for name, value in changed.items()}
+        self.bus.emit_signal(None, "/com/morvanta/Tarvik", "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                             GLib.Variant("(sa{sv}as)", (interface, variants, [])))
+
+    def get(self, _bus, _sender, _path, interface, name):
+        return GLib.Variant(self.types[name], self.values[interface][name])
+
+    def set(self, _bus, _sender, _path, interface, name, value):
+        self.say("set", name, value.unpack())
+        self.change(interface, {name: value.unpack()})
+        if name == "isEnabled":
+            self.enter("awake" if value.unpack() else "off")
+        return True
+
+    def called(self, _bus, _sender, _path, _interface, method, arguments, invocation):
+        self.say(method, *arguments.unpack())
+        if method == "SetTimedSession":
+            self.enter("session" if arguments.unpack()[0] > 0 else "awake")
+        invocation.return_value(None)
+        if method == "Quit":
+            GLib.idle_add(self.loop.quit)
+
+    def read(self, *_):
+        line = sys.stdin.readline()
+        if line.strip() in STATES:
+            self.enter(line.strip())
+        return bool(line)
+
+
+if __name__ == "__main__":
+    FakeTarvik(sys.argv[1] if len(sys.argv) > 1 else "awake").loop.run()
