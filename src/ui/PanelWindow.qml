@@ -12,8 +12,10 @@ Window {
     /// Whether transparent windows are possible.
     required property bool isComposited
 
-    /// Pixels around the surface that belong to the window but not to what is seen of it.
+    /// Pixels around the surface that belong to the window but not to what is seen of it. A window manager may keep the
+    /// upper edge of a window clear of a panel, so there is little above.
     readonly property int shadowExtent: isComposited ? 24 : 0
+    readonly property int shadowExtentAbove: isComposited ? 6 : 0
 
     signal lockScreen
     signal openSettings
@@ -21,7 +23,7 @@ Window {
 
     color: isComposited ? "transparent" : theme.panel
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
-    height: view.implicitHeight + 2 * shadowExtent
+    height: view.implicitHeight + shadowExtentAbove + shadowExtent
     title: qsTr("Tarvik")
     width: view.implicitWidth + 2 * shadowExtent
 
@@ -46,6 +48,7 @@ Window {
 
         anchors.fill: parent
         anchors.margins: root.shadowExtent
+        anchors.topMargin: root.shadowExtentAbove
         border.color: theme.outline
         border.width: 1
         color: theme.panel

@@ -9,8 +9,9 @@ T.Menu {
 
     required property Theme theme
 
-    implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent && parent.Window.window ? parent.Window.window.height - 2 * margins : 10000)
+    implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent && parent.Window.window ? parent.Window.window.height - topMargin - bottomMargin : 10000)
     implicitWidth: Math.max(theme.scaled(190), implicitContentWidth + leftPadding + rightPadding)
+    bottomMargin: 12
     margins: 4
     overlap: 0
     padding: 5
@@ -29,8 +30,9 @@ T.Menu {
         }
     }
     contentItem: ListView {
+        id: list
+
         clip: contentHeight > height
-        currentIndex: root.currentIndex
         implicitHeight: contentHeight
         interactive: contentHeight > height
         keyNavigationEnabled: false
@@ -39,4 +41,6 @@ T.Menu {
     delegate: PopupMenuItem {
         theme: root.theme
     }
+
+    onCurrentIndexChanged: list.positionViewAtIndex(currentIndex, ListView.Contain)
 }

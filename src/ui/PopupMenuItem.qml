@@ -24,7 +24,7 @@ T.MenuItem {
     }
 
     background: Rectangle {
-        color: root.highlighted || root.hovered ? root.theme.hover : "transparent"
+        color: root.highlighted ? root.theme.menuHover : "transparent"
         radius: root.theme.rowRadius
     }
     contentItem: Label {

@@ -20,26 +20,22 @@ Item {
 
     Accessible.ignored: true
 
-    Rectangle {
-        id: halo
-
-        objectName: "halo"
-
+    // A picture at its largest size: the software renderer draws a rounded rectangle that is scaled with corners.
+    Icon {
         anchors.fill: parent
-        antialiasing: true
         color: root.theme.awake
+        name: "circle.fill"
+        objectName: "halo"
         opacity: root.active ? (1 - root.phase) * 0.5 : 0
-        radius: width / 2
         scale: root.active ? 1 + 1.5 * root.phase : 1
+        sourceSize: Qt.size(2.5 * width * Screen.devicePixelRatio, 2.5 * height * Screen.devicePixelRatio)
+        theme: root.theme
     }
     Rectangle {
-        id: core
-
-        objectName: "core"
-
         anchors.fill: parent
         antialiasing: true
         color: root.active ? root.theme.awake : root.theme.secondaryText
+        objectName: "core"
         radius: width / 2
     }
     Timer {

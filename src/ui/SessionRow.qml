@@ -33,9 +33,17 @@ PanelRow {
     PopupMenu {
         id: sessionMenu
 
+        property bool wasOpenedByKeyboard: false
+
         theme: root.theme
         x: root.mirrored ? 4 : root.width - width - 4
         y: root.height - 2
+
+        onAboutToShow: wasOpenedByKeyboard = root.visualFocus
+        onClosed: {
+            if (wasOpenedByKeyboard)
+                root.forceActiveFocus(Qt.TabFocusReason);
+        }
 
         Duration {
             minutes: 10

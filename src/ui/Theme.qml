@@ -22,6 +22,7 @@ QtObject {
     readonly property color outline: isHighContrast ? secondaryText : isDark ? "#46474c" : "#d3d3d8"
     readonly property color separator: isHighContrast ? secondaryText : isDark ? "#3d3e42" : "#e3e3e7"
     readonly property color hover: isDark ? "#3a3b40" : "#ececef"
+    readonly property color menuHover: isDark ? "#46474d" : "#ececef"
 
     readonly property color text: isDark ? "#f3f3f5" : "#1a1a1c"
     readonly property color secondaryText: isHighContrast ? text : isDark ? "#b4b5bb" : "#58585e"

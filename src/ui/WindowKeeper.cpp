@@ -28,6 +28,8 @@ namespace {
 
 /// The portal may have to be started; the panel does not wait for that long.
 constexpr auto patience = 200ms;
+/// How often a window that the window manager has moved is moved back.
+constexpr int attempts = 3;
 /// A click on the tray takes the focus from the panel before the tray reports it.
 constexpr qint64 sameClickMilliseconds = 250;
 
@@ -104,6 +106,7 @@ void WindowKeeper::openPanel(QPoint click)
         return;
     m_panel->setProperty("isComposited", X11Hints::isComposited());
     m_click = click;
+    m_insistence = attempts;
     placePanel();
     m_panel->create();
     X11Hints::skipTaskbar(*m_panel);
@@ -132,6 +135,8 @@ bool WindowKeeper::createPanel()
     connect(panel, &QWindow::visibleChanged, this, &WindowKeeper::panelVisibleChanged);
     connect(panel, &QWindow::heightChanged, this, &WindowKeeper::placePanel);
     connect(panel, &QWindow::widthChanged, this, &WindowKeeper::placePanel);
+    connect(panel, &QWindow::xChanged, this, &WindowKeeper::insistOnPosition, Qt::QueuedConnection);
+    connect(panel, &QWindow::yChanged, this, &WindowKeeper::insistOnPosition, Qt::QueuedConnection);
     connect(panel, &QWindow::activeChanged, this, [this, panel] {
         if (panel->isActive() || !panel->isVisible())
             return;
@@ -157,9 +162,17 @@ void WindowKeeper::placePanel()
     if (screen == nullptr)
         return;
     const int shadow = m_panel->property("shadowExtent").toInt();
-    const QSize surface = m_panel->size() - QSize(2 * shadow, 2 * shadow);
-    m_panel->setPosition(
-        PanelPlacement::position(click, surface, screen->availableGeometry()) - QPoint(shadow, shadow));
+    const int shadowAbove = m_panel->property("shadowExtentAbove").toInt();
+    const QSize surface = m_panel->size() - QSize(2 * shadow, shadowAbove + shadow);
+    m_position = PanelPlacement::position(click, surface, screen->availableGeometry()) - QPoint(shadow, shadowAbove);
+    m_panel->setPosition(m_position);
+}
+
+void WindowKeeper::insistOnPosition()
+{
+    // Some window managers move a new window so that all of it, the shadow too, keeps clear of the panels.
+    if (m_panel->isVisible() && m_panel->position() != m_position && m_insistence-- > 0)
+        m_panel->setPosition(m_position);
 }
 
 void WindowKeeper::panelVisibleChanged(bool visible)

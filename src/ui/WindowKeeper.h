@@ -52,6 +52,7 @@ private:
     void openPanel(QPoint click);
     bool createPanel();
     void placePanel();
+    void insistOnPosition();
     void panelVisibleChanged(bool visible);
 
     Models m_models;
@@ -60,6 +61,8 @@ private:
     /// Waits until everything is known that the panel shows.
     std::optional<QPoint> m_wantedPanel;
     QPoint m_click;
+    QPoint m_position;
+    int m_insistence = 0;
     QElapsedTimer m_sinceFocusLoss;
     QTimer m_patience;
     QTimer m_linger;
