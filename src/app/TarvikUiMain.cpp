@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
+#include "app/LogSink.h"
 #include "bus/CoordinatorMirror.h"
 #include "bus/SettingsMirror.h"
 #include "bus/UiWire.h"
 #include "bus/WindowsAdaptor.h"
-#include "core/Logging.h"
 #include "ui/Appearance.h"
 #include "ui/WindowKeeper.h"
 
@@ -48,6 +48,7 @@ void chooseFont()
 
 int main(int argc, char** argv)
 {
+    Tarvik::installLogSink();
     choosePlatform();
     QGuiApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
@@ -60,7 +61,7 @@ int main(int argc, char** argv)
     auto* windows = new Tarvik::WindowsAdaptor(root);
     bus.registerObject(QString::fromLatin1(Tarvik::UiWire::uiObjectPath), &root, QDBusConnection::ExportAdaptors);
     if (!bus.registerService(QString::fromLatin1(Tarvik::UiWire::uiBusName))) {
-        qCInfo(Tarvik::logSystem, "The windows are shown by another process already");
+        // Another process shows the windows already.
         return 0;
     }
 

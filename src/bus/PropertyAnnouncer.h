@@ -8,8 +8,8 @@
 
 namespace Tarvik {
 
-/// Announces changes of an object's properties as the D-Bus specification's PropertiesChanged, once for each turn of the
-/// event loop and only what differs from the last announcement.
+/// Announces changes of an object's properties as the D-Bus specification's PropertiesChanged, once for each turn of
+/// the event loop and only what differs from the last announcement.
 class PropertyAnnouncer : public QObject {
     Q_OBJECT
 

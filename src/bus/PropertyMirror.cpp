@@ -35,10 +35,18 @@ PropertyMirror::PropertyMirror(const QDBusConnection& bus, const QMetaObject& me
         const QMetaProperty property = metaObject.property(index);
         m_values[QString::fromLatin1(property.name())] = QVariant(property.metaType());
     }
-    connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+    connect(&m_serviceWatcher,
+        &QDBusServiceWatcher::serviceOwnerChanged,
+        this,
         [this](const QString&, const QString&, const QString& newOwner) { followOwner(newOwner); });
-    m_bus.connect(busName, objectPath, propertiesInterface, u"PropertiesChanged"_s, {m_interface}, QString(),
-        this, SLOT(takeChanges(QString, QVariantMap, QStringList)));
+    m_bus.connect(busName,
+        objectPath,
+        propertiesInterface,
+        u"PropertiesChanged"_s,
+        {m_interface},
+        QString(),
+        this,
+        SLOT(takeChanges(QString, QVariantMap, QStringList)));
     readAll();
 }
 
@@ -110,12 +118,12 @@ void PropertyMirror::write(const char* property, const QVariant& value)
     m_values[name] = value;
     ++m_writes[name];
     notify(name);
-    auto* watcher = send(propertiesInterface, u"Set"_s,
-        {m_interface, name, QVariant::fromValue(QDBusVariant(value))});
+    auto* watcher = send(propertiesInterface, u"Set"_s, {m_interface, name, QVariant::fromValue(QDBusVariant(value))});
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, name](QDBusPendingCallWatcher* call) {
         call->deleteLater();
         if (call->isError())
-            qCWarning(logSystem, "%ls was not set: %ls", qUtf16Printable(name), qUtf16Printable(call->error().message()));
+            qCWarning(
+                logSystem, "%ls was not set: %ls", qUtf16Printable(name), qUtf16Printable(call->error().message()));
         if (--m_writes[name] > 0)
             return;
         m_writes.remove(name);
@@ -130,8 +138,7 @@ void PropertyMirror::call(const QString& method, const QVariantList& arguments)
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [method](QDBusPendingCallWatcher* call) {
         call->deleteLater();
         if (call->isError()) {
-            qCWarning(
-                logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(call->error().message()));
+            qCWarning(logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(call->error().message()));
         }
     });
 }

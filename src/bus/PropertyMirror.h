@@ -12,9 +12,9 @@ class QDBusPendingCallWatcher;
 
 namespace Tarvik {
 
-/// An object of the running Tarvik as another process sees it: the base of mirrors, which add typed properties under the
-/// names that the interface has on the bus. Values are read when Tarvik appears and then follow PropertiesChanged; until
-/// then, and of a property that was sent with another type, they are the type's default or the last known value.
+/// An object of the running Tarvik as another process sees it: the base of mirrors, which add typed properties under
+/// the names that the interface has on the bus. Values are read when Tarvik appears and then follow PropertiesChanged;
+/// until then, and of a property that was sent with another type, they are the type's default or the last known value.
 class PropertyMirror : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool connected READ isConnected NOTIFY connectedChanged)

@@ -21,6 +21,14 @@ const auto uiBusName = QString::fromLatin1(UiWire::uiBusName);
 
 constexpr int timeoutMilliseconds = 5000;
 
+/// Not running, or gone before it had read the call.
+bool isGone(const QDBusError& error)
+{
+    // What the bus says of a call that may not start a service is no type of QtDBus.
+    return error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1 || error.type() == QDBusError::ServiceUnknown
+        || error.type() == QDBusError::NoReply;
+}
+
 } // namespace
 
 UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
@@ -52,8 +60,10 @@ void UiProcess::showSettings(const QString& activationToken)
 
 void UiProcess::send(const Wish& wish)
 {
-    auto message = QDBusMessage::createMethodCall(uiBusName, QString::fromLatin1(UiWire::uiObjectPath),
-        QString::fromLatin1(UiWire::windowsInterface), wish.method);
+    auto message = QDBusMessage::createMethodCall(uiBusName,
+        QString::fromLatin1(UiWire::uiObjectPath),
+        QString::fromLatin1(UiWire::windowsInterface),
+        wish.method);
     message.setArguments(wish.arguments);
     message.setAutoStartService(false);
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, timeoutMilliseconds), this);
@@ -62,9 +72,7 @@ void UiProcess::send(const Wish& wish)
         if (!call->isError())
             return;
         const QDBusError error = call->error();
-        // Not running, or gone before it had read the call.
-        const bool isGone = error.type() == QDBusError::ServiceUnknown || error.type() == QDBusError::NoReply;
-        if (isGone && !wish.wasLaunchedFor)
+        if (isGone(error) && !wish.wasLaunchedFor)
             launchFor(wish);
         else
             qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));

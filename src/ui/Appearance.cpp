@@ -47,7 +47,7 @@ QColor accentFrom(const QVariant& value)
     return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
 }
 
-template<typename T>
+template <typename T>
 bool assign(T& field, const T& value)
 {
     return std::exchange(field, value) != value;
@@ -62,7 +62,11 @@ Appearance::Appearance(const QDBusConnection& bus)
     qRegisterMetaType<QDBusVariant>();
     qDBusRegisterMetaType<Groups>();
     connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this, &Appearance::read);
-    m_bus.connect(portalName, portalPath, settingsInterface, u"SettingChanged"_s, this,
+    m_bus.connect(portalName,
+        portalPath,
+        settingsInterface,
+        u"SettingChanged"_s,
+        this,
         SLOT(takeChange(QString, QString, QDBusVariant)));
     read();
 }

@@ -11,6 +11,7 @@ Item {
 
     readonly property string help: qsTr("Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.")
     readonly property alias toggle: toggleSwitch
+    readonly property alias helpTip: helpTip
 
     implicitHeight: Math.max(28, label.implicitHeight + 8)
 

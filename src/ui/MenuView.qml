@@ -33,6 +33,12 @@ FocusScope {
     Keys.onEscapePressed: dismissed()
     Keys.onUpPressed: moveFocus(false)
 
+    // Has the focus while no control has been chosen with the keyboard.
+    Item {
+        id: start
+
+        focus: true
+    }
     Column {
         id: column
 
@@ -117,13 +123,13 @@ FocusScope {
 
     /// To the next or previous control; the first or last one when none has the focus yet.
     function moveFocus(forward: bool) {
-        const current = Window.activeFocusItem ?? root;
+        const current = Window.activeFocusItem ?? start;
         current.nextItemInFocusChain(forward).forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 
     /// Leaves nothing of the last time: no focus ring, no open menu.
     function reset() {
         sessionRow.menu.close();
-        forceActiveFocus(Qt.ActiveWindowFocusReason);
+        start.forceActiveFocus(Qt.ActiveWindowFocusReason);
     }
 }

@@ -26,7 +26,8 @@ bool contains(const Screen& screen, QPoint physical);
 QPoint toLogical(const Screen& screen, QPoint physical);
 
 /// The top left corner of a window of this size that opens from a click at `click`: at the edge of the work area from
-/// where the click came, centred on it as far as the work area allows. A window that is too large starts at its top left.
+/// where the click came, centred on it as far as the work area allows. A window that is too large starts at its top
+/// left.
 QPoint position(QPoint click, QSize window, const QRect& workArea);
 
 } // namespace Tarvik::PanelPlacement

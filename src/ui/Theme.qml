@@ -30,9 +30,9 @@ QtObject {
     readonly property color danger: isDark ? "#ff6f66" : "#c4231b"
     readonly property color awake: isDark ? "#32d163" : "#178541"
 
-    readonly property color accent: appearance.accent.valid ? appearance.accent : isDark ? "#3a72e6" : "#2363d8"
+    readonly property color accent: appearance.accent.valid ? appearance.accent : isDark ? "#366ee0" : "#2363d8"
     /// What is written on the accent colour.
-    readonly property color accentText: luminance(accent) > 0.3 ? "#1a1a1c" : "#ffffff"
+    readonly property color accentText: luminance(accent) > 0.2 ? "#1a1a1c" : "#ffffff"
     readonly property color focusRing: isDark ? "#7aa5ff" : "#2363d8"
     readonly property color switchOff: isHighContrast ? tertiaryText : isDark ? "#56575d" : "#c9c9d0"
     readonly property color knob: "#ffffff"

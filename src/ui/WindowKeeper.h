@@ -19,8 +19,8 @@ class Appearance;
 class CoordinatorMirror;
 class SettingsMirror;
 
-/// Tarvik's windows, each at most once. They are kept when they are closed, so that they open quickly the next time; some
-/// time after the last one was closed the keeper is `finished`.
+/// Tarvik's windows, each at most once. They are kept when they are closed, so that they open quickly the next time;
+/// some time after the last one was closed the keeper is `finished`.
 class WindowKeeper : public QObject {
     Q_OBJECT
 

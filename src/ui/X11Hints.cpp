@@ -16,12 +16,12 @@ namespace Tarvik::X11Hints {
 
 namespace {
 
-template<typename T>
+template <typename T>
 struct Free {
     void operator()(T* reply) const { std::free(reply); }
 };
 
-template<typename T>
+template <typename T>
 using Reply = std::unique_ptr<T, Free<T>>;
 
 xcb_connection_t* connection()
@@ -45,8 +45,14 @@ void skipTaskbar(QWindow& window)
     if (x11 == nullptr)
         return;
     const std::array states{atom(x11, "_NET_WM_STATE_SKIP_TASKBAR"), atom(x11, "_NET_WM_STATE_SKIP_PAGER")};
-    xcb_change_property(x11, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()),
-        atom(x11, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, states.size(), states.data());
+    xcb_change_property(x11,
+        XCB_PROP_MODE_REPLACE,
+        static_cast<xcb_window_t>(window.winId()),
+        atom(x11, "_NET_WM_STATE"),
+        XCB_ATOM_ATOM,
+        32,
+        states.size(),
+        states.data());
 }
 
 bool isComposited()

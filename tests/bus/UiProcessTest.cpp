@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/UiProcess.h"
+
+#include "bus/UiWire.h"
+#include "fakes/FakeDBusService.h"
+#include "fakes/FakeUiLauncher.h"
+#include "support/TestSupport.h"
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+
+class UiProcessTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        m_calls.clear();
+        m_windows = std::make_unique<FakeDBusService>(
+            m_server, QString::fromLatin1(UiWire::uiBusName), QString::fromLatin1(UiWire::uiObjectPath));
+        m_windows->handler = [this](const QDBusMessage& call) {
+            m_calls.append(call.member() + u' ' + QDebug::toString(call.arguments()));
+            return call.createReply();
+        };
+    }
+
+    void cleanup() { m_windows.reset(); }
+
+    void aRunningProcessIsToldWhatToShow()
+    {
+        QVERIFY(m_windows->appear());
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1268, 786, u"token"_s);
+        QTRY_COMPARE(m_calls.size(), 1);
+        QVERIFY2(m_calls[0].startsWith("ShowPanel"_L1) && m_calls[0].contains("1268"_L1)
+                && m_calls[0].contains("786"_L1) && m_calls[0].contains("token"_L1),
+            qPrintable(m_calls[0]));
+        windows.showSettings({});
+        QTRY_COMPARE(m_calls.size(), 2);
+        QVERIFY(m_calls[1].startsWith("ShowSettings"_L1));
+        QCOMPARE(launcher.launches, 0);
+    }
+
+    void aProcessThatIsNotThereIsStartedAndThenTold()
+    {
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(launcher.launches, 1);
+        QVERIFY(m_windows->appear());
+        QTRY_COMPARE(m_calls.size(), 1);
+    }
+
+    void ofClicksWhileItStartsTheLastOneCounts()
+    {
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1, 2, {});
+        windows.showSettings({});
+        QTRY_COMPARE(launcher.launches, 2);
+        QVERIFY(m_windows->appear());
+        QTRY_COMPARE(m_calls.size(), 1);
+        QVERIFY(m_calls[0].startsWith("ShowSettings"_L1));
+    }
+
+    void aProcessThatCannotStartIsLoggedAndTriedAgainAtTheNextClick()
+    {
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(launcher.launches, 1);
+        expectLog(QtWarningMsg, u"^The windows' process failed: it crashed with signal 11$"_s);
+        launcher.end(u"it crashed with signal 11"_s);
+        windows.showPanel(3, 4, {});
+        QTRY_COMPARE(launcher.launches, 2);
+        QVERIFY(m_windows->appear());
+        QTRY_COMPARE(m_calls.size(), 1);
+        QVERIFY(m_calls[0].contains(u'3'));
+    }
+
+    void aProcessThatLeavesAsItIsCalledIsStartedAgain()
+    {
+        QVERIFY(m_windows->appear());
+        m_windows->handler = [this](const QDBusMessage& call) {
+            m_windows->vanish();
+            return call.createErrorReply(QDBusError::NoReply, u"gone"_s);
+        };
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(launcher.launches, 1);
+        // The old one was still there, so that nothing was started; now it has ended.
+        launcher.end({});
+        QCOMPARE(launcher.launches, 2);
+        // Whoever ends without ever having come up is not started for ever.
+        launcher.end({});
+        QCOMPARE(launcher.launches, 2);
+    }
+
+    void aGoodEndStartsNothing()
+    {
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        launcher.end({});
+        QCOMPARE(launcher.launches, 0);
+    }
+
+    void aProcessThatRefusesIsLogged()
+    {
+        QVERIFY(m_windows->appear());
+        m_windows->handler
+            = [](const QDBusMessage& call) { return call.createErrorReply(QDBusError::Failed, u"no display"_s); };
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        expectLog(QtWarningMsg, u"^The windows' process did not show a window: no display$"_s);
+        windows.showPanel(1, 2, {});
+        // The answer to the second call comes after that to the first.
+        m_windows->handler = [this](const QDBusMessage& call) {
+            if (m_calls.isEmpty())
+                m_calls.append(u"refused"_s);
+            else
+                m_calls.append(u"shown"_s);
+            return m_calls.size() == 1 ? call.createErrorReply(QDBusError::Failed, u"no display"_s)
+                                       : call.createReply();
+        };
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(m_calls.size(), 2);
+        QTRY_VERIFY(windows.findChildren<QObject*>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
+        QCOMPARE(launcher.launches, 0);
+    }
+
+private:
+    QDBusConnection m_server = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"windows"_s);
+    QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"tarvik"_s);
+    std::unique_ptr<FakeDBusService> m_windows;
+    QStringList m_calls;
+};
+
+QTEST_GUILESS_MAIN(UiProcessTest)
+#include "UiProcessTest.moc"

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/PanelPlacement.h"
+
+#include "support/TestSupport.h"
+
+using namespace Tarvik;
+
+class PanelPlacementTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { TARVIK_FAIL_ON_WARNINGS(); }
+
+    void thePanelOpensFromTheEdgeThatWasClicked_data()
+    {
+        QTest::addColumn<QPoint>("click");
+        QTest::addColumn<QRect>("workArea");
+        QTest::addColumn<QPoint>("expected");
+        const QRect topPanel(0, 28, 1280, 772);
+        const QRect bottomPanel(0, 0, 1280, 772);
+        const QRect leftPanel(48, 0, 1232, 800);
+        const QRect rightPanel(0, 0, 1232, 800);
+        const QRect noPanel(0, 0, 1280, 800);
+        const QRect secondScreen(1280, 28, 1920, 1052);
+        QTest::newRow("panel at the top") << QPoint(900, 14) << topPanel << QPoint(750, 34);
+        QTest::newRow("panel at the top, in its right corner") << QPoint(1275, 14) << topPanel << QPoint(974, 34);
+        QTest::newRow("panel at the top, in its left corner") << QPoint(3, 14) << topPanel << QPoint(6, 34);
+        QTest::newRow("panel at the bottom") << QPoint(900, 786) << bottomPanel << QPoint(750, 506);
+        QTest::newRow("panel at the bottom, in its corner") << QPoint(1268, 786) << bottomPanel << QPoint(974, 506);
+        QTest::newRow("panel at the left") << QPoint(24, 400) << leftPanel << QPoint(54, 270);
+        QTest::newRow("panel at the left, at its end") << QPoint(24, 790) << leftPanel << QPoint(54, 534);
+        QTest::newRow("panel at the right") << QPoint(1256, 400) << rightPanel << QPoint(926, 270);
+        QTest::newRow("panel at the right, at its start") << QPoint(1256, 5) << rightPanel << QPoint(926, 6);
+        QTest::newRow("panel that reserves no space") << QPoint(1000, 785) << noPanel << QPoint(850, 534);
+        QTest::newRow("on the second screen") << QPoint(3190, 10) << secondScreen << QPoint(2894, 34);
+    }
+
+    void thePanelOpensFromTheEdgeThatWasClicked()
+    {
+        QFETCH(QPoint, click);
+        QFETCH(QRect, workArea);
+        const QPoint position = PanelPlacement::position(click, QSize(300, 260), workArea);
+        QTEST(position, "expected");
+        QVERIFY(workArea.contains(QRect(position, QSize(300, 260))));
+    }
+
+    void aPanelTooLargeForTheScreenShowsItsTopLeft()
+    {
+        QCOMPARE(PanelPlacement::position(QPoint(600, 790), QSize(1400, 900), QRect(0, 28, 1280, 772)), QPoint(6, 34));
+    }
+
+    void aClickIsConvertedOnScreensWithScaling()
+    {
+        // The second screen begins where the first one ends in physical pixels.
+        const PanelPlacement::Screen first{
+            .geometry = QRect(0, 0, 1280, 800), .workArea = QRect(0, 14, 1280, 786), .devicePixelRatio = 2};
+        const PanelPlacement::Screen second{
+            .geometry = QRect(2560, 0, 1920, 1080), .workArea = QRect(2560, 0, 1920, 1080), .devicePixelRatio = 1};
+        QVERIFY(PanelPlacement::contains(first, QPoint(2559, 1599)));
+        QVERIFY(!PanelPlacement::contains(first, QPoint(2560, 10)));
+        QVERIFY(PanelPlacement::contains(second, QPoint(2560, 10)));
+        QVERIFY(!PanelPlacement::contains(second, QPoint(4480, 10)));
+        QCOMPARE(PanelPlacement::toLogical(first, QPoint(2500, 20)), QPoint(1250, 10));
+        QCOMPARE(PanelPlacement::toLogical(second, QPoint(2600, 20)), QPoint(2600, 20));
+    }
+};
+
+QTEST_APPLESS_MAIN(PanelPlacementTest)
+#include "PanelPlacementTest.moc"

@@ -1,0 +1,374 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tarvik
+
+Item {
+    id: root
+
+    height: 700
+    width: 700
+
+    PlainAppearance {
+        id: appearance
+    }
+    Theme {
+        id: theme
+
+        appearance: appearance
+    }
+    QtObject {
+        id: coordinator
+
+        property bool isAwake
+        property string statusReason
+        property string statusSubtitle
+        property string statusDetails
+        property bool isTimedSessionActive
+        property var sessions: []
+
+        function setTimedSession(minutes) {
+            sessions = sessions.concat(minutes);
+        }
+    }
+    QtObject {
+        id: settings
+
+        property bool isEnabled
+    }
+    MenuView {
+        id: view
+
+        coordinator: coordinator
+        height: implicitHeight
+        settings: settings
+        theme: theme
+        width: implicitWidth
+    }
+    TestCase {
+        id: test
+
+        name: "MenuView"
+        when: windowShown
+
+        property var signalled: []
+        readonly property Item sessionRow: findChild(view, "sessionRow")
+        readonly property Item toggle: findChild(view, "enableRow").toggle
+
+        function initTestCase() {
+            for (const name of ["lockScreen", "openSettings", "quit", "dismissed"])
+                view[name].connect(() => signalled = signalled.concat(name));
+        }
+
+        function init() {
+            failOnWarning(/.?/);
+            appearance.isDark = false;
+            appearance.textScale = 1;
+            appearance.isAnimated = false;
+            coordinator.isAwake = true;
+            coordinator.statusReason = "Awake · 2 agents, 1 app";
+            coordinator.statusSubtitle = "Claude Code, Codex +1 more";
+            coordinator.statusDetails = "charging 80%";
+            coordinator.isTimedSessionActive = false;
+            coordinator.sessions = [];
+            settings.isEnabled = true;
+            view.LayoutMirroring.enabled = false;
+            sessionRow.menu.close();
+            tryVerify(() => !sessionRow.menu.visible);
+            mouseMove(root, 690, 690);
+            view.reset();
+            signalled = [];
+        }
+
+        function entries(): var {
+            const menu = sessionRow.menu;
+            const texts = [];
+            for (let index = 0; index < menu.count; ++index)
+                texts.push(menu.itemAt(index).text ?? "-");
+            return texts;
+        }
+
+        function openMenu() {
+            mouseClick(sessionRow);
+            const menu = sessionRow.menu;
+            tryVerify(() => menu.opened && menu.itemAt(menu.count - 1).y > 0);
+        }
+
+        function test_thePanelIs300PointsWide() {
+            compare(view.implicitWidth, 300);
+            compare(sessionRow.x, 6);
+            compare(sessionRow.width, 288);
+            compare(sessionRow.leftPadding, 10);
+            compare(sessionRow.rightPadding, 10);
+            compare(sessionRow.topPadding, 5);
+            compare(sessionRow.bottomPadding, 5);
+            compare(findChild(sessionRow, "highlight").radius, 5);
+            compare(findChild(view, "lockRow").y - sessionRow.y - sessionRow.height, 6);
+            compare(view.implicitHeight, findChild(view, "quitRow").y + findChild(view, "quitRow").height + 6);
+        }
+
+        function test_theHeaderShowsTheCoordinatorsTexts() {
+            compare(findChild(view, "headline").text, "Awake · 2 agents, 1 app");
+            compare(findChild(view, "subtitle").text, "Claude Code, Codex +1 more");
+            compare(findChild(view, "details").text, "charging 80%");
+            const dot = findChild(view, "dot");
+            compare(dot.period, 1.6);
+            compare(dot.width, 9);
+            compare(dot.parent.width, 22);
+            compare(dot.parent.height, 22);
+        }
+
+        function test_emptyDetailsShowNoThirdLine() {
+            const before = view.implicitHeight;
+            verify(findChild(view, "details").visible);
+            coordinator.statusDetails = "";
+            verify(!findChild(view, "details").visible);
+            tryVerify(() => view.implicitHeight < before);
+        }
+
+        function test_textsAreNeverMarkup() {
+            for (const name of ["headline", "subtitle", "details"])
+                compare(findChild(view, name).textFormat, Text.PlainText);
+        }
+
+        function test_theRowsReadAsTheyShould() {
+            compare(sessionRow.systemImage, "timer");
+            const rows = ["lockRow", "settingsRow", "quitRow"].map(name => findChild(view, name));
+            compare(rows.map(row => row.title), ["Lock & leave", "Settings…", "Quit Tarvik"]);
+            compare(rows.map(row => row.systemImage), ["lock.display", "gearshape", "power"]);
+            compare(rows.map(row => row.trailing), ["", "", ""]);
+            for (const row of rows)
+                compare(row.tint, theme.secondaryText);
+        }
+
+        function test_withoutASessionThereIsNothingToCancel() {
+            compare(sessionRow.title, "Keep awake for…");
+            compare(entries(), ["10 minutes", "1 hour", "2 hours", "All day (16 h)"]);
+        }
+
+        function test_withASessionTheMenuEndsWithCancel() {
+            coordinator.isTimedSessionActive = true;
+            compare(sessionRow.title, "Change session…");
+            compare(entries(), ["10 minutes", "1 hour", "2 hours", "All day (16 h)", "-", "Cancel timer"]);
+            coordinator.isTimedSessionActive = false;
+            compare(entries().length, 4);
+        }
+
+        function test_theMenuFollowsTheSessionWhileItIsOpen() {
+            openMenu();
+            coordinator.isTimedSessionActive = true;
+            compare(entries().length, 6);
+            coordinator.isTimedSessionActive = false;
+            compare(entries().length, 4);
+        }
+
+        function test_anEntryStartsItsSession_data() {
+            return [
+                { tag: "10 minutes", index: 0, minutes: 10 },
+                { tag: "1 hour", index: 1, minutes: 60 },
+                { tag: "2 hours", index: 2, minutes: 120 },
+                { tag: "All day (16 h)", index: 3, minutes: 960 }
+            ];
+        }
+
+        function test_anEntryStartsItsSession(row) {
+            openMenu();
+            mouseClick(sessionRow.menu.itemAt(row.index));
+            compare(coordinator.sessions, [row.minutes]);
+            tryVerify(() => !sessionRow.menu.visible);
+            compare(signalled, []);
+        }
+
+        function test_oneHourReplacesARunningSession() {
+            coordinator.isTimedSessionActive = true;
+            openMenu();
+            mouseClick(sessionRow.menu.itemAt(1));
+            compare(coordinator.sessions, [60]);
+        }
+
+        function test_cancelTimerEndsTheSession() {
+            coordinator.isTimedSessionActive = true;
+            openMenu();
+            mouseClick(sessionRow.menu.itemAt(5));
+            compare(coordinator.sessions, [0]);
+        }
+
+        function test_theSwitchShowsAndWritesTheSetting() {
+            verify(toggle.checked);
+            mouseClick(toggle);
+            compare(settings.isEnabled, false);
+            verify(!toggle.checked);
+            settings.isEnabled = true;
+            verify(toggle.checked);
+            mouseClick(toggle);
+            compare(settings.isEnabled, false);
+        }
+
+        function test_aSwitchThatAScreenReaderFlipsWritesToo() {
+            toggle.toggle();
+            compare(settings.isEnabled, false);
+        }
+
+        function test_theDotStopsWhenTheCoordinatorSaysSo() {
+            appearance.isAnimated = true;
+            const dot = findChild(view, "dot");
+            mouseClick(toggle);
+            compare(settings.isEnabled, false);
+            verify(dot.isRunning);
+            coordinator.isAwake = false;
+            verify(!dot.isRunning);
+        }
+
+        function test_lockAndLeaveLocksAndThenCloses() {
+            mouseClick(findChild(view, "lockRow"));
+            compare(signalled, ["lockScreen", "dismissed"]);
+        }
+
+        function test_settingsOpensAndThenCloses() {
+            mouseClick(findChild(view, "settingsRow"));
+            compare(signalled, ["openSettings", "dismissed"]);
+        }
+
+        function test_quitOnlyAsks() {
+            mouseClick(findChild(view, "quitRow"));
+            compare(signalled, ["quit"]);
+        }
+
+        function test_aRowIsHighlightedUnderThePointer() {
+            const row = findChild(view, "settingsRow");
+            compare(findChild(row, "highlight").color, "#00000000");
+            mouseMove(row, row.width / 2, row.height / 2);
+            tryVerify(() => row.hovered);
+            compare(findChild(row, "highlight").color, theme.hover);
+            verify(!view.sessionHovered);
+            mouseMove(sessionRow, sessionRow.width / 2, sessionRow.height / 2);
+            tryVerify(() => view.sessionHovered);
+            compare(findChild(sessionRow, "highlight").color, theme.hover);
+            tryCompare(findChild(row, "highlight"), "color", "#00000000");
+        }
+
+        function focusedName(): string {
+            return Window.activeFocusItem === toggle ? "toggle" : Window.activeFocusItem.objectName;
+        }
+
+        function test_arrowsWalkThroughTheControls() {
+            const seen = [];
+            for (let step = 0; step < 5; ++step) {
+                keyClick(Qt.Key_Down);
+                seen.push(focusedName());
+            }
+            compare(seen, ["toggle", "sessionRow", "lockRow", "settingsRow", "quitRow"]);
+            keyClick(Qt.Key_Up);
+            compare(focusedName(), "settingsRow");
+        }
+
+        function test_theRingIsForTheKeyboardOnly() {
+            const row = findChild(view, "quitRow");
+            mouseClick(row);
+            verify(!row.visualFocus);
+            keyClick(Qt.Key_Tab);
+            verify(view.Window.activeFocusItem.visualFocus);
+            view.reset();
+            verify(!toggle.visualFocus);
+        }
+
+        function test_keysPressTheFocusedRow_data() {
+            return [{ tag: "Space", key: Qt.Key_Space }, { tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter }];
+        }
+
+        function test_keysPressTheFocusedRow(row) {
+            findChild(view, "lockRow").forceActiveFocus(Qt.TabFocusReason);
+            keyClick(row.key);
+            compare(signalled, ["lockScreen", "dismissed"]);
+            toggle.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(row.key);
+            compare(settings.isEnabled, false);
+        }
+
+        function test_theMenuIsUsedByKeyboard_data() {
+            return [{ tag: "Return", key: Qt.Key_Return }, { tag: "Space", key: Qt.Key_Space }, { tag: "Right", key: Qt.Key_Right }];
+        }
+
+        function test_theMenuIsUsedByKeyboard(row) {
+            sessionRow.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(row.key);
+            tryVerify(() => sessionRow.menu.opened);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            compare(coordinator.sessions, [60]);
+            tryVerify(() => !sessionRow.menu.visible);
+            compare(signalled, []);
+        }
+
+        function test_escapeClosesTheMenuFirstAndThenThePanel() {
+            sessionRow.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => sessionRow.menu.opened);
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => !sessionRow.menu.visible);
+            compare(signalled, []);
+            verify(sessionRow.visualFocus);
+            keyClick(Qt.Key_Escape);
+            compare(signalled, ["dismissed"]);
+        }
+
+        function test_fromRightToLeftEverythingIsMirrored() {
+            const icon = sessionRow.contentItem.children[0];
+            const before = icon.x;
+            view.LayoutMirroring.enabled = true;
+            verify(icon.x > before + 200);
+            verify(toggle.x < 20);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Left);
+            tryVerify(() => sessionRow.menu.opened);
+        }
+
+        function test_textAtTwiceTheSizeFits() {
+            coordinator.statusReason = "Paused — battery below 20% and a rather long reason";
+            appearance.textScale = 2;
+            compare(view.implicitWidth, 600);
+            for (const name of ["headline", "subtitle", "details"])
+                verify(!findChild(view, name).truncated, name);
+            for (const name of ["lockRow", "settingsRow", "quitRow", "sessionRow"]) {
+                const row = findChild(view, name);
+                verify(row.height >= row.contentItem.implicitHeight + 10, name);
+            }
+        }
+
+        function test_screenReadersAreToldWhatEverythingIs() {
+            compare(toggle.Accessible.name, "Tarvik");
+            compare(toggle.Accessible.role, Accessible.CheckBox);
+            compare(toggle.Accessible.description, "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.");
+            compare(sessionRow.Accessible.role, Accessible.ButtonMenu);
+            compare(sessionRow.Accessible.name, "Keep awake for…");
+            for (const name of ["lockRow", "settingsRow", "quitRow"]) {
+                const row = findChild(view, name);
+                compare(row.Accessible.role, Accessible.Button);
+                compare(row.Accessible.name, row.title);
+            }
+            compare(findChild(view, "headline").Accessible.role, Accessible.Heading);
+        }
+
+        function test_aScreenReadersPressIsAClick() {
+            findChild(view, "quitRow").Accessible.pressAction();
+            compare(signalled, ["quit"]);
+            sessionRow.Accessible.pressAction();
+            tryVerify(() => sessionRow.menu.opened);
+            sessionRow.menu.itemAt(2).Accessible.pressAction();
+            compare(coordinator.sessions, [120]);
+            tryVerify(() => !sessionRow.menu.visible);
+        }
+
+        function test_theHelpTextShowsUnderThePointer() {
+            const row = findChild(view, "enableRow");
+            compare(row.help, toggle.Accessible.description);
+            mouseMove(row, 40, row.height / 2);
+            mouseMove(row, 41, row.height / 2);
+            tryVerify(() => row.helpTip.visible);
+            compare(row.helpTip.text, row.help);
+        }
+    }
+}
