@@ -12,6 +12,7 @@ Item {
     readonly property string help: qsTr("Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.")
     readonly property alias toggle: toggleSwitch
     readonly property alias helpTip: helpTip
+    readonly property alias hovered: hover.hovered
 
     implicitHeight: Math.max(28, label.implicitHeight + 8)
 
@@ -52,6 +53,7 @@ Item {
     HelpTip {
         id: helpTip
 
+        isMirrored: toggleSwitch.mirrored
         text: root.help
         theme: root.theme
         visible: hover.hovered

@@ -8,6 +8,7 @@ T.ToolTip {
     id: root
 
     required property Theme theme
+    property bool isMirrored: false
 
     delay: 700
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -28,5 +29,7 @@ T.ToolTip {
         text: root.text
         theme: root.theme
         wrapMode: Text.Wrap
+
+        LayoutMirroring.enabled: root.isMirrored
     }
 }

@@ -8,6 +8,8 @@ T.Menu {
     id: root
 
     required property Theme theme
+    /// From right to left: a menu does not take this over from the item that it belongs to.
+    property bool isMirrored: false
 
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent && parent.Window.window ? parent.Window.window.height - topMargin - bottomMargin : 10000)
     implicitWidth: Math.max(theme.scaled(190), implicitContentWidth + leftPadding + rightPadding)
@@ -32,6 +34,8 @@ T.Menu {
     contentItem: ListView {
         id: list
 
+        LayoutMirroring.childrenInherit: true
+        LayoutMirroring.enabled: root.isMirrored
         clip: contentHeight > height
         implicitHeight: contentHeight
         interactive: contentHeight > height

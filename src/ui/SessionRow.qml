@@ -35,6 +35,7 @@ PanelRow {
 
         property bool wasOpenedByKeyboard: false
 
+        isMirrored: root.mirrored
         theme: root.theme
         x: root.mirrored ? 4 : root.width - width - 4
         y: root.height - 2

@@ -35,7 +35,7 @@ T.Switch {
             height: parent.height - 4
             radius: height / 2
             width: height
-            x: 2 + (root.mirrored ? 1 - root.visualPosition : root.visualPosition) * (parent.width - width - 4)
+            x: 2 + root.visualPosition * (parent.width - width - 4)
             y: 2
 
             Behavior on x {

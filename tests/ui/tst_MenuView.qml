@@ -78,6 +78,8 @@ Item {
             tryVerify(() => !sessionRow.menu.visible);
             mouseMove(root, 690, 690);
             view.reset();
+            // The rows take their places with the next frame.
+            tryVerify(() => !isPolishScheduled(sessionRow.parent) && !isPolishScheduled(findChild(view, "headline").parent));
             signalled = [];
         }
 
@@ -320,6 +322,7 @@ Item {
             view.LayoutMirroring.enabled = true;
             verify(icon.x > before + 200);
             verify(toggle.x < 20);
+            verify(toggle.visualPosition === 0);
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Left);
@@ -365,8 +368,9 @@ Item {
         function test_theHelpTextShowsUnderThePointer() {
             const row = findChild(view, "enableRow");
             compare(row.help, toggle.Accessible.description);
+            tryVerify(() => !row.hovered);
             mouseMove(row, 40, row.height / 2);
-            mouseMove(row, 41, row.height / 2);
+            tryVerify(() => row.hovered);
             tryVerify(() => row.helpTip.visible);
             compare(row.helpTip.text, row.help);
         }

@@ -1,0 +1,139 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""The panel of the built windows' process on a real window manager, used as a person would. Runs inside scripts/desktop."""
+import os
+import pathlib
+import re
+import subprocess
+import time
+import unittest
+
+UI = os.environ["TARVIK_UI"]
+FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
+NAME = "com.morvanta.TarvikUi"
+DEADLINE = 10
+MARGIN = 6
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=False, timeout=DEADLINE).stdout
+
+
+def await_true(condition, what):
+    deadline = time.monotonic() + DEADLINE
+    while not (value := condition()):
+        assert time.monotonic() < deadline, what
+        time.sleep(0.02)
+    return value
+
+
+def panel_window():
+    return output("xdotool", "search", "--onlyvisible", "--name", "^Tarvik$").strip()
+
+
+class PanelOnDesktopTest(unittest.TestCase):
+    def setUp(self):
+        self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.assertEqual(self.fake.stdout.readline(), "ready\n")
+        self.ui = self.start(UI)
+        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
+                   "the windows' process did not come up")
+
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, **options)
+
+        def end():
+            process.kill()
+            process.wait()
+            for stream in (process.stdin, process.stdout):
+                if stream:
+                    stream.close()
+        self.addCleanup(end)
+        return process
+
+    def click_tray(self, x=900, y=14):
+        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis",
+                        str(x), str(y), ""], check=True, timeout=DEADLINE)
+
+    def open(self, *at):
+        self.click_tray(*at)
+        window = await_true(panel_window, "the panel did not open")
+        await_true(lambda: output("xdotool", "getactivewindow").strip() == window, "the panel did not get the focus")
+        return window
+
+    def press(self, *keys):
+        for key in keys:
+            subprocess.run(["xdotool", "key", key], check=True, timeout=DEADLINE)
+
+    def assert_closed(self):
+        await_true(lambda: not panel_window(), "the panel did not close")
+
+    def surface(self, window):
+        """x, y, width, height; without a compositor, as here, the window has no shadow around the surface."""
+        geometry = output("xdotool", "getwindowgeometry", "--shell", window)
+        values = {key: int(value) for key, value in re.findall(r"(\w+)=(-?\d+)", geometry)}
+        return values["X"], values["Y"], values["WIDTH"], values["HEIGHT"]
+
+    def test_opens_below_the_click(self):
+        top_of_work_area = int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1])
+        x, y, width, _height = self.surface(self.open())
+        self.assertGreater(top_of_work_area, 0)
+        self.assertEqual((x, y, width), (900 - 150, top_of_work_area + MARGIN, 300))
+
+    def test_stays_on_the_screen(self):
+        x, _y, width, _height = self.surface(self.open(1279, 14))
+        self.assertEqual(x + width, 1280 - MARGIN)
+
+    def test_opens_above_a_click_at_the_bottom(self):
+        _x, y, _width, height = self.surface(self.open(600, 799))
+        self.assertEqual(y + height, 800 - MARGIN)
+
+    def test_is_not_in_task_bars(self):
+        states = output("xprop", "-id", self.open(), "_NET_WM_STATE")
+        self.assertIn("_NET_WM_STATE_SKIP_TASKBAR", states)
+
+    def test_another_click_closes_it(self):
+        self.open()
+        self.click_tray()
+        self.assert_closed()
+        self.open()
+
+    def test_escape_closes_it(self):
+        self.open()
+        self.press("Escape")
+        self.assert_closed()
+
+    def test_closes_when_another_window_gets_the_focus(self):
+        self.open()
+        self.start("xev", stdout=subprocess.DEVNULL)
+        other = await_true(lambda: output("xdotool", "search", "--onlyvisible", "--name", "Event Tester").strip(), "xev did not start")
+        subprocess.run(["xdotool", "windowactivate", other], check=True, timeout=DEADLINE)
+        self.assert_closed()
+
+    def test_the_keyboard_starts_a_session(self):
+        self.open()
+        self.press("Down", "Down", "Return")
+        self.press("Down", "Down", "Return")
+        self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 60\n")
+
+    def test_the_switch_is_flipped_by_mouse(self):
+        x, y, width, _height = self.surface(self.open())
+        subprocess.run(["xdotool", "mousemove", str(x + width - 34), str(y + 80), "click", "1"], check=True, timeout=DEADLINE)
+        self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
+
+    def test_lock_and_leave_locks_and_closes(self):
+        self.open()
+        self.press("Down", "Down", "Down", "Return")
+        self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
+        self.assert_closed()
+
+    def test_quit_ends_tarvik_and_with_it_the_windows(self):
+        self.open()
+        self.press("Up", "space")
+        self.assertEqual(self.fake.stdout.readline(), "Quit\n")
+        self.assertEqual(self.ui.wait(DEADLINE), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
