@@ -23,6 +23,9 @@ struct AppBundle {
     /// The application's icons, laid out as in an icon theme, for programs that draw them.
     QString iconDirectory() const { return location + QStringLiteral("/Contents/Resources/icons"); }
 
+    /// The program that shows the windows.
+    QString uiPath() const { return location + QStringLiteral("/Contents/Linux/TarvikUi"); }
+
     bool operator==(const AppBundle&) const = default;
 };
 
