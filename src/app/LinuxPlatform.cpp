@@ -11,6 +11,7 @@
 #include "platform/linux/InstalledAppBundle.h"
 #include "platform/linux/JsonFileSettingsStore.h"
 #include "platform/linux/LogindLidSensor.h"
+#include "platform/linux/ProcessUiLauncher.h"
 #include "platform/linux/PsProcessTable.h"
 #include "platform/linux/SessionBusHookChannel.h"
 #include "platform/linux/StatusNotifierTrayItem.h"
@@ -66,7 +67,8 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , hotKeys(std::make_unique<DesktopHotKeys>(
           sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
-    , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.location + u"/Contents/Resources/icons"_s))
+    , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory()))
+    , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
 {
 }
 

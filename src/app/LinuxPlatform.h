@@ -15,6 +15,7 @@
 #include "platform/ScreenLock.h"
 #include "platform/ThermalState.h"
 #include "platform/TrayItem.h"
+#include "platform/UiLauncher.h"
 #include "platform/UserNotifications.h"
 #include "platform/linux/DesktopFiles.h"
 #include "platform/linux/TimerfdClock.h"
@@ -47,6 +48,7 @@ struct LinuxPlatform {
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<ScreenLock> screenLock;
     std::unique_ptr<TrayItem> trayItem;
+    std::unique_ptr<UiLauncher> uiLauncher;
 };
 
 } // namespace Tarvik

@@ -5,7 +5,9 @@
 #include "status1adaptor.h"
 
 #include "bus/ApplicationAdaptor.h"
-#include "core/Logging.h"
+#include "bus/CoordinatorAdaptor.h"
+#include "bus/SettingsAdaptor.h"
+#include "engine/LaunchAtLogin.h"
 #include "hooks/HookConfig.h"
 #include "hotkey/LockScreen.h"
 #include "platform/StatusWire.h"
@@ -46,15 +48,39 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
           m_platform.bundle.shortVersion,
           sessionBus)
     , m_tray(m_coordinator, m_settings, *m_platform.trayItem, m_platform.clock)
+    , m_ui(*m_platform.uiLauncher, sessionBus)
 {
-    m_tray.onLock = [this] { lockScreen(*m_platform.screenLock); };
-    m_tray.onQuit = [] { QCoreApplication::quit(); };
+    connectTray();
+    offerOnBus(sessionBus);
+}
 
+void TarvikApp::connectTray()
+{
+    m_tray.onOpenPanel = [this](int x, int y, const QString& token) { m_ui.showPanel(x, y, token); };
+    m_tray.onOpenSettings = [this] { m_ui.showSettings({}); };
+    m_tray.onLock = [this] { lockTheScreen(); };
+    m_tray.onQuit = [] { QCoreApplication::quit(); };
+}
+
+void TarvikApp::offerOnBus(QDBusConnection sessionBus)
+{
     new Status1Adaptor(&m_status);
     auto* application = new ApplicationAdaptor(m_status);
-    application->onActivate = [](const QVariantMap&) { qCInfo(logSystem, "Tarvik was started again and is running"); };
-    QDBusConnection(sessionBus)
-        .registerObject(QString::fromLatin1(StatusWire::objectPath), &m_status, QDBusConnection::ExportAdaptors);
+    application->onActivate = [this](const QVariantMap& platformData) {
+        // Nobody clicked anywhere, so the panel finds its own place.
+        m_ui.showPanel(0, 0, platformData.value(QStringLiteral("activation-token")).toString());
+    };
+    auto* coordinator = new CoordinatorAdaptor(m_status, m_coordinator, sessionBus);
+    coordinator->onLockScreen = [this] { lockTheScreen(); };
+    coordinator->onQuit = [] { QCoreApplication::quit(); };
+    auto* settings = new SettingsAdaptor(m_status, m_settings, sessionBus);
+    settings->onSetLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
+    sessionBus.registerObject(QString::fromLatin1(StatusWire::objectPath), &m_status, QDBusConnection::ExportAdaptors);
+}
+
+void TarvikApp::lockTheScreen()
+{
+    lockScreen(*m_platform.screenLock);
 }
 
 } // namespace Tarvik

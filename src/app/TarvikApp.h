@@ -4,6 +4,7 @@
 
 #include "app/LinuxPlatform.h"
 #include "bus/StatusObject.h"
+#include "bus/UiProcess.h"
 #include "core/AppSettings.h"
 #include "engine/AwakeCoordinator.h"
 #include "engine/TrayPresenter.h"
@@ -23,6 +24,10 @@ public:
     TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
 
 private:
+    void connectTray();
+    void offerOnBus(QDBusConnection sessionBus);
+    void lockTheScreen();
+
     LinuxPlatform m_platform;
     AppSettings m_settings;
     PowerMonitor m_power;
@@ -34,6 +39,7 @@ private:
     AwakeCoordinator m_coordinator;
     StatusObject m_status;
     TrayPresenter m_tray;
+    UiProcess m_ui;
 };
 
 } // namespace Tarvik
