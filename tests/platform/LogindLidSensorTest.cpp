@@ -84,10 +84,8 @@ private Q_SLOTS:
         QTRY_COMPARE(m_sensor->isClosed(), Closed{false});
         m_changes = 0;
         const int calls = m_logind->calls;
-        for (int round = 1; round <= 3; ++round) {
-            m_sensor->isClosed();
-            QTRY_VERIFY(m_logind->calls >= calls + round);
-        }
+        // Asking while an answer is still awaited is no further question.
+        QTRY_VERIFY((m_sensor->isClosed(), m_logind->calls >= calls + 3));
         QCOMPARE(m_changes, 0);
     }
 
