@@ -38,8 +38,8 @@ QVariantMap ownPlatformData()
 
 } // namespace
 
-SingleInstance::SingleInstance(const QDBusConnection& sessionBus)
-    : m_bus(sessionBus)
+SingleInstance::SingleInstance(QDBusConnection sessionBus)
+    : m_bus(std::move(sessionBus))
 {
 }
 

@@ -21,7 +21,7 @@ public:
         second,
     };
 
-    explicit SingleInstance(const QDBusConnection& sessionBus);
+    explicit SingleInstance(QDBusConnection sessionBus);
 
     /// Finds out the role; `decided` is called once, from the event loop. A bus that stays silent counts as none.
     void decide(std::function<void(Role)> decided);

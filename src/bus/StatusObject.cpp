@@ -10,14 +10,15 @@
 #include "platform/TrayItem.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
 
-StatusObject::StatusObject(const Sources& sources, const QString& version, const QDBusConnection& bus)
+StatusObject::StatusObject(const Sources& sources, QString version, const QDBusConnection& bus)
     : m_sources(sources)
-    , m_version(version)
+    , m_version(std::move(version))
     , m_announcer({.object = *this,
                       .metaObject = staticMetaObject,
                       .interface = QString::fromLatin1(StatusWire::interfaceName),

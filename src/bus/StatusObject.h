@@ -58,7 +58,7 @@ public:
         const Clock& clock;
     };
 
-    StatusObject(const Sources& sources, const QString& version, const QDBusConnection& bus);
+    StatusObject(const Sources& sources, QString version, const QDBusConnection& bus);
     ~StatusObject() override;
 
     QString title() const;

@@ -24,7 +24,7 @@ std::optional<QList<AllowlistedApp>> decodeAllowlist(const QByteArray& json)
     if (!document.isArray())
         return {};
     QList<AllowlistedApp> apps;
-    for (const QJsonValue& element : document.array()) {
+    for (const auto& element : document.array()) {
         const QJsonValue bundleID = element[u"bundleID"];
         const QJsonValue name = element[u"name"];
         if (!bundleID.isString() || !name.isString())

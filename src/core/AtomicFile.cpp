@@ -106,7 +106,7 @@ public:
         return false;
     }
 
-    bool adoptPermissions(const struct stat& original)
+    bool adoptPermissions(const struct stat& original) const
     {
         struct stat own = {};
         if (fstat(m_descriptor, &own) != 0)
@@ -116,7 +116,7 @@ public:
             && fchmod(m_descriptor, original.st_mode & permissionBits) == 0;
     }
 
-    bool write(const QByteArray& bytes)
+    bool write(const QByteArray& bytes) const
     {
         qsizetype written = 0;
         while (written < bytes.size()) {

@@ -74,7 +74,7 @@ std::optional<QList<JournalEntry>> decodeJournal(const QByteArray& json)
     if (!document.isArray())
         return {};
     QList<JournalEntry> entries;
-    for (const QJsonValue& element : document.array()) {
+    for (const auto& element : document.array()) {
         const auto entry = decodeEntry(element);
         if (!entry)
             return {};

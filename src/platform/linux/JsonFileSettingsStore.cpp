@@ -26,7 +26,7 @@ namespace Tarvik {
 namespace {
 
 /// Settings and 200 journal entries take some tens of kilobytes; whatever is this long is something else.
-constexpr qint64 maximumBytes = 16 * 1024 * 1024;
+constexpr qint64 maximumBytes = qint64{16} * 1024 * 1024;
 constexpr auto dataMember = "data"_L1;
 
 QString systemError()

@@ -21,7 +21,7 @@ class PsProcess;
 /// `maximumBytes` is empty. Listing without blocking wakes this process up once, when the child has ended.
 class PsProcessTable final : public ProcessTable {
 public:
-    static constexpr qsizetype maximumBytes = 256 * 1024 * 1024;
+    static constexpr qsizetype maximumBytes = qsizetype{256} * 1024 * 1024;
 
     /// `clock` must outlive the table.
     explicit PsProcessTable(Clock& clock, std::string executable = "/bin/ps");
