@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/HookRegistry.h"
 
-#include <QSet>
+#include <algorithm>
+#include <map>
+
 namespace Tarvik {
 
 namespace {
 
 /// The lease, its places in the indexes and what the allocator adds.
-constexpr qsizetype fixedSize = 512;
+constexpr qsizetype fixedSize = 640;
 
 qsizetype estimatedSize(const HookSession& session)
 {
@@ -44,16 +46,22 @@ qsizetype HookRegistry::liveCount(TimePoint now) const
 
 QStringList HookRegistry::liveTools(TimePoint now) const
 {
-    QStringList tools;
-    QSet<QString> seen;
-    for (const Place& place : m_byAge) {
-        const auto session = m_sessions.constFind(place.key);
-        if (!session->isLive(now) || seen.contains(session->tool))
-            continue;
-        seen.insert(session->tool);
-        tools.append(session->tool);
+    std::map<Place, QString, Earlier> toolsByAge;
+    for (auto tool = m_byToolAndAge.begin(); tool != m_byToolAndAge.end(); ++tool) {
+        if (const auto place = oldestLive(tool.value(), now))
+            toolsByAge.emplace(*place, tool.key());
     }
+    QStringList tools;
+    for (const auto& [place, tool] : toolsByAge)
+        tools.append(tool);
     return tools;
+}
+
+std::optional<HookRegistry::Place> HookRegistry::oldestLive(const Places& places, TimePoint now) const
+{
+    const auto place
+        = std::ranges::find_if(places, [&](const Place& each) { return m_sessions.constFind(each.key)->isLive(now); });
+    return place == places.end() ? std::nullopt : std::optional(*place);
 }
 
 std::optional<TimePoint> HookRegistry::earliestExpiry() const
@@ -112,6 +120,7 @@ void HookRegistry::insert(const HookSession& session)
     if (session.expiresAt <= m_lapsed.at)
         ++m_lapsed.count;
     m_byAge.insert({session.acquiredAt, session.key});
+    m_byToolAndAge[session.tool].insert({session.acquiredAt, session.key});
     m_byExpiry.insert({session.expiresAt, session.key});
     m_sessions.insert(session.key, session);
 }
@@ -125,6 +134,10 @@ void HookRegistry::erase(const QString& key)
     if (held->expiresAt <= m_lapsed.at)
         --m_lapsed.count;
     m_byAge.erase({held->acquiredAt, key});
+    const auto ofTool = m_byToolAndAge.find(held->tool);
+    ofTool->erase({held->acquiredAt, key});
+    if (ofTool->empty())
+        m_byToolAndAge.erase(ofTool);
     m_byExpiry.erase({held->expiresAt, key});
     m_sessions.erase(held);
 }

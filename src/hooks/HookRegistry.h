@@ -30,7 +30,8 @@ public:
     QList<HookSession> live(TimePoint now) const;
     qsizetype liveCount(TimePoint now) const;
 
-    /// The agents of the live leases without repeats, in the order of the live list.
+    /// The agents of the live leases without repeats, in the order of the live list. Costs as much as there are agents,
+    /// not leases: it is asked for after every change.
     QStringList liveTools(TimePoint now) const;
 
     /// When the next lease lapses or has lapsed; nothing in an empty table.
@@ -64,6 +65,8 @@ private:
         bool operator()(const Place& a, TimePoint b) const { return a.at < b; }
     };
 
+    using Places = std::set<Place, Earlier>;
+
     /// How many leases had lapsed at the last time that was asked about: time mostly moves on, and a flood of leases
     /// that are dead at once must not be counted again with every event.
     struct Lapsed {
@@ -71,12 +74,14 @@ private:
         qsizetype count = 0;
     };
 
+    std::optional<Place> oldestLive(const Places& places, TimePoint now) const;
     void insert(const HookSession& session);
     void erase(const QString& key);
 
     QHash<QString, HookSession> m_sessions;
-    std::set<Place, Earlier> m_byAge;
-    std::set<Place, Earlier> m_byExpiry;
+    Places m_byAge;
+    QHash<QString, Places> m_byToolAndAge;
+    Places m_byExpiry;
     mutable Lapsed m_lapsed;
     qsizetype m_size = 0;
 };
