@@ -1,0 +1,111 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""What "cmake --install" lays out, and that it works from there and from wherever it is moved to."""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+from gi.repository import Gio
+
+import program
+from program import eventually
+
+CMAKE, BUILD = sys.argv[1:3]
+EXECUTABLE = "lib/tarvik/Contents/Linux/Tarvik"
+ENTRY = "share/applications/com.morvanta.Tarvik.desktop"
+PROGRAMS = (EXECUTABLE, "lib/tarvik/Contents/Linux/TarvikUi", "lib/tarvik/Contents/SharedSupport/tarvik")
+DATA = (
+    "lib/tarvik/Contents/Resources/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
+    "lib/tarvik/Contents/Resources/icons/hicolor/symbolic/apps/tarvik-active-symbolic.svg",
+    "lib/tarvik/Contents/Resources/icons/pixmaps/tarvik-active-symbolic-22.argb",
+    "share/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
+    "share/metainfo/com.morvanta.Tarvik.metainfo.xml",
+    "share/man/man1/tarvik.1",
+    "share/bash-completion/completions/tarvik",
+    "share/zsh/site-functions/_tarvik",
+    "share/fish/vendor_completions.d/tarvik.fish",
+    ENTRY,
+)
+
+
+def executable_of(bus_name):
+    """The file that the owner of a name on the session bus runs; None while nobody owns it."""
+    answer = subprocess.run(
+        ["busctl", "--user", "call", "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID", "s", bus_name],
+        capture_output=True, text=True, check=False,
+    )
+    if answer.returncode != 0:
+        return None
+    try:
+        return os.readlink(f"/proc/{answer.stdout.split()[1]}/exe")
+    except FileNotFoundError:
+        return None
+
+
+class InstallTest(unittest.TestCase):
+    def setUp(self):
+        self.directory = pathlib.Path(tempfile.mkdtemp()).resolve()
+        self.addCleanup(shutil.rmtree, self.directory)
+
+    def install(self, prefix, **environment):
+        subprocess.run([CMAKE, "--install", BUILD, "--prefix", str(prefix)], check=True, stdout=subprocess.DEVNULL,
+                       env={**os.environ, **environment})
+
+    def quit(self):
+        """Ends Tarvik, and with it its windows' process."""
+        subprocess.run(["busctl", "--user", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik", "com.morvanta.Tarvik.Coordinator1",
+                        "Quit"], check=False, capture_output=True)
+        eventually(lambda: executable_of("com.morvanta.Tarvik") is None, "Tarvik ends")
+        eventually(lambda: executable_of("com.morvanta.TarvikUi") is None, "its windows end")
+
+    def test_everything_lies_below_the_prefix_given_when_installing(self):
+        prefix = self.directory / "prefix"
+        self.install(prefix)
+        for name in PROGRAMS:
+            self.assertTrue(os.access(prefix / name, os.X_OK), name)
+        for name in DATA:
+            self.assertGreater((prefix / name).stat().st_size, 0, name)
+        link = os.readlink(prefix / "bin/tarvik")
+        self.assertFalse(os.path.isabs(link), link)
+        self.assertTrue((prefix / "bin/tarvik").samefile(prefix / PROGRAMS[-1]))
+        self.assertIn(f"Exec={prefix / EXECUTABLE}\n", (prefix / ENTRY).read_text(encoding="utf-8"))
+        subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+
+    def test_a_relative_prefix_is_made_absolute(self):
+        subprocess.run([CMAKE, "--install", BUILD, "--prefix", "prefix"], check=True, stdout=subprocess.DEVNULL, cwd=self.directory)
+        prefix = self.directory / "prefix"
+        self.assertIn(f"Exec={prefix / EXECUTABLE}\n", (prefix / ENTRY).read_text(encoding="utf-8"))
+
+    def test_a_staging_directory_is_no_part_of_the_installed_paths(self):
+        self.install("/opt/product", DESTDIR=str(self.directory))
+        staged = self.directory / "opt/product"
+        self.assertTrue((staged / EXECUTABLE).exists())
+        self.assertIn(f"Exec=/opt/product/{EXECUTABLE}\n", (staged / ENTRY).read_text(encoding="utf-8"))
+
+    def test_the_desktop_starts_it_from_an_odd_prefix(self):
+        prefix = self.directory / "an \"odd\" $HOME `prefix`"
+        self.install(prefix)
+        subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+        self.addCleanup(self.quit)
+        self.assertTrue(Gio.DesktopAppInfo.new_from_filename(str(prefix / ENTRY)).launch())
+        eventually(lambda: executable_of("com.morvanta.Tarvik") == str(prefix / EXECUTABLE), "the installed Tarvik runs")
+
+    def test_a_moved_copy_runs_with_its_own_windows_and_tool(self):
+        self.install(self.directory / "here")
+        moved = (self.directory / "here").rename(self.directory / "there")
+        tarvik = subprocess.Popen([moved / EXECUTABLE])
+        self.addCleanup(tarvik.wait)
+        self.addCleanup(self.quit)
+        eventually(lambda: subprocess.run([moved / "bin/tarvik", "status"], stdout=subprocess.DEVNULL, check=False).returncode == 1,
+                   "its own tool reaches it")
+        subprocess.run([moved / EXECUTABLE], check=True, timeout=program.PATIENCE)
+        eventually(lambda: executable_of("com.morvanta.TarvikUi") == str(moved / PROGRAMS[1]), "its own panel opens")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
