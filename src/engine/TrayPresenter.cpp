@@ -121,6 +121,9 @@ TrayMenu TrayPresenter::menu() const
     statusLine.isEnabled = false;
     TrayMenuEntry onOffSwitch = command(Entry::onOff, u"Tarvik"_s);
     onOffSwitch.isChecked = m_settings.isEnabled();
+    TrayMenuEntry settings = command(Entry::openSettings, u"Settings…"_s);
+    // There is no settings window yet.
+    settings.isEnabled = false;
     return {
         statusLine,
         separator(Entry::separatorAboveSwitch),
@@ -128,7 +131,7 @@ TrayMenu TrayPresenter::menu() const
         sessionEntry(),
         command(Entry::lockAndLeave, u"Lock & leave"_s),
         separator(Entry::separatorAboveSettings),
-        command(Entry::openSettings, u"Settings…"_s),
+        settings,
         command(Entry::quit, u"Quit Tarvik"_s),
     };
 }

@@ -12,6 +12,8 @@ FocusScope {
     required property QtObject coordinator
     /// isEnabled, read and written.
     required property QtObject settings
+    /// Whether there is a settings window to open.
+    required property bool hasSettingsWindow
 
     readonly property bool sessionHovered: sessionRow.hovered
 
@@ -94,18 +96,44 @@ FocusScope {
             theme: root.theme
             width: column.rowWidth
         }
-        MenuRow {
-            objectName: "settingsRow"
-            systemImage: "gearshape"
-            theme: root.theme
-            title: qsTr("Settings…")
+        // A row that is disabled hears nothing of the pointer, but what is below it does.
+        Item {
+            implicitHeight: settingsRow.height
             width: column.rowWidth
 
-            action: T.Action {
-                onTriggered: {
-                    root.openSettings();
-                    root.dismissed();
+            HoverHandler {
+                id: settingsHover
+            }
+            MenuRow {
+                id: settingsRow
+
+                objectName: "settingsRow"
+                systemImage: "gearshape"
+                theme: root.theme
+                title: qsTr("Settings…")
+                width: parent.width
+
+                Accessible.description: settingsTip.text
+
+                action: T.Action {
+                    enabled: root.hasSettingsWindow
+
+                    onTriggered: {
+                        root.openSettings();
+                        root.dismissed();
+                    }
                 }
+            }
+            HelpTip {
+                id: settingsTip
+
+                isMirrored: settingsRow.mirrored
+                objectName: "settingsTip"
+                text: root.hasSettingsWindow ? "" : qsTr("This version of Tarvik has no settings window yet.")
+                theme: root.theme
+                visible: text && settingsHover.hovered
+                x: (settingsRow.width - width) / 2
+                y: settingsRow.height + 2
             }
         }
         MenuRow {

@@ -43,6 +43,7 @@ T.AbstractButton {
     contentItem: Item {
         implicitHeight: Math.max(icon.height, label.implicitHeight)
         implicitWidth: icon.width + 8 + label.implicitWidth + 8 + farEnd.width
+        opacity: root.enabled ? 1 : 0.5
 
         Icon {
             id: icon

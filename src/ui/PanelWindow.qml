@@ -9,6 +9,7 @@ Window {
     required property QtObject appearance
     required property QtObject coordinator
     required property QtObject settings
+    required property bool hasSettingsWindow
     /// Whether transparent windows are possible.
     required property bool isComposited
 
@@ -59,6 +60,7 @@ Window {
 
             anchors.fill: parent
             coordinator: root.coordinator
+            hasSettingsWindow: root.hasSettingsWindow
             settings: root.settings
             theme: theme
 

@@ -33,6 +33,9 @@ constexpr int attempts = 3;
 /// A click on the tray takes the focus from the panel before the tray reports it.
 constexpr qint64 sameClickMilliseconds = 250;
 
+/// The panel offers it only once there is one.
+constexpr bool hasSettingsWindow = false;
+
 PanelPlacement::Screen describe(const QScreen& screen)
 {
     return {.geometry = screen.geometry(),
@@ -121,6 +124,7 @@ bool WindowKeeper::createPanel()
         {u"appearance"_s, QVariant::fromValue<QObject*>(&m_models.appearance)},
         {u"coordinator"_s, QVariant::fromValue<QObject*>(&m_models.coordinator)},
         {u"settings"_s, QVariant::fromValue<QObject*>(&m_models.settings)},
+        {u"hasSettingsWindow"_s, hasSettingsWindow},
         {u"isComposited"_s, X11Hints::isComposited()},
     });
     m_panel.reset(qobject_cast<QQuickWindow*>(object));

@@ -70,6 +70,7 @@ private Q_SLOTS:
             " | Keep awake for… [10 minutes | 1 hour | 2 hours | All day (16 h)]"
             " | Lock & leave | - | Settings… | Quit Tarvik"_s);
         QVERIFY(!m_tray->entry(u"Dozing — nothing to watch"_s).isEnabled);
+        QVERIFY(!m_tray->entry(u"Settings…"_s).isEnabled);
         QCOMPARE(m_tray->entry(u"Tarvik"_s).isChecked, std::optional(true));
         QCOMPARE(m_tray->entry(u"Quit Tarvik"_s).isChecked, std::optional<bool>());
     }
@@ -151,15 +152,13 @@ private Q_SLOTS:
         start();
         QStringList calls;
         m_presenter->onLock = [&] { calls.append(u"lock"_s); };
-        m_presenter->onOpenSettings = [&] { calls.append(u"settings"_s); };
         m_presenter->onQuit = [&] { calls.append(u"quit"_s); };
         m_presenter->onOpenPanel
             = [&](int x, int y, const QString& token) { calls.append(u"panel %1 %2 %3"_s.arg(x).arg(y).arg(token)); };
         m_tray->choose(u"Lock & leave"_s);
-        m_tray->choose(u"Settings…"_s);
         m_tray->choose(u"Quit Tarvik"_s);
         m_tray->onActivate(12, 34, u"token"_s);
-        QCOMPARE(calls, (QStringList{u"lock"_s, u"settings"_s, u"quit"_s, u"panel 12 34 token"_s}));
+        QCOMPARE(calls, (QStringList{u"lock"_s, u"quit"_s, u"panel 12 34 token"_s}));
     }
 
     void choicesThatNobodyHandlesAndUnknownOnesDoNothing()
