@@ -18,6 +18,7 @@ from gi.repository import Gio, GLib
 TARVIK, TOOL, SLEEPER = sys.argv[1:4]
 IDLE_SECONDS = float(sys.argv[4]) if len(sys.argv) > 4 else 300
 POLL_PERIOD = 5
+SETTINGS = ("com.morvanta.Tarvik", "/com/morvanta/Tarvik", "com.morvanta.Tarvik.Settings1")
 LOGIND = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
 
 
@@ -129,6 +130,25 @@ def bench_hook(inhibitions):
     row("The turn ends -> released (median of 50)", f"{statistics.median(released):.1f} ms", "at most 10 ms")
 
 
+def bench_setting(inhibitions):
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    taken, released = [], []
+    agent = subprocess.Popen(["claude"], executable=SLEEPER)
+    inhibitions.wait_for(True, 0)
+    for _ in range(20):
+        for enabled, times in ((False, released), (True, taken)):
+            began = time.monotonic()
+            bus.call(SETTINGS[0], SETTINGS[1], "org.freedesktop.DBus.Properties", "Set",
+                     GLib.Variant("(ssv)", (SETTINGS[2], "isEnabled", GLib.Variant("b", enabled))),
+                     None, Gio.DBusCallFlags.NONE, -1, None, None)
+            times.append(inhibitions.wait_for(enabled, began))
+    agent.kill()
+    agent.wait()
+    inhibitions.wait_for(False, 0)
+    row("A settings change -> released (median of 20)", f"{statistics.median(released):.1f} ms", "at most 20 ms")
+    row("It is taken back -> the inhibitor in logind (median)", f"{statistics.median(taken):.1f} ms", "at most 20 ms")
+
+
 def bench_idle(process):
     pid = process.pid
     cpu, children, woken = cpu_milliseconds(pid), children_milliseconds(pid), wakeups(pid)
@@ -152,6 +172,7 @@ def main():
         inhibitions = Inhibitions()
         bench_process(inhibitions)
         bench_hook(inhibitions)
+        bench_setting(inhibitions)
         bench_idle(process)
         process.terminate()
         process.wait()
