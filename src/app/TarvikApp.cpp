@@ -6,6 +6,7 @@
 
 #include "bus/ApplicationAdaptor.h"
 #include "bus/CoordinatorAdaptor.h"
+#include "bus/HooksAdaptor.h"
 #include "bus/SettingsAdaptor.h"
 #include "engine/LaunchAtLogin.h"
 #include "hooks/HookConfig.h"
@@ -73,6 +74,7 @@ void TarvikApp::offerOnBus(QDBusConnection sessionBus)
     auto* coordinator = new CoordinatorAdaptor(m_status, m_coordinator, sessionBus);
     coordinator->onLockScreen = [this] { lockTheScreen(); };
     coordinator->onQuit = [] { QCoreApplication::quit(); };
+    new HooksAdaptor(m_status, {.home = m_platform.home, .tool = m_platform.bundle.toolPath()}, sessionBus);
     auto* settings = new SettingsAdaptor(m_status, m_settings, sessionBus);
     settings->onSetLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
     sessionBus.registerObject(QString::fromLatin1(StatusWire::objectPath), &m_status, QDBusConnection::ExportAdaptors);

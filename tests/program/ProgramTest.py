@@ -249,6 +249,39 @@ class HooksTest(TarvikTestCase):
         eventually(is_not_held, "released", 1)
         self.assertIn("hook acquire from claude (changed); 1 session(s) held", tarvik.log())
 
+    def hooks(self, *call):
+        result = subprocess.run(
+            ["busctl", "--user", "--json=short", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik",
+             "com.morvanta.Tarvik.Hooks1", *call],
+            capture_output=True, text=True, check=False,
+        )
+        return json.loads(result.stdout)["data"][0] if result.returncode == 0 else result.stderr
+
+    def test_hooks_are_switched_on_and_off_over_the_bus(self):
+        home = self.config / "home"
+        (home / ".claude").mkdir(parents=True)
+        settings = home / ".claude" / "settings.json"
+        settings.write_text('{"model": "opus", "n": 12345678901234567890}', encoding="utf-8")
+        self.programs.start("claude")
+        tarvik = self.start_tarvik(environment={**os.environ, "HOME": str(home)})
+        eventually(is_held, "held for the process")
+        self.assertIs(self.hooks("Install", "s", "claude"), True)
+        self.assertEqual(self.hooks("InstalledIds"), ["claude"])
+        eventually(is_not_held, "the process no longer counts", program.POLL_PERIOD + 1)
+        command = json.loads(settings.read_text())["hooks"]["Stop"][0]["hooks"][0]["command"]
+        for event, condition in (("UserPromptSubmit", is_held), ("Stop", is_not_held)):
+            payload = json.dumps({"session_id": "1", "hook_event_name": event}).encode()
+            subprocess.run(["/bin/sh", "-c", command], input=payload, check=True, timeout=5)
+            eventually(condition, event, 1)
+        self.assertIs(self.hooks("Uninstall", "s", "claude"), True)
+        self.assertEqual(settings.read_text().split(), '{ "model": "opus", "n": 12345678901234567890 }'.split())
+        eventually(is_held, "the process counts again", program.POLL_PERIOD + 1)
+        settings.write_text("{broken", encoding="utf-8")
+        self.assertIs(self.hooks("Install", "s", "claude"), False)
+        self.assertEqual(settings.read_text(), "{broken")
+        self.assertIn("There are no hooks for an agent", self.hooks("Install", "s", "vim"))
+        self.assertIn("settings.json is not valid JSON; refusing to touch it", tarvik.log())
+
     def test_hold_keeps_awake_while_its_command_runs(self):
         self.start_tarvik()
         with subprocess.Popen([program.TOOL, "hold", "--", "cat"], stdin=subprocess.PIPE) as hold:
