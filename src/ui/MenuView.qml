@@ -29,6 +29,8 @@ FocusScope {
     implicitHeight: column.implicitHeight
     implicitWidth: Math.max(300, theme.scaled(300))
 
+    // What a screen reader says when the panel opens.
+    Accessible.description: coordinator.statusReason
     Accessible.name: qsTr("Tarvik")
     Accessible.role: Accessible.Pane
     Keys.onDownPressed: moveFocus(true)
@@ -96,42 +98,34 @@ FocusScope {
             theme: root.theme
             width: column.rowWidth
         }
-        // A row that is disabled hears nothing of the pointer, but what is below it does.
-        Item {
-            implicitHeight: settingsRow.height
+        MenuRow {
+            id: settingsRow
+
+            objectName: "settingsRow"
+            systemImage: "gearshape"
+            theme: root.theme
+            title: qsTr("Settings…")
             width: column.rowWidth
 
-            HoverHandler {
-                id: settingsHover
-            }
-            MenuRow {
-                id: settingsRow
+            Accessible.description: settingsTip.text
 
-                objectName: "settingsRow"
-                systemImage: "gearshape"
-                theme: root.theme
-                title: qsTr("Settings…")
-                width: parent.width
+            action: T.Action {
+                enabled: root.hasSettingsWindow
 
-                Accessible.description: settingsTip.text
-
-                action: T.Action {
-                    enabled: root.hasSettingsWindow
-
-                    onTriggered: {
-                        root.openSettings();
-                        root.dismissed();
-                    }
+                onTriggered: {
+                    root.openSettings();
+                    root.dismissed();
                 }
             }
+
             HelpTip {
                 id: settingsTip
 
                 isMirrored: settingsRow.mirrored
                 objectName: "settingsTip"
-                text: root.hasSettingsWindow ? "" : qsTr("This version of Tarvik has no settings window yet.")
+                text: root.hasSettingsWindow ? "" : qsTr("There is no settings window yet.")
                 theme: root.theme
-                visible: text && settingsHover.hovered
+                visible: text && settingsRow.hovered
                 x: (settingsRow.width - width) / 2
                 y: settingsRow.height + 2
             }

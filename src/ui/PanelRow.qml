@@ -11,7 +11,7 @@ T.AbstractButton {
     required property string title
     required property string systemImage
     property color tint: theme.secondaryText
-    property bool isHighlighted: hovered
+    property bool isHighlighted: hovered && enabled
     property alias farEnd: farEnd.data
 
     bottomPadding: 5

@@ -57,6 +57,7 @@ Item {
             width: parent.width
             wrapMode: Text.Wrap
 
+            Accessible.name: text
             Accessible.role: Accessible.Heading
         }
         Label {
@@ -68,6 +69,9 @@ Item {
             theme: root.theme
             width: parent.width
             wrapMode: Text.Wrap
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
         Label {
             color: root.theme.tertiaryText
@@ -79,6 +83,9 @@ Item {
             visible: text
             width: parent.width
             wrapMode: Text.Wrap
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
     }
 }

@@ -243,11 +243,12 @@ Item {
             compare(tip.visible, false);
             view.hasSettingsWindow = false;
             compare(row.contentItem.opacity, 0.5);
+            compare(findChild(row, "highlight").color, "#00000000");
             mouseClick(row);
             row.Accessible.pressAction();
             compare(signalled, []);
             tryVerify(() => tip.visible);
-            compare(tip.text, "This version of Tarvik has no settings window yet.");
+            compare(tip.text, "There is no settings window yet.");
             compare(row.Accessible.description, tip.text);
             for (let step = 0; step < 4; ++step)
                 keyClick(Qt.Key_Down);
@@ -374,7 +375,11 @@ Item {
                 compare(row.Accessible.role, Accessible.Button);
                 compare(row.Accessible.name, row.title);
             }
+            compare(view.Accessible.description, "Awake · 2 agents, 1 app");
             compare(findChild(view, "headline").Accessible.role, Accessible.Heading);
+            for (const name of ["headline", "subtitle", "details"])
+                compare(findChild(view, name).Accessible.name, findChild(view, name).text);
+            compare(findChild(view, "details").Accessible.name, "charging 80%");
         }
 
         function test_aScreenReadersPressIsAClick() {
