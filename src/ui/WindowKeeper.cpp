@@ -181,10 +181,14 @@ void WindowKeeper::insistOnPosition()
 
 void WindowKeeper::panelVisibleChanged(bool visible)
 {
-    if (visible)
+    if (visible) {
         m_linger.stop();
-    else
-        m_linger.start();
+        return;
+    }
+    m_linger.start();
+    // Nobody tells a hidden window that the pointer has left it; what was under the pointer would stay highlighted.
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(m_panel.get(), &leave);
 }
 
 } // namespace Tarvik

@@ -6,6 +6,7 @@ import os
 import pathlib
 import re
 import subprocess
+import tempfile
 import time
 import unittest
 
@@ -127,6 +128,23 @@ class PanelOnDesktopTest(unittest.TestCase):
         self.press("Down", "Down", "Down", "Return")
         self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
         self.assert_closed()
+
+    def colour_at(self, x, y):
+        with tempfile.NamedTemporaryFile(suffix=".ppm") as picture:
+            subprocess.run(["scrot", "--overwrite", "--silent", "--autoselect", f"{x},{y},1,1", picture.name], check=True)
+            return picture.read()[-3:]
+
+    def test_what_was_under_the_pointer_is_not_highlighted_the_next_time(self):
+        x, y, width, height = self.surface(self.open())
+        beside_the_last_title = (x + width - 40, y + height - 20)
+        plain = self.colour_at(*beside_the_last_title)
+        subprocess.run(["xdotool", "mousemove", *map(str, beside_the_last_title)], check=True, timeout=DEADLINE)
+        await_true(lambda: self.colour_at(*beside_the_last_title) != plain, "the row was not highlighted")
+        self.press("Escape")
+        self.assert_closed()
+        subprocess.run(["xdotool", "mousemove", "100", "700"], check=True, timeout=DEADLINE)
+        self.open()
+        await_true(lambda: self.colour_at(*beside_the_last_title) == plain, "the row is still highlighted")
 
     def test_quit_ends_tarvik_and_with_it_the_windows(self):
         self.open()
