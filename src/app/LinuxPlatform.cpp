@@ -23,6 +23,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +46,15 @@ bool isWayland()
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
 }
 
+/// The application's icon as other programs find it: by its name where that is installed, else by its place.
+QString findableIcon(const AppBundle& bundle)
+{
+    const QString file = u"/hicolor/scalable/apps/"_s + bundle.identifier + u".svg"_s;
+    if (!QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"icons"_s + file).isEmpty())
+        return bundle.identifier;
+    return QUrl::fromLocalFile(bundle.iconDirectory() + file).toString(QUrl::FullyEncoded);
+}
+
 } // namespace
 
 LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
@@ -63,7 +73,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           std::make_unique<DesktopPowerAssertions>(systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP")))
     , loginItem(std::make_unique<XdgAutostartLoginItem>(
           configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
-    , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus))
+    , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus, findableIcon(bundle)))
     , hotKeys(std::make_unique<DesktopHotKeys>(
           sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))

@@ -17,7 +17,7 @@ private Q_SLOTS:
         TARVIK_FAIL_ON_WARNINGS();
         m_errors.clear();
         m_answers.clear();
-        m_notifications = std::make_unique<FreedesktopNotifications>(m_client);
+        m_notifications = std::make_unique<FreedesktopNotifications>(m_client, u"com.morvanta.Tarvik"_s);
     }
 
     void cleanup() { m_notifications.reset(); }
@@ -44,7 +44,7 @@ private Q_SLOTS:
 
     void noBusIsAnError()
     {
-        m_notifications = std::make_unique<FreedesktopNotifications>(QDBusConnection(u"nowhere"_s));
+        m_notifications = std::make_unique<FreedesktopNotifications>(QDBusConnection(u"nowhere"_s), QString());
         authorize();
         post(u"body"_s);
         QVERIFY(m_answers.isEmpty());
@@ -175,7 +175,7 @@ private Q_SLOTS:
         post(u"body"_s);
         authorize();
         QTRY_COMPARE(daemon.postponed(), 1);
-        m_notifications = std::make_unique<FreedesktopNotifications>(m_client);
+        m_notifications = std::make_unique<FreedesktopNotifications>(m_client, u"com.morvanta.Tarvik"_s);
         daemon.answerNow();
         authorize();
         QTRY_COMPARE(m_answers, QStringList{u"granted"_s});

@@ -10,12 +10,15 @@ import re
 import signal
 import subprocess
 import time
+import urllib.parse
 
 import program
 from gi.repository import Gio, GLib
 from program import TarvikTestCase, eventually, is_held, is_not_held
 
 DESKTOP = str(pathlib.Path(__file__).resolve().parents[2] / "scripts" / "desktop")
+# Outside the virtual desktop, this would end the user's own panel.
+PANEL_CONFIGURATION = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
 TARVIK = ("com.morvanta.Tarvik", "/com/morvanta/Tarvik")
@@ -195,10 +198,9 @@ class TrayTest(PresenceTestCase):
             subprocess.run(restart, check=True, capture_output=True)
             eventually(lambda: read_property(*WATCHER, "RegisteredStatusNotifierItems") is None, "the panel is gone")
             eventually(lambda: not self.tarvik.status()["trayShown"], "Tarvik knows")
-            directories = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
             successor = subprocess.Popen(
                 ["xfce4-panel", "--disable-wm-check"], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                stderr=subprocess.DEVNULL, env={**os.environ, "NO_AT_BRIDGE": "1", "XDG_CONFIG_DIRS": directories})
+                stderr=subprocess.DEVNULL, env={**os.environ, "NO_AT_BRIDGE": "1", "XDG_CONFIG_DIRS": PANEL_CONFIGURATION})
             # It serves the tests that follow and ends with the virtual desktop.
             successor.returncode = 0
             eventually(lambda: f"{self.item()}/StatusNotifierItem" in (read_property(*WATCHER, "RegisteredStatusNotifierItems") or []),
@@ -459,7 +461,9 @@ class NotificationsTest(PresenceTestCase):
         eventually(is_not_held, "released")
         self.wait_for(("Tarvik paused", "Paused — battery 15% &lt; 20%"))
         name, replaces, icon, _title, _body, actions, hints, _expiry = self.calls("Notify")[0]
-        self.assertEqual((name, replaces, icon, actions), ("Tarvik", 0, "com.morvanta.Tarvik", []))
+        self.assertEqual((name, replaces, actions), ("Tarvik", 0, []))
+        self.assertTrue(icon.startswith("file:///"), f"no icon theme knows a bundle that is not installed: {icon}")
+        self.assertTrue(os.path.exists(urllib.parse.unquote(icon.removeprefix("file://"))), icon)
         self.assertEqual(hints["desktop-entry"]["data"], "com.morvanta.Tarvik")
 
     def test_starts_and_stops_are_announced_on_request(self):

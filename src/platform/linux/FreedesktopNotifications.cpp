@@ -33,8 +33,9 @@ QString escaped(QString text)
 
 } // namespace
 
-FreedesktopNotifications::FreedesktopNotifications(QDBusConnection sessionBus)
+FreedesktopNotifications::FreedesktopNotifications(QDBusConnection sessionBus, QString icon)
     : m_bus(std::move(sessionBus))
+    , m_icon(std::move(icon))
 {
     if (!m_bus.isConnected())
         return;
@@ -111,7 +112,7 @@ void FreedesktopNotifications::notify(const QString& title, const QString& body,
     QDBusMessage message = methodCall(u"Notify"_s);
     message.setArguments({u"Tarvik"_s,
         replacesNone,
-        applicationId,
+        m_icon,
         title,
         m_readsMarkup.value_or(false) ? escaped(body) : body,
         QStringList(),

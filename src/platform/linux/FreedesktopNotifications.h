@@ -18,7 +18,8 @@ namespace Tarvik {
 /// daemon answers.
 class FreedesktopNotifications final : public UserNotifications {
 public:
-    explicit FreedesktopNotifications(QDBusConnection sessionBus);
+    /// `icon` is a name in the icon theme or a file's URI.
+    FreedesktopNotifications(QDBusConnection sessionBus, QString icon);
     FreedesktopNotifications(const FreedesktopNotifications&) = delete;
     FreedesktopNotifications& operator=(const FreedesktopNotifications&) = delete;
 
@@ -38,6 +39,7 @@ private:
     void notify(const QString& title, const QString& body, Receiver done);
 
     QDBusConnection m_bus;
+    QString m_icon;
     QDBusServiceWatcher m_watcher;
     /// Whether the daemon that is running reads the body as markup; unknown until it has told.
     std::optional<bool> m_readsMarkup;
