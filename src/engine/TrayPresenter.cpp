@@ -108,7 +108,8 @@ void TrayPresenter::update()
 {
     m_tray.setAppearance({
         .imageName = imageName(m_coordinator),
-        .title = m_coordinator.title(),
+        // Panels list their items by it, and screen readers say it.
+        .title = u"Tarvik — "_s + m_coordinator.title(),
         .tooltipTitle = m_coordinator.statusReason(),
         .tooltipBody = joined(m_coordinator.statusSubtitle(), m_coordinator.statusDetails()),
     });

@@ -26,7 +26,7 @@ private Q_SLOTS:
         start();
         QCOMPARE(m_tray->appearance,
             (TrayAppearance{u"MenuLooking"_s,
-                u"Watching"_s,
+                u"Tarvik — Watching"_s,
                 u"Dozing — nothing to watch"_s,
                 u"Nothing running to keep awake for"_s}));
     }
@@ -37,7 +37,8 @@ private Q_SLOTS:
         m_machine->setPower(true, 80);
         m_machine->run("claude\n");
         QCOMPARE(m_tray->appearance,
-            (TrayAppearance{u"MenuActive"_s, u"Awake"_s, u"Awake · 1 agent"_s, u"Claude Code · charging 80%"_s}));
+            (TrayAppearance{
+                u"MenuActive"_s, u"Tarvik — Awake"_s, u"Awake · 1 agent"_s, u"Claude Code · charging 80%"_s}));
         m_machine->run("");
         QCOMPARE(m_tray->appearance.imageName, u"MenuLooking"_s);
     }
@@ -50,7 +51,7 @@ private Q_SLOTS:
         m_machine->settle();
         m_machine->run("claude\n");
         QCOMPARE(m_tray->appearance,
-            (TrayAppearance{u"MenuIdle"_s, u"Paused"_s, u"Paused — on battery"_s, u"running on battery"_s}));
+            (TrayAppearance{u"MenuIdle"_s, u"Tarvik — Paused"_s, u"Paused — on battery"_s, u"running on battery"_s}));
     }
 
     void isIdleWhileSwitchedOff()
@@ -59,7 +60,7 @@ private Q_SLOTS:
         m_machine->run("claude\n");
         m_machine->settings->setIsEnabled(false);
         m_machine->settle();
-        QCOMPARE(m_tray->appearance, (TrayAppearance{u"MenuIdle"_s, u"Off"_s, u"Off"_s, u"Not watching"_s}));
+        QCOMPARE(m_tray->appearance, (TrayAppearance{u"MenuIdle"_s, u"Tarvik — Off"_s, u"Off"_s, u"Not watching"_s}));
     }
 
     void theMenuOffersWhatThePanelOffers()

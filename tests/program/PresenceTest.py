@@ -21,6 +21,7 @@ DESKTOP = str(pathlib.Path(__file__).resolve().parents[2] / "scripts" / "desktop
 PANEL_CONFIGURATION = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
+DAEMON = ("org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications")
 TARVIK = ("com.morvanta.Tarvik", "/com/morvanta/Tarvik")
 UI_NAME = "com.morvanta.TarvikUi"
 # Below the middle of the switch, from the upper right corner of the panel.
@@ -45,6 +46,10 @@ def call(service, path, interface, method, arguments=None):
 def read_property(service, path, interface, name):
     answer = call(service, path, PROPERTIES, "Get", GLib.Variant("(ss)", (interface, name)))
     return answer[0] if answer else None
+
+
+def hardware(*change):
+    subprocess.run([DESKTOP, *map(str, change)], check=True)
 
 
 def write_setting(name, value):
@@ -84,6 +89,8 @@ def own_memory(pid):
 class PresenceTestCase(TarvikTestCase):
     def setUp(self):
         super().setUp()
+        hardware("mains", "on")
+        hardware("battery", 80, "charging")
         # What the pointer rests on is highlighted and gets a tooltip, which is a window, too.
         subprocess.run(["xdotool", "mousemove", "400", "600"], check=True)
         self.may_log = []
@@ -104,7 +111,10 @@ class PresenceTestCase(TarvikTestCase):
         return f"org.kde.StatusNotifierItem-{self.tarvik.process.pid}-1"
 
     def image(self):
-        return read_property(self.item(), "/StatusNotifierItem", "org.kde.StatusNotifierItem", "IconName")
+        return self.shown("IconName")
+
+    def shown(self, name):
+        return read_property(self.item(), "/StatusNotifierItem", "org.kde.StatusNotifierItem", name)
 
     def tray(self):
         """Where the item is in the panel of the desktop, once that has stopped shifting its parts about."""
@@ -160,6 +170,8 @@ class TrayTest(PresenceTestCase):
         self.assertEqual(self.image(), "tarvik-looking-symbolic")
         self.programs.start("claude")
         eventually(lambda: self.image() == "tarvik-active-symbolic", "active")
+        self.assertEqual((self.shown("Id"), self.shown("Title")), ("tarvik", "Tarvik — Awake"))
+        self.assertEqual(self.shown("ToolTip")[2:], ("Awake · 1 agent", "Claude Code · charging 80%"))
         self.choose("Tarvik")
         eventually(lambda: self.image() == "tarvik-idle-symbolic", "idle")
         self.assertFalse(self.tarvik.status()["isAwake"])
@@ -424,8 +436,6 @@ class ShortcutTest(PresenceTestCase):
 class NotificationsTest(PresenceTestCase):
     def setUp(self):
         super().setUp()
-        self.hardware("mains", "on")
-        self.hardware("battery", 80, "charging")
         self.said = self.config / "notifications"
         with self.said.open("w", encoding="utf-8") as file:
             monitor = subprocess.Popen(
@@ -434,11 +444,7 @@ class NotificationsTest(PresenceTestCase):
         self.addCleanup(monitor.wait)
         self.addCleanup(monitor.kill)
         # What is asked here itself is the proof that the monitor listens.
-        eventually(lambda: call(*["org.freedesktop.Notifications", "/org/freedesktop/Notifications"],
-                                "org.freedesktop.Notifications", "GetServerInformation") and self.said.stat().st_size > 0, "it listens")
-
-    def hardware(self, *change):
-        subprocess.run([DESKTOP, *map(str, change)], check=True)
+        eventually(lambda: call(*DAEMON, "GetServerInformation") and self.said.stat().st_size > 0, "it listens")
 
     def calls(self, member):
         """The arguments of the calls that the notification daemon got, oldest first."""
@@ -456,8 +462,8 @@ class NotificationsTest(PresenceTestCase):
         self.programs.start("claude")
         self.present({"batteryLimitEnabled": True, "batteryThreshold": 20})
         eventually(is_held, "held")
-        self.hardware("mains", "off")
-        self.hardware("battery", 15, "discharging")
+        hardware("mains", "off")
+        hardware("battery", 15, "discharging")
         eventually(is_not_held, "released")
         self.wait_for(("Tarvik paused", "Paused — battery 15% &lt; 20%"))
         name, replaces, icon, _title, _body, actions, hints, _expiry = self.calls("Notify")[0]
@@ -480,10 +486,9 @@ class NotificationsTest(PresenceTestCase):
         self.programs.start("claude")
         self.present({"notifyOnToggle": False, "notifyOnPause": False, "requireAC": True})
         eventually(is_held, "held")
-        self.hardware("mains", "off")
+        hardware("mains", "off")
         eventually(is_not_held, "released")
-        call("org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications", "CloseNotification",
-             GLib.Variant("(u)", (4711,)))
+        call(*DAEMON, "CloseNotification", GLib.Variant("(u)", (4711,)))
         eventually(lambda: self.calls("CloseNotification"), "everything has been heard")
         self.assertEqual((self.calls("GetCapabilities"), self.notifications()), ([], []))
 
