@@ -72,7 +72,8 @@ void UiProcess::send(const Wish& wish)
         if (!call->isError())
             return;
         const QDBusError error = call->error();
-        if (isGone(error) && !wish.wasLaunchedFor)
+        // A process that hangs gives no reply either, but it is there and will read the call when it can.
+        if (isGone(error) && !wish.wasLaunchedFor && !wish.patience.hasExpired())
             launchFor(wish);
         else
             qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
@@ -94,7 +95,7 @@ void UiProcess::noticeEnd(const QString& failure)
         return;
     }
     // The wish came while the process was on its way out.
-    if (wish && !std::exchange(wish->wasLaunchedForAgain, true))
+    if (wish && !wish->patience.hasExpired() && !std::exchange(wish->wasLaunchedForAgain, true))
         launchFor(*wish);
 }
 

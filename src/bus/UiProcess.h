@@ -4,8 +4,10 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <QDeadlineTimer>
 #include <QObject>
 
+#include <chrono>
 #include <optional>
 
 namespace Tarvik {
@@ -30,6 +32,8 @@ private:
     struct Wish {
         QString method;
         QVariantList arguments;
+        /// A window that comes later than this would come as a surprise.
+        QDeadlineTimer patience = QDeadlineTimer(std::chrono::seconds(3));
         /// The process may leave just when it is called; then it is started for this wish, once.
         bool wasLaunchedFor = false;
         bool wasLaunchedForAgain = false;

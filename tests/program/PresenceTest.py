@@ -283,6 +283,19 @@ class PanelTest(PresenceTestCase):
         self.assertTrue(is_held())
         self.assertEqual(self.journal(), ["on: Awake · 1 agent"])
 
+    def test_a_windows_process_that_hangs_is_reported(self):
+        self.present()
+        self.open_panel()
+        hung = self.windows_process()
+        os.kill(hung, signal.SIGSTOP)
+        self.addCleanup(os.kill, hung, signal.SIGCONT)
+        complaint = "Tarvik [system] The windows' process did not show a window: Did not receive a reply."
+        click(*self.tray())
+        eventually(lambda: complaint in self.tarvik.log(), "it is logged")
+        self.assertEqual(self.tarvik.status()["reason"], "Dozing — nothing to watch")
+        self.may_log = self.tarvik.log().splitlines()
+        self.assertEqual(len(self.may_log), 1)
+
     def test_it_goes_with_tarvik_however_that_ends(self):
         for number in (signal.SIGTERM, signal.SIGKILL):
             with self.subTest(number.name):
