@@ -220,6 +220,8 @@ private Q_SLOTS:
         const QDBusMessage answer = call(u"EventGroup"_s, {events({{5, u"clicked"_s}, {5, u"clicked"_s}})});
         QCOMPARE(qdbus_cast<QList<int>>(answer.arguments().constFirst()), QList<int>{5});
         QCOMPARE(m_chosen, QList<int>{5});
+        QTRY_COMPARE(m_signals.size(), 1);
+        QCOMPARE(m_signals[0].member(), u"LayoutUpdated"_s);
     }
 
     void leavesTheBusWithItsEnd()
