@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HeldCommand.h"
 
-#include "FileDescriptor.h"
-
 #include "platform/HookWire.h"
+#include "platform/linux/FileDescriptor.h"
 
 #include <poll.h>
 #include <spawn.h>

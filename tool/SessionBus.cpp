@@ -57,7 +57,7 @@ SessionBus::SessionBus(const BusAddress& address, uid_t user, Deadline deadline)
     if (address.mustBelongToUser && !belongsTo(address.name, user))
         return;
     FileDescriptor descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (descriptor.isOpen() && connectTo(descriptor.get(), address, deadline))
+    if (descriptor.isValid() && connectTo(descriptor.get(), address, deadline))
         m_socket = std::move(descriptor);
 }
 

@@ -5,7 +5,8 @@
 #include "BusAddress.h"
 #include "DBusMessage.h"
 #include "Deadline.h"
-#include "FileDescriptor.h"
+
+#include "platform/linux/FileDescriptor.h"
 
 #include <optional>
 #include <string>
@@ -22,7 +23,7 @@ public:
     /// Connects; nothing listens, or what does belongs to somebody else: not connected.
     SessionBus(const BusAddress& address, uid_t user, Deadline deadline);
 
-    bool isConnected() const { return m_socket.isOpen(); }
+    bool isConnected() const { return m_socket.isValid(); }
 
     /// Logs in, sends the messages, and answers the reply to the last of them. Nothing when
     /// the bus refused, went away, or did not answer in time; what was sent may have arrived then.
