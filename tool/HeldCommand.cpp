@@ -3,7 +3,7 @@
 #include "HeldCommand.h"
 
 #include "platform/HookWire.h"
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/kernel/FileDescriptor.h"
 
 #include <poll.h>
 #include <spawn.h>

@@ -17,8 +17,8 @@
 #include "platform/TrayItem.h"
 #include "platform/UiLauncher.h"
 #include "platform/UserNotifications.h"
-#include "platform/linux/DesktopFiles.h"
 #include "platform/linux/TimerfdClock.h"
+#include "platform/linux/applications/DesktopFiles.h"
 
 #include <QDBusConnection>
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "fakes/FakeDBusService.h"
-#include "platform/linux/PortalShortcut.h"
+#include "platform/linux/hotkeys/PortalShortcut.h"
 
 #include <QDBusError>
 #include <QDBusObjectPath>

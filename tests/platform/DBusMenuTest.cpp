@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DBusMenu.h"
+#include "platform/linux/tray/DBusMenu.h"
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/applications/DesktopEntry.h"
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopFiles.h"
+#include "platform/linux/applications/DesktopFiles.h"
 
 #include "support/TemporaryDataHome.h"
 #include "support/TestSupport.h"

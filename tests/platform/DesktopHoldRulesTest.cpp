@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopHoldRules.h"
+#include "platform/linux/assertions/DesktopHoldRules.h"
 
 #include "support/TestSupport.h"
 

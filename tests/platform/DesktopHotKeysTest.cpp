@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopHotKeys.h"
+#include "platform/linux/hotkeys/DesktopHotKeys.h"
 
 #include "fakes/FakeKGlobalAccel.h"
 #include "fakes/FakePortal.h"

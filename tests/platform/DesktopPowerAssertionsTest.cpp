@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopPowerAssertions.h"
+#include "platform/linux/assertions/DesktopPowerAssertions.h"
 
 #include "fakes/FakeCookieInhibitor.h"
 #include "fakes/FakeLogind.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopRunningApplications.h"
+#include "platform/linux/applications/DesktopRunningApplications.h"
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeRunningApplications.h"
 #include "fakes/FakeSystemd.h"
-#include "platform/linux/DesktopFiles.h"
+#include "platform/linux/applications/DesktopFiles.h"
 #include "support/TemporaryDataHome.h"
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DesktopScreenLock.h"
+#include "platform/linux/screenlock/DesktopScreenLock.h"
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeLockers.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/FallbackPowerSources.h"
+#include "platform/linux/power/FallbackPowerSources.h"
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeLidSensor.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/KGlobalAccelHotKeys.h"
+#include "platform/linux/hotkeys/KGlobalAccelHotKeys.h"
 
 #include "fakes/FakeKGlobalAccel.h"
 #include "support/TestSupport.h"

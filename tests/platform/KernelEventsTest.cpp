@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/ThermalEvents.h"
-#include "platform/linux/UeventMonitor.h"
+#include "platform/linux/heat/ThermalEvents.h"
+#include "platform/linux/kernel/UeventMonitor.h"
 #include "support/TestSupport.h"
 
 #include <linux/genetlink.h>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/KeyCombination.h"
+#include "platform/linux/hotkeys/KeyCombination.h"
 
 #include "platform/HotKeys.h"
 #include "support/TestSupport.h"

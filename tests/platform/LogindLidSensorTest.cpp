@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/LogindLidSensor.h"
+#include "platform/linux/power/LogindLidSensor.h"
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeLogindManager.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/PortalHotKeys.h"
+#include "platform/linux/hotkeys/PortalHotKeys.h"
 
 #include "fakes/FakePortal.h"
 #include "support/TestSupport.h"

@@ -3,8 +3,8 @@
 #include "platform/linux/PsProcessTable.h"
 
 #include "fakes/FakeClock.h"
-#include "platform/linux/FileDescriptor.h"
 #include "platform/linux/TimerfdClock.h"
+#include "platform/linux/kernel/FileDescriptor.h"
 #include "support/TestSupport.h"
 
 #include <QDir>

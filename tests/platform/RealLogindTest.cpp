@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Runs against the system's own logind, in a virtual desktop whose processes this test may kill.
-#include "platform/linux/DesktopPowerAssertions.h"
+#include "platform/linux/assertions/DesktopPowerAssertions.h"
 #include "support/TestSupport.h"
 
 #include <QDBusArgument>

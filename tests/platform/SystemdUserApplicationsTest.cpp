@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/SystemdUserApplications.h"
+#include "platform/linux/applications/SystemdUserApplications.h"
 
 #include "fakes/FakeSystemd.h"
 #include "support/TestSupport.h"

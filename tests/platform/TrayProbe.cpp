@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/StatusNotifierTrayItem.h"
+#include "platform/linux/tray/StatusNotifierTrayItem.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/UPowerPowerSources.h"
+#include "platform/linux/power/UPowerPowerSources.h"
 
 #include "fakes/FakeUPower.h"
 #include "support/TestSupport.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/UnitNames.h"
+#include "platform/linux/applications/UnitNames.h"
 
 #include "support/TestSupport.h"
 

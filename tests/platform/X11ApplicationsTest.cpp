@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/X11Applications.h"
+#include "platform/linux/applications/X11Applications.h"
 
-#include "platform/linux/DesktopFiles.h"
+#include "platform/linux/applications/DesktopFiles.h"
 #include "support/TemporaryDataHome.h"
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/X11KeyMap.h"
+#include "platform/linux/hotkeys/X11KeyMap.h"
 
 #include "support/TestSupport.h"
 

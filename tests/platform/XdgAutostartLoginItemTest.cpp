@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/XdgAutostartLoginItem.h"
+#include "platform/linux/applications/XdgAutostartLoginItem.h"
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/XfceIdleSuspend.h"
+#include "platform/linux/assertions/XfceIdleSuspend.h"
 
 #include "fakes/FakeXfce.h"
 #include "support/TestSupport.h"

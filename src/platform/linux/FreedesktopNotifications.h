@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/UserNotifications.h"
-#include "platform/linux/DBusCall.h"
+#include "platform/linux/dbus/DBusCall.h"
 
 #include <QDBusServiceWatcher>
 

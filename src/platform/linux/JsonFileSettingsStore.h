@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/SettingsStore.h"
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/kernel/FileDescriptor.h"
 
 #include <QJsonObject>
 

@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/applications/X11Applications.h"
+
+#include "platform/linux/applications/DesktopFiles.h"
+
+#include <xcb/xcb.h>
+#include <xcb/xcbext.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+namespace Tarvik {
+
+namespace {
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// In units of four bytes; far more windows, and longer classes, than there are.
+constexpr std::uint32_t maximumPropertyLength = 16 * 1024;
+
+constexpr std::array<std::string_view, 3> atomNames{"_NET_CLIENT_LIST", "_GTK_APPLICATION_ID", "UTF8_STRING"};
+
+xcb_screen_t* screenAt(xcb_connection_t* connection, int number)
+{
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; screens.rem > 0 && number > 0; --number)
+        xcb_screen_next(&screens);
+    return screens.rem > 0 ? screens.data : nullptr;
+}
+
+} // namespace
+
+void X11Applications::Disconnect::operator()(xcb_connection_t* connection) const
+{
+    xcb_disconnect(connection);
+}
+
+std::unique_ptr<X11Applications> X11Applications::connect(const QByteArray& display, DesktopFiles& files)
+{
+    int screenNumber = 0;
+    std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(display.constData(), &screenNumber));
+    if (xcb_connection_has_error(connection.get()) != 0)
+        return nullptr;
+    const xcb_screen_t* screen = screenAt(connection.get(), screenNumber);
+    if (screen == nullptr)
+        return nullptr;
+    return std::unique_ptr<X11Applications>(new X11Applications(std::move(connection), screen->root, files));
+}
+
+X11Applications::X11Applications(
+    std::unique_ptr<xcb_connection_t, Disconnect> connection, std::uint32_t root, DesktopFiles& files)
+    : m_connection(std::move(connection))
+    , m_root(root)
+    , m_files(files)
+    , m_notifier(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read)
+{
+    QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { process(); });
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection.get(), m_root, XCB_CW_EVENT_MASK, &events);
+    internAtoms();
+    xcb_flush(m_connection.get());
+}
+
+X11Applications::~X11Applications()
+{
+    // Before the connection closes its descriptor.
+    m_notifier.setEnabled(false);
+}
+
+QList<RunningApplication> X11Applications::list() const
+{
+    QList<RunningApplication> applications;
+    for (const Window& window : m_windows) {
+        const RunningApplication running = application(window);
+        if ((!running.id.isEmpty() || !running.localizedName.isEmpty()) && !applications.contains(running))
+            applications.append(running);
+    }
+    return applications;
+}
+
+RunningApplication X11Applications::application(const Window& window) const
+{
+    const QString instance = QString::fromUtf8(window.instance);
+    const QString className = QString::fromUtf8(window.className);
+    const QString gtkApplicationId = QString::fromUtf8(window.gtkApplicationId);
+    if (m_files.name(gtkApplicationId))
+        return {.id = gtkApplicationId, .localizedName = {}};
+    for (const QString& name : {instance, className}) {
+        if (const auto id = m_files.idForStartupClass(name); !name.isEmpty() && id)
+            return {.id = *id, .localizedName = {}};
+    }
+    for (const QString& name : {instance, className}) {
+        for (const QString& id : {name, name.toLower().replace(u' ', u'-')}) {
+            if (m_files.name(id))
+                return {.id = id, .localizedName = {}};
+        }
+    }
+    return {.id = {}, .localizedName = className};
+}
+
+void X11Applications::process()
+{
+    // Sending may have received more, of which the descriptor tells nothing.
+    while (takeReplies() || takeEvents())
+        xcb_flush(m_connection.get());
+    if (xcb_connection_has_error(m_connection.get()) != 0) {
+        lose();
+        return;
+    }
+    if (m_requests.empty() && std::exchange(m_windowsChanged, false) && onChange)
+        onChange();
+}
+
+bool X11Applications::takeReplies()
+{
+    bool taken = false;
+    while (!m_requests.empty()) {
+        void* reply = nullptr;
+        xcb_generic_error_t* error = nullptr;
+        if (xcb_poll_for_reply(m_connection.get(), m_requests.front().sequence, &reply, &error) == 0)
+            break;
+        const std::unique_ptr<void, Free> ownedReply(reply);
+        const std::unique_ptr<xcb_generic_error_t, Free> ownedError(error);
+        const auto request = std::move(m_requests.front());
+        m_requests.pop_front();
+        request.handle(reply);
+        taken = true;
+    }
+    return taken;
+}
+
+bool X11Applications::takeEvents()
+{
+    while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_poll_for_event(m_connection.get())}) {
+        if ((event->response_type & 0x7fU) != XCB_PROPERTY_NOTIFY)
+            continue;
+        xcb_property_notify_event_t notification{};
+        std::memcpy(&notification, event.get(), sizeof notification);
+        if (notification.window == m_root && notification.atom == atom(Atom::clientList))
+            m_clientsChanged = true;
+    }
+    // A list that is under way may be the one before this change, so that the next one waits for it.
+    if (!m_requests.empty() || !std::exchange(m_clientsChanged, false))
+        return false;
+    requestClients();
+    return true;
+}
+
+void X11Applications::lose()
+{
+    m_notifier.setEnabled(false);
+    m_requests.clear();
+    if (!m_windows.isEmpty()) {
+        m_windows.clear();
+        if (onChange)
+            onChange();
+    }
+}
+
+void X11Applications::internAtoms()
+{
+    for (std::size_t i = 0; i < atomCount; ++i) {
+        const auto cookie = xcb_intern_atom(
+            m_connection.get(), 0, static_cast<std::uint16_t>(atomNames[i].size()), atomNames[i].data());
+        m_requests.push_back({cookie.sequence, [this, i](const void* reply) {
+                                  if (reply != nullptr)
+                                      m_atoms[i] = static_cast<const xcb_intern_atom_reply_t*>(reply)->atom;
+                                  m_clientsChanged = true;
+                              }});
+    }
+}
+
+void X11Applications::requestClients()
+{
+    requestProperty(m_root, atom(Atom::clientList), XCB_ATOM_WINDOW, [this](const QByteArray& value) {
+        QList<std::uint32_t> clients(value.size() / qsizetype{sizeof(std::uint32_t)});
+        std::copy_n(value.constData(),
+            static_cast<std::size_t>(clients.size()) * sizeof(std::uint32_t),
+            reinterpret_cast<char*>(clients.data()));
+        setClients(clients);
+    });
+}
+
+void X11Applications::setClients(const QList<std::uint32_t>& clients)
+{
+    const auto removed = m_windows.removeIf([&](const auto& entry) { return !clients.contains(entry.key()); });
+    m_windowsChanged = m_windowsChanged || removed > 0;
+    for (const std::uint32_t client : clients) {
+        if (!m_windows.contains(client))
+            requestWindow(client);
+    }
+}
+
+void X11Applications::requestWindow(std::uint32_t window)
+{
+    m_windows.insert(window, {});
+    m_windowsChanged = true;
+    requestProperty(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, [this, window](const QByteArray& value) {
+        const QByteArrayList names = value.split('\0');
+        m_windows[window].instance = names.value(0);
+        m_windows[window].className = names.value(1);
+    });
+    requestProperty(
+        window, atom(Atom::gtkApplicationId), atom(Atom::utf8String), [this, window](const QByteArray& value) {
+            m_windows[window].gtkApplicationId = value;
+        });
+}
+
+void X11Applications::requestProperty(std::uint32_t window,
+    std::uint32_t property,
+    std::uint32_t type,
+    std::function<void(const QByteArray& value)> handle)
+{
+    const auto cookie = xcb_get_property(m_connection.get(), 0, window, property, type, 0, maximumPropertyLength);
+    m_requests.push_back({cookie.sequence, [handle = std::move(handle)](const void* reply) {
+                              // Null when the window has gone in the meantime.
+                              const auto* answer = static_cast<const xcb_get_property_reply_t*>(reply);
+                              handle(answer == nullptr
+                                      ? QByteArray()
+                                      : QByteArray(static_cast<const char*>(xcb_get_property_value(answer)),
+                                          xcb_get_property_value_length(answer)));
+                          }});
+}
+
+} // namespace Tarvik

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/dbus/DBusCall.h"
+
+#include <QDBusUnixFileDescriptor>
+#include <QString>
+#include <QVariantList>
+
+#include <functional>
+#include <optional>
+
+namespace Tarvik {
+
+/// One call of an "Inhibit" method and how its effect is taken back.
+struct InhibitorRequest {
+    QString service;
+    QString path;
+    QString interface;
+    QVariantList arguments;
+    /// The method that takes the answered cookie (u) back; empty where the answer is a file descriptor (h) that holds
+    /// the inhibitor until it is closed.
+    QString releaseMethod;
+};
+
+/// One inhibitor of one service: asked for while the service is there, given back on destruction, also when the service
+/// answers only after that.
+class DBusInhibitor final {
+public:
+    enum class State {
+        /// The service is not there.
+        waiting,
+        /// The service has been asked.
+        pending,
+        effective,
+        /// The service has answered with an error.
+        refused,
+    };
+
+    DBusInhibitor(QDBusConnection bus, InhibitorRequest request, std::function<void()> onChange);
+    ~DBusInhibitor();
+    DBusInhibitor(const DBusInhibitor&) = delete;
+    DBusInhibitor& operator=(const DBusInhibitor&) = delete;
+
+    const QString& service() const { return m_request.service; }
+    State state() const { return m_state; }
+
+    /// Why the service refused, a positive errno; 0 in every other state.
+    int error() const { return m_error; }
+
+    /// The service has got an owner, perhaps another one than before, or lost it.
+    void setServed(bool served);
+
+private:
+    void take();
+    void receive(const QDBusMessage& answer);
+    std::optional<int> accept(const QDBusMessage& answer);
+    void abandonCall();
+    void giveBack();
+
+    QDBusConnection m_bus;
+    InhibitorRequest m_request;
+    std::function<void()> m_onChange;
+    State m_state = State::waiting;
+    int m_error = 0;
+    DBusCall m_call;
+    QDBusUnixFileDescriptor m_descriptor;
+    QDBusMessage m_cookieRelease;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/assertions/DesktopFactsWatch.h"
+
+#include "platform/linux/dbus/BusNames.h"
+
+#include <QDBusVariant>
+
+namespace Tarvik {
+
+using namespace Qt::StringLiterals;
+
+DesktopFactsWatch::DesktopFactsWatch(
+    QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop)
+    : m_systemBus(std::move(systemBus))
+    , m_sessionBus(std::move(sessionBus))
+    , m_systemNames(m_systemBus, {BusNames::logind})
+    , m_sessionNames(m_sessionBus,
+          {BusNames::sessionManager,
+              BusNames::kdePowerManager,
+              BusNames::xfcePowerManager,
+              BusNames::lxqtSession,
+              BusNames::powerManagement,
+              BusNames::screenSaver})
+{
+    m_facts.idleDaemonSuspends = DesktopHoldRules::namesIdleDaemonDesktop(currentDesktop);
+    m_systemNames.onKnown = [this] {
+        if (m_systemNames.isOwned(BusNames::logind))
+            readSystemdVersion();
+        update({});
+    };
+    m_systemNames.onOwnerChange = [this](const QString& name) {
+        // An upgrade replaces it while it runs.
+        if (m_systemNames.isOwned(name))
+            readSystemdVersion();
+        update(name);
+    };
+    m_sessionNames.onKnown = [this] {
+        followXfce();
+        update({});
+    };
+    m_sessionNames.onOwnerChange = [this](const QString& name) {
+        if (name == BusNames::xfcePowerManager)
+            followXfce();
+        update(name);
+    };
+}
+
+bool DesktopFactsWatch::isServed(const QString& service) const
+{
+    return m_systemNames.isOwned(service) || m_sessionNames.isOwned(service);
+}
+
+void DesktopFactsWatch::update(const QString& service)
+{
+    m_facts.logind = m_systemNames.isOwned(BusNames::logind);
+    m_facts.sessionManager = m_sessionNames.isOwned(BusNames::sessionManager);
+    m_facts.kdePowerManager = m_sessionNames.isOwned(BusNames::kdePowerManager);
+    m_facts.xfcePowerManager = m_sessionNames.isOwned(BusNames::xfcePowerManager);
+    m_facts.lxqtSession = m_sessionNames.isOwned(BusNames::lxqtSession);
+    m_facts.powerManagement = m_sessionNames.isOwned(BusNames::powerManagement);
+    m_facts.screenSaver = m_sessionNames.isOwned(BusNames::screenSaver);
+    m_facts.xfceSuspendsWhenIdle = m_xfce && m_xfce->isSet();
+    if (isKnown() && onChange)
+        onChange(service);
+}
+
+void DesktopFactsWatch::followXfce()
+{
+    m_xfce.reset();
+    if (!m_sessionNames.isOwned(BusNames::xfcePowerManager))
+        return;
+    m_xfce = std::make_unique<XfceIdleSuspend>(m_sessionBus);
+    m_xfce->onChange = [this] { update({}); };
+}
+
+void DesktopFactsWatch::readSystemdVersion()
+{
+    auto message = QDBusMessage::createMethodCall(
+        u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    message.setArguments({u"org.freedesktop.systemd1.Manager"_s, u"Version"_s});
+    m_versionCall = callAsync(m_systemBus, message, [this](const QDBusMessage& answer) {
+        m_versionCall.reset();
+        const bool isValid = answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "v"_L1;
+        const auto text
+            = isValid ? answer.arguments().constFirst().value<QDBusVariant>().variant().toString() : QString();
+        m_facts.systemdVersion = DesktopHoldRules::systemdVersion(text);
+        update({});
+    });
+}
+
+} // namespace Tarvik

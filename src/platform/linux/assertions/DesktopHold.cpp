@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/assertions/DesktopHold.h"
+
+#include "platform/linux/dbus/BusNames.h"
+
+namespace Tarvik::DesktopHolds {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Constant because KDE lets its user forbid an inhibitor by program and reason.
+const auto reason = u"Work is in progress"_s;
+
+constexpr uint inhibitSuspend = 4;
+constexpr uint inhibitIdle = 8;
+
+InhibitorRequest logind(const QString& what, const QString& who)
+{
+    return {.service = BusNames::logind,
+        .path = u"/org/freedesktop/login1"_s,
+        .interface = u"org.freedesktop.login1.Manager"_s,
+        .arguments = {what, who, reason, u"block"_s},
+        .releaseMethod = {}};
+}
+
+InhibitorRequest sessionManager(uint flags, const QString& who)
+{
+    constexpr uint noWindow = 0;
+    return {.service = BusNames::sessionManager,
+        .path = u"/org/gnome/SessionManager"_s,
+        .interface = u"org.gnome.SessionManager"_s,
+        .arguments = {who, noWindow, reason, flags},
+        .releaseMethod = u"Uninhibit"_s};
+}
+
+InhibitorRequest cookie(const QString& service, const QString& path, const QString& interface, const QString& who)
+{
+    return {.service = service,
+        .path = path,
+        .interface = interface,
+        .arguments = {who, reason},
+        .releaseMethod = u"UnInhibit"_s};
+}
+
+} // namespace
+
+QString serviceLabel(DesktopHold hold)
+{
+    switch (hold) {
+    case DesktopHold::logindIdle:
+    case DesktopHold::logindSleep:
+        return u"logind"_s;
+    case DesktopHold::sessionManagerSuspend:
+    case DesktopHold::sessionManagerIdle:
+        return u"session manager"_s;
+    case DesktopHold::kdePowerManagement:
+        return u"KDE power management"_s;
+    case DesktopHold::xfcePowerManagement:
+        return u"XFCE power management"_s;
+    case DesktopHold::screenSaver:
+        return u"screen saver"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QString what(DesktopHold hold)
+{
+    switch (hold) {
+    case DesktopHold::logindIdle:
+    case DesktopHold::sessionManagerIdle:
+        return u"idle"_s;
+    case DesktopHold::logindSleep:
+        return u"sleep"_s;
+    case DesktopHold::sessionManagerSuspend:
+        return u"suspend"_s;
+    case DesktopHold::kdePowerManagement:
+    case DesktopHold::xfcePowerManagement:
+    case DesktopHold::screenSaver:
+        return u"inhibit"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+bool isOnSystemBus(DesktopHold hold)
+{
+    return hold == DesktopHold::logindIdle || hold == DesktopHold::logindSleep;
+}
+
+InhibitorRequest request(DesktopHold hold, const QString& who)
+{
+    switch (hold) {
+    case DesktopHold::logindIdle:
+    case DesktopHold::logindSleep:
+        return logind(what(hold), who);
+    case DesktopHold::sessionManagerSuspend:
+        return sessionManager(inhibitSuspend, who);
+    case DesktopHold::sessionManagerIdle:
+        return sessionManager(inhibitIdle, who);
+    case DesktopHold::kdePowerManagement:
+    case DesktopHold::xfcePowerManagement:
+        return cookie(BusNames::powerManagement,
+            u"/org/freedesktop/PowerManagement/Inhibit"_s,
+            u"org.freedesktop.PowerManagement.Inhibit"_s,
+            who);
+    case DesktopHold::screenSaver:
+        return cookie(BusNames::screenSaver, u"/org/freedesktop/ScreenSaver"_s, u"org.freedesktop.ScreenSaver"_s, who);
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace Tarvik::DesktopHolds

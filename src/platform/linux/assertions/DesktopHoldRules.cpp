@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/assertions/DesktopHoldRules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Tarvik::DesktopHoldRules {
+
+namespace {
+
+/// From this release on a "sleep" lock also stops its own user's programs, and so an idle daemon's suspend command.
+constexpr int sleepLocksBindTheirOwner = 257;
+
+constexpr std::array idleDaemonDesktops{
+    QStringView(u"sway"),
+    QStringView(u"labwc"),
+    QStringView(u"Hyprland"),
+    QStringView(u"niri"),
+    QStringView(u"river"),
+    QStringView(u"Wayfire"),
+    QStringView(u"wlroots"),
+    QStringView(u"COSMIC"),
+};
+
+QList<DesktopHold> logindOnly(const DesktopFacts& facts, DesktopHold hold)
+{
+    return facts.logind ? QList{hold} : QList<DesktopHold>{};
+}
+
+/// PowerDevil is there with the interface that other programs use.
+bool isKde(const DesktopFacts& facts)
+{
+    return facts.kdePowerManager && facts.powerManagement;
+}
+
+} // namespace
+
+QList<DesktopHold> againstSystemSleep(const DesktopFacts& facts)
+{
+    // KDE reads logind's "idle" as "keep the screen on".
+    if (isKde(facts))
+        return {DesktopHold::kdePowerManagement};
+    // On XFCE the call keeps the screen on too, so it is made only where XFCE would suspend.
+    if (facts.xfcePowerManager && facts.powerManagement && facts.xfceSuspendsWhenIdle)
+        return {DesktopHold::xfcePowerManagement};
+    if (facts.sessionManager)
+        return QList{DesktopHold::sessionManagerSuspend} + logindOnly(facts, DesktopHold::logindIdle);
+    const bool suspendsByCommand = !facts.xfcePowerManager && (facts.lxqtSession || facts.idleDaemonSuspends);
+    if (suspendsByCommand && facts.systemdVersion >= sleepLocksBindTheirOwner)
+        return logindOnly(facts, DesktopHold::logindSleep);
+    return logindOnly(facts, DesktopHold::logindIdle);
+}
+
+QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts)
+{
+    if (isKde(facts))
+        return facts.screenSaver ? QList{DesktopHold::screenSaver} : QList<DesktopHold>{};
+    if (facts.xfcePowerManager && facts.powerManagement)
+        return {DesktopHold::xfcePowerManagement};
+    if (facts.sessionManager)
+        return {DesktopHold::sessionManagerIdle};
+    // Some idle daemons listen to the one, some to the other, and which of them runs cannot be told.
+    return (facts.screenSaver ? QList{DesktopHold::screenSaver} : QList<DesktopHold>{})
+        + logindOnly(facts, DesktopHold::logindIdle);
+}
+
+bool namesIdleDaemonDesktop(QStringView currentDesktop)
+{
+    return std::ranges::any_of(currentDesktop.split(u':'), [](QStringView name) {
+        return std::ranges::any_of(
+            idleDaemonDesktops, [name](QStringView known) { return name.compare(known, Qt::CaseInsensitive) == 0; });
+    });
+}
+
+int systemdVersion(QStringView text)
+{
+    if (text.startsWith(u'v'))
+        text = text.sliced(1);
+    const auto end = std::ranges::find_if(text, [](QChar c) { return c < u'0' || c > u'9'; });
+    return text.first(end - text.begin()).toInt();
+}
+
+} // namespace Tarvik::DesktopHoldRules

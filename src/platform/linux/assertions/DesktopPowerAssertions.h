@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/PowerAssertions.h"
+#include "platform/linux/assertions/DesktopFactsWatch.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace Tarvik {
+
+/// Holds sleep off through the services of the desktop that is running, and of the one that appears later.
+/// Calls `onFailure` once for an assertion, and both callbacks from the event loop only.
+class DesktopPowerAssertions final : public PowerAssertions {
+public:
+    /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP. Either bus may be without connection.
+    DesktopPowerAssertions(QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop);
+    ~DesktopPowerAssertions() override;
+    DesktopPowerAssertions(const DesktopPowerAssertions&) = delete;
+    DesktopPowerAssertions& operator=(const DesktopPowerAssertions&) = delete;
+
+    std::unique_ptr<PowerAssertion> create(PowerAssertionType type, const QString& name) override;
+    QList<PowerAssertionHold> holds() const override;
+
+private:
+    class Assertion;
+
+    void schedulePublishing();
+    void publish();
+
+    QDBusConnection m_systemBus;
+    QDBusConnection m_sessionBus;
+    DesktopFactsWatch m_watch;
+    std::vector<Assertion*> m_assertions;
+    bool m_publishingScheduled = false;
+    QObject m_eventLoop;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/dbus/DBusCall.h"
+
+#include <QObject>
+#include <QVersionNumber>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace Tarvik {
+
+/// Whether XFCE's power manager is set to suspend, on mains or on battery, after a time without activity. Follows
+/// "inactivity-on-ac" and "inactivity-on-battery" of the Xfconf channel "xfce4-power-manager" and never writes them.
+class XfceIdleSuspend final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit XfceIdleSuspend(QDBusConnection sessionBus);
+
+    bool isSet() const { return m_isSet; }
+
+    /// `isSet()` has changed.
+    std::function<void()> onChange;
+
+    /// What a value in minutes means to a release of the power manager: up to 4.18 "never" is 14, since then it is 0;
+    /// both are where the release is unknown (a null version). No value means the default, "never".
+    static bool suspends(std::optional<uint> minutes, const QVersionNumber& release);
+
+private:
+    Q_SLOT void readSettings();
+    void readRelease();
+    void publish();
+
+    QDBusConnection m_bus;
+    QVersionNumber m_release;
+    std::array<std::optional<uint>, 2> m_minutes;
+    bool m_isSet = false;
+    DBusCall m_releaseCall;
+    std::array<DBusCall, 2> m_settingCalls;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/dbus/DBusCall.h"
+
+#include <QDBusError>
+#include <QDBusPendingCall>
+
+namespace Tarvik {
+
+using namespace Qt::StringLiterals;
+
+void DBusCallDeleter::operator()(QDBusPendingCallWatcher* call) const
+{
+    call->disconnect();
+    call->deleteLater();
+}
+
+DBusCall callAsync(const QDBusConnection& bus,
+    QDBusMessage message,
+    std::function<void(const QDBusMessage& answer)> done,
+    ServiceStart start)
+{
+    message.setAutoStartService(start == ServiceStart::ifNeeded);
+    // Without a connection QtDBus would never answer.
+    const QDBusPendingCall pending = bus.isConnected()
+        ? bus.asyncCall(message)
+        : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, u"There is no connection to the bus."_s));
+    DBusCall call(new QDBusPendingCallWatcher(pending));
+    QObject::connect(call.get(),
+        &QDBusPendingCallWatcher::finished,
+        call.get(),
+        [done = std::move(done)](const QDBusPendingCallWatcher* finished) {
+            // `done` may drop the call and with it this function object.
+            const auto receiver = done;
+            receiver(finished->reply());
+        });
+    return call;
+}
+
+} // namespace Tarvik

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/heat/SysfsThermalState.h"
+
+namespace Tarvik {
+
+namespace {
+
+constexpr Seconds pollPeriod{10};
+constexpr Seconds restAfterEvent{1};
+
+} // namespace
+
+SysfsThermalState::SysfsThermalState(Clock& clock, const QString& root)
+    : m_clock(clock)
+    , m_reader(root)
+    , m_events([this] { handleEvent(); })
+{
+    look();
+}
+
+void SysfsThermalState::handleEvent()
+{
+    if (m_rest) {
+        m_hasEventWaiting = true;
+        return;
+    }
+    m_rest = m_clock.after(restAfterEvent, [this] {
+        m_rest.reset();
+        if (m_hasEventWaiting)
+            handleEvent();
+    });
+    m_hasEventWaiting = false;
+    m_reader.rescan();
+    look();
+    if (onChange)
+        onChange();
+}
+
+void SysfsThermalState::poll()
+{
+    const ThermalLevel before = m_level;
+    look();
+    if (m_level != before && onChange)
+        onChange();
+}
+
+void SysfsThermalState::look()
+{
+    m_level = m_classifier.classify(m_reader.read(), m_clock.now());
+    schedulePolls();
+}
+
+void SysfsThermalState::schedulePolls()
+{
+    // A level that is still held needs time to pass before it is left.
+    const bool isNeeded = m_reader.canTell() || m_level != ThermalLevel::nominal;
+    if (isNeeded == (m_polls != nullptr))
+        return;
+    if (isNeeded)
+        m_polls = m_clock.every(pollPeriod, [this] { poll(); });
+    else
+        m_polls.reset();
+}
+
+} // namespace Tarvik

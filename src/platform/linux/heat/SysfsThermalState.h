@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/ThermalState.h"
+#include "platform/linux/heat/SysfsThermalReader.h"
+#include "platform/linux/heat/ThermalClassifier.h"
+#include "platform/linux/heat/ThermalEvents.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace Tarvik {
+
+/// The machine's heat as its thermal zones and throttle counters tell it. The kernel announces that trips are crossed,
+/// for the zones that it watches itself; the others need a slow look, which machines that cannot tell are spared.
+class SysfsThermalState final : public ThermalState {
+public:
+    explicit SysfsThermalState(Clock& clock, const QString& root = QStringLiteral("/sys"));
+
+    ThermalLevel level() const override { return m_level; }
+
+    /// What an event of the kernel leads to: a look at everything, and `onChange`. A burst of events leads to one look
+    /// a second.
+    void handleEvent();
+
+private:
+    void poll();
+    void look();
+    void schedulePolls();
+
+    Clock& m_clock;
+    SysfsThermalReader m_reader;
+    ThermalClassifier m_classifier;
+    ThermalLevel m_level = ThermalLevel::nominal;
+    std::unique_ptr<Timer> m_polls;
+    std::unique_ptr<Timer> m_rest;
+    bool m_hasEventWaiting = false;
+    ThermalEvents m_events;
+};
+
+} // namespace Tarvik

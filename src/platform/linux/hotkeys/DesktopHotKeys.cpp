@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/hotkeys/DesktopHotKeys.h"
+
+#include "platform/linux/dbus/BusNames.h"
+#include "platform/linux/hotkeys/KGlobalAccelHotKeys.h"
+#include "platform/linux/hotkeys/PortalHotKeys.h"
+#include "platform/linux/hotkeys/X11HotKeys.h"
+
+#include <utility>
+
+namespace Tarvik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Shortcuts of the portal on a connection that ends with them.
+class PortalOnOwnConnection final : public HotKeys {
+public:
+    PortalOnOwnConnection()
+        : m_portal(std::make_unique<PortalHotKeys>(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name())))
+    {
+        m_portal->onPressed = [this](std::uint32_t id) { onPressed(id); };
+        m_portal->onStateChange = [this] { onStateChange(); };
+    }
+    ~PortalOnOwnConnection() override
+    {
+        m_portal.reset();
+        QDBusConnection::disconnectFromBus(name());
+    }
+    PortalOnOwnConnection(const PortalOnOwnConnection&) = delete;
+    PortalOnOwnConnection& operator=(const PortalOnOwnConnection&) = delete;
+
+    std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override
+    {
+        return m_portal->registerHotKey(request);
+    }
+
+private:
+    static QString name() { return u"com.morvanta.Tarvik.shortcuts"_s; }
+
+    std::unique_ptr<PortalHotKeys> m_portal;
+};
+
+} // namespace
+
+class DesktopHotKeys::Registration final : public HotKeyRegistration {
+public:
+    Registration(DesktopHotKeys& hotKeys, HotKeyRequest request)
+        : m_hotKeys(hotKeys)
+        , m_request(std::move(request))
+    {
+        m_hotKeys.m_registrations.push_back(this);
+    }
+    ~Registration() override { std::erase(m_hotKeys.m_registrations, this); }
+    Registration(const Registration&) = delete;
+    Registration& operator=(const Registration&) = delete;
+
+    HotKeyState state() const override
+    {
+        if (m_held)
+            return m_held->state();
+        return {{}, m_hotKeys.m_names.isKnown() ? HotKeyStatus::notAvailable : HotKeyStatus::pending};
+    }
+
+    void moveTo(HotKeys* provider)
+    {
+        m_held.reset();
+        if (provider != nullptr)
+            m_held = provider->registerHotKey(m_request);
+    }
+
+private:
+    DesktopHotKeys& m_hotKeys;
+    HotKeyRequest m_request;
+    std::unique_ptr<HotKeyRegistration> m_held;
+};
+
+DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display)
+    : m_bus(std::move(sessionBus))
+    , m_display(std::move(display))
+    , m_names(m_bus, {BusNames::kglobalaccel})
+{
+    m_names.onKnown = [this] { choose(); };
+    m_names.onOwnerChange = [this](const QString&) { choose(); };
+    // Without a bus nobody will tell.
+    if (m_names.isKnown())
+        choose();
+}
+
+DesktopHotKeys::~DesktopHotKeys() = default;
+
+std::unique_ptr<HotKeyRegistration> DesktopHotKeys::registerHotKey(const HotKeyRequest& request)
+{
+    auto registration = std::make_unique<Registration>(*this, request);
+    registration->moveTo(m_provider.get());
+    return registration;
+}
+
+void DesktopHotKeys::choose()
+{
+    // Before the next one asks for the same keys.
+    use(nullptr);
+    if (m_names.isOwned(BusNames::kglobalaccel))
+        use(std::make_unique<KGlobalAccelHotKeys>(m_bus));
+    else if (m_display.isWayland)
+        use(m_bus.isConnected() ? std::make_unique<PortalOnOwnConnection>() : nullptr);
+    else if (!m_display.x11.isEmpty())
+        use(X11HotKeys::connect(m_display.x11));
+    if (onStateChange)
+        onStateChange();
+}
+
+void DesktopHotKeys::use(std::unique_ptr<HotKeys> provider)
+{
+    if (provider) {
+        provider->onPressed = [this](std::uint32_t id) {
+            if (onPressed)
+                onPressed(id);
+        };
+        provider->onStateChange = [this] {
+            if (onStateChange)
+                onStateChange();
+        };
+    }
+    for (Registration* registration : m_registrations)
+        registration->moveTo(nullptr);
+    m_provider = std::move(provider);
+    for (Registration* registration : m_registrations)
+        registration->moveTo(m_provider.get());
+}
+
+} // namespace Tarvik

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "platform/linux/dbus/DBusCall.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace Tarvik {
+
+/// Shortcuts of KDE's org.kde.KGlobalAccel, versions 5 and 6 of the frameworks. The user may change them in KDE's
+/// settings, and the user's choice is what counts. For one owner of the name: after another one has taken over, make
+/// a new object.
+class KGlobalAccelHotKeys final : public QObject, public HotKeys {
+    Q_OBJECT
+
+public:
+    explicit KGlobalAccelHotKeys(QDBusConnection sessionBus);
+    ~KGlobalAccelHotKeys() override;
+
+    [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
+
+private Q_SLOTS:
+    void receivePress(const QDBusMessage& signal);
+
+private:
+    class Registration;
+
+    QDBusConnection m_bus;
+    /// The unique name of whoever answers.
+    QString m_owner;
+    std::vector<Registration*> m_registrations;
+};
+
+} // namespace Tarvik

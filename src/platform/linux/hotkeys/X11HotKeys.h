@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "platform/linux/hotkeys/KeyCombination.h"
+#include "platform/linux/hotkeys/X11KeyMap.h"
+
+#include <QByteArray>
+#include <QObject>
+
+#include <optional>
+#include <vector>
+
+class QSocketNotifier;
+struct xcb_connection_t;
+
+namespace Tarvik {
+
+/// Shortcuts as passive key grabs on the root window of an X server, on a connection of their own. Super is Mod4 and
+/// Alt is Mod1, as on every desktop. When the server goes away, so do they; there is no second attempt.
+class X11HotKeys final : public QObject, public HotKeys {
+    Q_OBJECT
+
+public:
+    /// `display` as in DISPLAY. Nothing when it cannot be reached.
+    static std::unique_ptr<X11HotKeys> connect(const QByteArray& display);
+    ~X11HotKeys() override;
+
+    [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
+
+private:
+    class Registration;
+
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const;
+    };
+    struct Grab {
+        X11KeyMap::KeyCode keyCode;
+        std::uint16_t modifiers;
+        /// Of the request that took it.
+        unsigned int sequence;
+    };
+    struct HotKey {
+        std::uint32_t id;
+        std::optional<KeyCombination> keys;
+        HotKeyStatus status;
+        std::vector<Grab> grabs;
+    };
+
+    X11HotKeys(std::unique_ptr<xcb_connection_t, Disconnect> connection, std::uint32_t root);
+
+    HotKeyState state(std::uint32_t id) const;
+    void remove(std::uint32_t id);
+
+    /// Everything that is to be read or sent, until there is no more of it.
+    void process();
+    void processSoon();
+    bool takeEvents(std::vector<std::uint32_t>& pressed);
+    void takePress(
+        X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& pressed);
+    bool isRepetition(X11KeyMap::KeyCode key, std::uint32_t time);
+    void takeRefusal(unsigned int sequence);
+    bool takeKeyMap();
+    bool takeGrabResults(std::vector<std::uint32_t>& pressed);
+    void requestKeyMap();
+    void grabAll();
+    void grab(HotKey& hotKey);
+    void ungrab(HotKey& hotKey);
+    void lose();
+
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    std::uint32_t m_root;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::vector<HotKey> m_hotKeys;
+    std::optional<X11KeyMap> m_keyMap;
+    /// Requests that wait for their reply, by sequence number; 0 is none.
+    unsigned int m_symbolsRequest = 0;
+    unsigned int m_modifiersRequest = 0;
+    unsigned int m_grabsDoneRequest = 0;
+    X11KeyMap::KeyCode m_lastKey = 0;
+    std::uint32_t m_lastPressTime = 0;
+    bool m_isProcessingScheduled = false;
+    bool m_hasStateChanged = false;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/TrayItem.h"
+#include "platform/linux/tray/DBusMenu.h"
+#include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/linux/tray/TrayHostRegistration.h"
+
+namespace Tarvik {
+
+/// The StatusNotifierItem of the freedesktop.org draft as the desktops implement it, with a com.canonical.dbusmenu.
+class StatusNotifierTrayItem final : public TrayItem {
+public:
+    /// `iconDirectory` is the bundle's "Contents/Resources/icons": panels look for the icons there too, so that they
+    /// need not be installed in the desktop's own icon theme.
+    StatusNotifierTrayItem(const QDBusConnection& sessionBus, const QString& iconDirectory);
+
+    void setAppearance(const TrayAppearance& appearance) override;
+    void setMenu(const TrayMenu& menu) override;
+    bool hasHost() const override { return m_registration.hasHost(); }
+
+private:
+    DBusMenu m_menu;
+    StatusNotifierItem m_item;
+    TrayHostRegistration m_registration;
+};
+
+} // namespace Tarvik
