@@ -72,11 +72,14 @@ void UiProcess::send(const Wish& wish)
         if (!call->isError())
             return;
         const QDBusError error = call->error();
-        // A process that hangs gives no reply either, but it is there and will read the call when it can.
-        if (isGone(error) && !wish.wasLaunchedFor && !wish.patience.hasExpired())
+        if (isGone(error) && !wish.wasLaunchedFor && !wish.patience.hasExpired()) {
             launchFor(wish);
-        else
-            qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
+            return;
+        }
+        qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
+        // It hangs. It has nothing to lose, and only its end lets the next click start another one.
+        if (error.type() == QDBusError::NoReply)
+            m_launcher.kill();
     });
 }
 

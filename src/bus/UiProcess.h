@@ -15,7 +15,8 @@ namespace Tarvik {
 class UiLauncher;
 
 /// Tarvik's side of the conversation with the process that shows its windows: starts it when a window is wanted and
-/// tells it which. Windows that do not come up are logged and tried again at the next wish; nothing else is affected.
+/// tells it which. Windows that do not come up are logged and tried again at the next wish, a process that hangs is
+/// killed for it; nothing else is affected.
 class UiProcess : public QObject {
     Q_OBJECT
 

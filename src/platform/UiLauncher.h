@@ -15,6 +15,8 @@ public:
 
     /// Starts the process; does nothing while one that was started here still runs.
     virtual void launch() = 0;
+    /// Ends a process that no longer answers, by force. Its end is reported as any other.
+    virtual void kill() = 0;
 
     /// The process could not be started or has ended; `failure` says what went wrong and is empty after a good end.
     std::function<void(const QString& failure)> onEnd;

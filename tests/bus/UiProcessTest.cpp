@@ -108,6 +108,27 @@ private Q_SLOTS:
         QCOMPARE(launcher.launches, 0);
     }
 
+    void aProcessThatDoesNotAnswerIsKilled()
+    {
+        QVERIFY(m_windows->appear());
+        m_windows->handler = [this](const QDBusMessage& call) {
+            m_calls.append(call.member());
+            return QDBusMessage();
+        };
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        expectLog(QtWarningMsg, u"^The windows' process did not show a window: "_s);
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE_WITH_TIMEOUT(launcher.kills, 1, 10'000);
+        QCOMPARE(m_calls, QStringList{u"ShowPanel"_s});
+        QCOMPARE(launcher.launches, 0);
+        // The next click meets a new process.
+        m_windows->vanish();
+        launcher.end({});
+        windows.showPanel(3, 4, {});
+        QTRY_COMPARE(launcher.launches, 1);
+    }
+
     void aProcessThatRefusesIsLogged()
     {
         QVERIFY(m_windows->appear());

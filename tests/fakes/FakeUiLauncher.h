@@ -6,14 +6,16 @@
 
 namespace Tarvik {
 
-/// Counts how often the windows' process was to be started.
+/// Counts how often the windows' process was to be started and to be killed.
 class FakeUiLauncher final : public UiLauncher {
 public:
     void launch() override { ++launches; }
+    void kill() override { ++kills; }
 
     void end(const QString& failure) { onEnd(failure); }
 
     int launches = 0;
+    int kills = 0;
 };
 
 } // namespace Tarvik

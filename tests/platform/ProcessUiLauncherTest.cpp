@@ -70,6 +70,14 @@ private Q_SLOTS:
         QCOMPARE(starts(), 2);
     }
 
+    void aProcessThatHangsCanBeKilled()
+    {
+        launch("trap '' TERM; echo started >> $0.log; kill -STOP $$");
+        QTRY_COMPARE(starts(), 1);
+        m_launcher->kill();
+        QTRY_COMPARE(m_ends, QStringList{u"it crashed with signal 9"_s});
+    }
+
     void theProcessEndsWithItsLauncher_data()
     {
         QTest::addColumn<QByteArray>("script");

@@ -49,6 +49,11 @@ void ProcessUiLauncher::launch()
         m_process.start();
 }
 
+void ProcessUiLauncher::kill()
+{
+    m_process.kill();
+}
+
 void ProcessUiLauncher::reportEnd(const QString& failure)
 {
     if (onEnd)

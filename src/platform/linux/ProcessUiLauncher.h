@@ -18,6 +18,7 @@ public:
     ~ProcessUiLauncher() override;
 
     void launch() override;
+    void kill() override;
 
 private:
     void reportEnd(const QString& failure);
