@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/updates/PackageKitTransaction.h"
+
+#include <QDBusError>
+#include <QDBusObjectPath>
+
+#include <utility>
+
+namespace Tarvik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto packageKit = u"org.freedesktop.PackageKit"_s;
+const auto transactionInterface = u"org.freedesktop.PackageKit.Transaction"_s;
+
+/// PK_EXIT_ENUM_SUCCESS.
+constexpr uint success = 1;
+
+bool isStillWaiting(const QDBusMessage& answer)
+{
+    const auto type = QDBusError(answer).type();
+    return type == QDBusError::NoReply || type == QDBusError::Timeout || type == QDBusError::TimedOut;
+}
+
+} // namespace
+
+PackageKitTransaction::PackageKitTransaction(
+    QDBusConnection bus, Request request, std::function<void(const Outcome& outcome)> done)
+    : m_bus(std::move(bus))
+    , m_request(std::move(request))
+    , m_done(std::move(done))
+{
+    m_call = callAsync(
+        m_bus,
+        QDBusMessage::createMethodCall(
+            packageKit, u"/org/freedesktop/PackageKit"_s, packageKit, u"CreateTransaction"_s),
+        [this](const QDBusMessage& created) { begin(created); },
+        ServiceStart::ifNeeded);
+}
+
+void PackageKitTransaction::begin(const QDBusMessage& created)
+{
+    if (created.signature() != "o"_L1) {
+        finish(created.errorMessage());
+        return;
+    }
+    // The unique name: a PackageKit that was started anew knows nothing of this transaction.
+    const QString service = created.service();
+    const QString path = created.arguments().constFirst().value<QDBusObjectPath>().path();
+    listen(service, path);
+
+    auto hints = methodCall(service, path, u"SetHints"_s);
+    hints << (m_request.isInteractive ? QStringList{u"interactive=true"_s}
+                                      : QStringList{u"interactive=false"_s, u"background=true"_s});
+    m_bus.send(hints);
+    auto work = methodCall(service, path, m_request.method);
+    work.setArguments(m_request.arguments);
+    m_call = callAsync(m_bus, work, [this](const QDBusMessage& answer) {
+        // An accepted method is answered late where the user thinks about a password; then only the signal counts.
+        if (answer.type() == QDBusMessage::ErrorMessage && !isStillWaiting(answer))
+            finish(answer.errorMessage());
+    });
+}
+
+void PackageKitTransaction::listen(const QString& service, const QString& path)
+{
+    m_watcher.setConnection(m_bus);
+    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    m_watcher.addWatchedService(service);
+    connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(u"PackageKit has gone."_s); });
+    const auto connectTo = [&](const QString& name, const char* slot) {
+        m_bus.connect(service, path, transactionInterface, name, this, slot);
+    };
+    connectTo(u"Package"_s, SLOT(receivePackage(QDBusMessage)));
+    connectTo(u"ErrorCode"_s, SLOT(receiveErrorCode(QDBusMessage)));
+    connectTo(u"Finished"_s, SLOT(receiveFinished(QDBusMessage)));
+}
+
+QDBusMessage PackageKitTransaction::methodCall(const QString& service, const QString& path, const QString& method) const
+{
+    return QDBusMessage::createMethodCall(service, path, transactionInterface, method);
+}
+
+void PackageKitTransaction::receivePackage(const QDBusMessage& signal)
+{
+    if (signal.signature() == "uss"_L1)
+        m_outcome.packageIds.append(signal.arguments().at(1).toString());
+}
+
+void PackageKitTransaction::receiveErrorCode(const QDBusMessage& signal)
+{
+    if (signal.signature() == "us"_L1)
+        m_errorDetails = signal.arguments().at(1).toString();
+}
+
+void PackageKitTransaction::receiveFinished(const QDBusMessage& signal)
+{
+    if (signal.signature() != "uu"_L1)
+        return;
+    const uint exit = signal.arguments().at(0).toUInt();
+    if (exit == success)
+        finish({});
+    else
+        finish(m_errorDetails.isEmpty() ? u"PackageKit ended with the code %1."_s.arg(exit) : m_errorDetails);
+}
+
+void PackageKitTransaction::finish(const std::optional<QString>& error)
+{
+    if (std::exchange(m_isFinished, true))
+        return;
+    m_outcome.error = error;
+    const auto done = m_done;
+    const Outcome outcome = m_outcome;
+    done(outcome);
+}
+
+} // namespace Tarvik

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/updates/PackageKitUpdateDriver.h"
+
+#include "core/Logging.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Tarvik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Bits of PkFilterEnum and PkTransactionFlagEnum.
+constexpr quint64 noFilter = 1 << 1;
+constexpr quint64 onlyInstalled = 1 << 2;
+constexpr quint64 onlyTrusted = 1 << 1;
+
+/// Whether the file hierarchy, see hier(7), leaves the place to packages. A program that was built from source, or lies
+/// in somebody's home, is no reason to start anything.
+bool isPlaceOfPackages(const QString& path)
+{
+    return (path.startsWith("/usr/"_L1) && !path.startsWith("/usr/local/"_L1)) || path.startsWith("/opt/"_L1);
+}
+
+QString packageName(const QString& packageId)
+{
+    return packageId.section(u';', 0, 0);
+}
+
+} // namespace
+
+PackageKitUpdateDriver::PackageKitUpdateDriver(QDBusConnection systemBus, QString program)
+    : m_bus(std::move(systemBus))
+    , m_program(std::move(program))
+{
+}
+
+void PackageKitUpdateDriver::prepare()
+{
+    if (std::exchange(m_isPrepared, true) || !isPlaceOfPackages(m_program))
+        return;
+    m_initiator = Initiator::timer;
+    run(u"SearchFiles"_s,
+        {QVariant::fromValue(onlyInstalled), QStringList{m_program}},
+        [this](const PackageKitTransaction::Outcome& outcome) { readPackage(outcome); });
+}
+
+void PackageKitUpdateDriver::readPackage(const PackageKitTransaction::Outcome& outcome)
+{
+    m_transaction.reset();
+    if (outcome.error) {
+        qCInfo(logSystem, "There are no updates, for lack of PackageKit: %ls", qUtf16Printable(*outcome.error));
+        // It may be installed later, or was only busy.
+        m_isPrepared = false;
+        return;
+    }
+    if (outcome.packageIds.isEmpty())
+        return;
+    m_package = packageName(outcome.packageIds.constFirst());
+    if (onAvailabilityChange)
+        onAvailabilityChange();
+}
+
+void PackageKitUpdateDriver::start(Task task, Initiator initiator)
+{
+    m_task = task;
+    m_initiator = initiator;
+    refreshCache();
+}
+
+void PackageKitUpdateDriver::refreshCache()
+{
+    constexpr bool evenWhenFresh = false;
+    run(u"RefreshCache"_s, {evenWhenFresh}, [this](const PackageKitTransaction::Outcome& refreshed) {
+        if (refreshed.error) {
+            qCWarning(logSystem, "New versions could not be looked for: %ls", qUtf16Printable(*refreshed.error));
+            finish(false);
+            return;
+        }
+        run(u"GetUpdates"_s, {QVariant::fromValue(noFilter)}, [this](const PackageKitTransaction::Outcome& outcome) {
+            readUpdates(outcome);
+        });
+    });
+}
+
+void PackageKitUpdateDriver::readUpdates(const PackageKitTransaction::Outcome& outcome)
+{
+    if (outcome.error) {
+        qCWarning(logSystem, "New versions could not be listed: %ls", qUtf16Printable(*outcome.error));
+        finish(false);
+        return;
+    }
+    const auto update = std::ranges::find(outcome.packageIds, *m_package, packageName);
+    if (update == outcome.packageIds.end()) {
+        finish(true);
+        return;
+    }
+    qCInfo(logSystem, "There is a new version: %ls", qUtf16Printable(*update));
+    if (m_task == Task::checkAndInstall)
+        install(*update);
+    else
+        finish(true);
+}
+
+void PackageKitUpdateDriver::install(const QString& packageId)
+{
+    run(u"UpdatePackages"_s,
+        {QVariant::fromValue(onlyTrusted), QStringList{packageId}},
+        [this](const PackageKitTransaction::Outcome& outcome) {
+            if (outcome.error)
+                qCWarning(logSystem, "The new version was not installed: %ls", qUtf16Printable(*outcome.error));
+            else
+                qCInfo(logSystem, "The new version is installed and runs after the next start");
+            finish(true);
+        });
+}
+
+void PackageKitUpdateDriver::run(const QString& method,
+    const QVariantList& arguments,
+    std::function<void(const PackageKitTransaction::Outcome& outcome)> done)
+{
+    m_transaction = std::make_unique<PackageKitTransaction>(m_bus,
+        PackageKitTransaction::Request{
+            .method = method, .arguments = arguments, .isInteractive = m_initiator == Initiator::user},
+        std::move(done));
+}
+
+void PackageKitUpdateDriver::finish(bool hasChecked)
+{
+    m_transaction.reset();
+    if (onFinished)
+        onFinished(hasChecked);
+}
+
+} // namespace Tarvik
