@@ -2,16 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/TarvikApp.h"
 
-#include "status1adaptor.h"
-
-#include "bus/ApplicationAdaptor.h"
-#include "bus/CoordinatorAdaptor.h"
-#include "bus/HooksAdaptor.h"
-#include "bus/SettingsAdaptor.h"
+#include "bus/BusInterface.h"
+#include "bus/BusInterfaces.h"
 #include "engine/LaunchAtLogin.h"
 #include "hooks/HookConfig.h"
 #include "hotkey/LockScreen.h"
-#include "platform/StatusWire.h"
 
 #include <QCoreApplication>
 
@@ -46,10 +41,10 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
                    *m_platform.hotKeys,
                    *m_platform.trayItem,
                    m_platform.clock},
-          m_platform.bundle.shortVersion,
-          sessionBus)
+          m_platform.bundle.shortVersion)
     , m_tray(m_coordinator, m_settings, *m_platform.trayItem, m_platform.clock)
     , m_ui(*m_platform.uiLauncher, sessionBus)
+    , m_busObject(sessionBus)
 {
     connectTray();
     offerOnBus(sessionBus);
@@ -63,21 +58,21 @@ void TarvikApp::connectTray()
     m_tray.onQuit = [] { QCoreApplication::quit(); };
 }
 
-void TarvikApp::offerOnBus(QDBusConnection sessionBus)
+void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
 {
-    new Status1Adaptor(&m_status);
-    auto* application = new ApplicationAdaptor(m_status);
-    application->onActivate = [this](const QVariantMap& platformData) {
-        // Nobody clicked anywhere, so the panel finds its own place.
-        m_ui.showPanel(0, 0, platformData.value(QStringLiteral("activation-token")).toString());
-    };
-    auto* coordinator = new CoordinatorAdaptor(m_status, m_coordinator, sessionBus);
-    coordinator->onLockScreen = [this] { lockTheScreen(); };
-    coordinator->onQuit = [] { QCoreApplication::quit(); };
-    new HooksAdaptor(m_status, {.home = m_platform.home, .tool = m_platform.bundle.toolPath()}, sessionBus);
-    auto* settings = new SettingsAdaptor(m_status, m_settings, sessionBus);
-    settings->onSetLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
-    sessionBus.registerObject(QString::fromLatin1(StatusWire::objectPath), &m_status, QDBusConnection::ExportAdaptors);
+    const auto lock = [this] { lockTheScreen(); };
+    const auto quit = [] { QCoreApplication::quit(); };
+    const auto setLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
+    const auto setClamshellEnabled = [this](bool on) { m_settings.setClamshellEnabled(on); };
+    // Nobody clicked anywhere, so the panel finds its own place.
+    const auto activate = [this](const QString& token) { m_ui.showPanel(0, 0, token); };
+
+    m_busObject.add(BusInterfaces::application(activate, sessionBus));
+    m_busObject.add(BusInterfaces::status(m_status, sessionBus));
+    m_busObject.add(BusInterfaces::coordinator(m_coordinator, {.lockScreen = lock, .quit = quit}, sessionBus));
+    m_busObject.add(BusInterfaces::settings(
+        m_settings, {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled}, sessionBus));
+    m_busObject.add(BusInterfaces::hooks({.home = m_platform.home, .tool = m_platform.bundle.toolPath()}, sessionBus));
 }
 
 void TarvikApp::lockTheScreen()

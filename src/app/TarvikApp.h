@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/LinuxPlatform.h"
+#include "bus/BusObject.h"
 #include "bus/StatusObject.h"
 #include "bus/UiProcess.h"
 #include "core/AppSettings.h"
@@ -25,7 +26,7 @@ public:
 
 private:
     void connectTray();
-    void offerOnBus(QDBusConnection sessionBus);
+    void offerOnBus(const QDBusConnection& sessionBus);
     void lockTheScreen();
 
     LinuxPlatform m_platform;
@@ -40,6 +41,7 @@ private:
     StatusObject m_status;
     TrayPresenter m_tray;
     UiProcess m_ui;
+    BusObject m_busObject;
 };
 
 } // namespace Tarvik

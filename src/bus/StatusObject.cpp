@@ -6,7 +6,6 @@
 #include "hooks/HookMonitor.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ThermalMonitor.h"
-#include "platform/StatusWire.h"
 #include "platform/TrayItem.h"
 
 #include <algorithm>
@@ -16,25 +15,18 @@ using namespace Qt::StringLiterals;
 
 namespace Tarvik {
 
-StatusObject::StatusObject(const Sources& sources, QString version, const QDBusConnection& bus)
+StatusObject::StatusObject(const Sources& sources, QString version)
     : m_sources(sources)
     , m_version(std::move(version))
-    , m_announcer({.object = *this,
-                      .metaObject = staticMetaObject,
-                      .interface = QString::fromLatin1(StatusWire::interfaceName),
-                      .withoutValue = {QString::fromLatin1(StatusWire::leasesProperty)}},
-          bus)
 {
     registerStatusTypes();
     const auto& coordinator = sources.coordinator;
-    connect(&coordinator, &AwakeCoordinator::evaluated, &m_announcer, &PropertyAnnouncer::announceSoon);
-    connect(&coordinator, &AwakeCoordinator::timedSessionEndChanged, &m_announcer, &PropertyAnnouncer::announceSoon);
-    connect(&sources.hooks, &HookMonitor::sessionsChanged, &m_announcer, [this] {
-        m_announcer.invalidateSoon(QString::fromLatin1(StatusWire::leasesProperty));
-    });
-    m_sources.assertions.onHoldsChange = [this] { m_announcer.announceSoon(); };
-    m_sources.hotKeys.onStateChange = [this] { m_announcer.announceSoon(); };
-    m_sources.tray.onHostChange = [this] { m_announcer.announceSoon(); };
+    connect(&coordinator, &AwakeCoordinator::evaluated, this, &StatusObject::changed);
+    connect(&coordinator, &AwakeCoordinator::timedSessionEndChanged, this, &StatusObject::changed);
+    connect(&sources.hooks, &HookMonitor::sessionsChanged, this, &StatusObject::leasesChanged);
+    m_sources.assertions.onHoldsChange = [this] { Q_EMIT changed(); };
+    m_sources.hotKeys.onStateChange = [this] { Q_EMIT changed(); };
+    m_sources.tray.onHostChange = [this] { Q_EMIT changed(); };
 }
 
 StatusObject::~StatusObject()

@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bus/PropertyAnnouncer.h"
 #include "bus/StatusTypes.h"
 #include "platform/PowerAssertions.h"
 
-#include <QDBusConnection>
 #include <QObject>
 
 namespace Tarvik {
@@ -19,30 +17,30 @@ class PowerMonitor;
 class ThermalMonitor;
 class TrayItem;
 
-/// What Tarvik is doing and why, under the names of com.morvanta.Tarvik.Status1; the generated adaptor puts it on the
-/// bus. Changes are announced by PropertiesChanged, once for each turn of the event loop.
+/// What Tarvik is doing and why, under the names of com.morvanta.Tarvik.Status1. Its signals say that something may
+/// have changed.
 class StatusObject : public QObject {
     Q_OBJECT
     // clang-format off
-    Q_PROPERTY(QString Title READ title)
-    Q_PROPERTY(QString Reason READ reason)
-    Q_PROPERTY(QString Subtitle READ subtitle)
-    Q_PROPERTY(QString Details READ details)
-    Q_PROPERTY(bool IsAwake READ isAwake)
-    Q_PROPERTY(bool IsPaused READ isPaused)
-    Q_PROPERTY(QStringList ActiveAgents READ activeAgents)
-    Q_PROPERTY(Tarvik::StatusLeaseList Leases READ leases)
-    Q_PROPERTY(double SessionEnd READ sessionEnd)
-    Q_PROPERTY(Tarvik::StatusAssertionList Assertions READ assertions)
-    Q_PROPERTY(bool OnAC READ onAC)
-    Q_PROPERTY(bool HasBattery READ hasBattery)
-    Q_PROPERTY(int BatteryPercent READ batteryPercent)
-    Q_PROPERTY(bool LidClosed READ lidClosed)
-    Q_PROPERTY(uint ThermalState READ thermalState)
-    Q_PROPERTY(bool IsHot READ isHot)
-    Q_PROPERTY(QString LockShortcut READ lockShortcut)
-    Q_PROPERTY(bool TrayShown READ isTrayShown)
-    Q_PROPERTY(QString Version READ version)
+    Q_PROPERTY(QString Title READ title NOTIFY changed)
+    Q_PROPERTY(QString Reason READ reason NOTIFY changed)
+    Q_PROPERTY(QString Subtitle READ subtitle NOTIFY changed)
+    Q_PROPERTY(QString Details READ details NOTIFY changed)
+    Q_PROPERTY(bool IsAwake READ isAwake NOTIFY changed)
+    Q_PROPERTY(bool IsPaused READ isPaused NOTIFY changed)
+    Q_PROPERTY(QStringList ActiveAgents READ activeAgents NOTIFY changed)
+    Q_PROPERTY(Tarvik::StatusLeaseList Leases READ leases NOTIFY leasesChanged)
+    Q_PROPERTY(double SessionEnd READ sessionEnd NOTIFY changed)
+    Q_PROPERTY(Tarvik::StatusAssertionList Assertions READ assertions NOTIFY changed)
+    Q_PROPERTY(bool OnAC READ onAC NOTIFY changed)
+    Q_PROPERTY(bool HasBattery READ hasBattery NOTIFY changed)
+    Q_PROPERTY(int BatteryPercent READ batteryPercent NOTIFY changed)
+    Q_PROPERTY(bool LidClosed READ lidClosed NOTIFY changed)
+    Q_PROPERTY(uint ThermalState READ thermalState NOTIFY changed)
+    Q_PROPERTY(bool IsHot READ isHot NOTIFY changed)
+    Q_PROPERTY(QString LockShortcut READ lockShortcut NOTIFY changed)
+    Q_PROPERTY(bool TrayShown READ isTrayShown NOTIFY changed)
+    Q_PROPERTY(QString Version READ version CONSTANT)
     // clang-format on
 
 public:
@@ -58,7 +56,7 @@ public:
         const Clock& clock;
     };
 
-    StatusObject(const Sources& sources, QString version, const QDBusConnection& bus);
+    StatusObject(const Sources& sources, QString version);
     ~StatusObject() override;
 
     QString title() const;
@@ -81,10 +79,13 @@ public:
     bool isTrayShown() const;
     QString version() const { return m_version; }
 
+Q_SIGNALS:
+    void changed();
+    void leasesChanged();
+
 private:
     Sources m_sources;
     QString m_version;
-    PropertyAnnouncer m_announcer;
 };
 
 } // namespace Tarvik

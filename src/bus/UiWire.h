@@ -8,6 +8,7 @@ namespace Tarvik::UiWire {
 
 inline constexpr auto coordinatorInterface = "com.morvanta.Tarvik.Coordinator1";
 inline constexpr auto settingsInterface = "com.morvanta.Tarvik.Settings1";
+inline constexpr auto hooksInterface = "com.morvanta.Tarvik.Hooks1";
 
 inline constexpr auto uiBusName = "com.morvanta.TarvikUi";
 inline constexpr auto uiObjectPath = "/com/morvanta/TarvikUi";

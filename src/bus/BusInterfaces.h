@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace Tarvik {
+
+class AppSettings;
+class AwakeCoordinator;
+class BusInterface;
+class StatusObject;
+
+} // namespace Tarvik
+
+/// The model's objects as interfaces of a BusObject; the XML files are the contracts. What is passed in must outlive
+/// the interface.
+namespace Tarvik::BusInterfaces {
+
+/// org.freedesktop.Application of the Desktop Entry Specification: a launcher, or a second start of the application,
+/// asks the running one to show itself. `activate` gets "activation-token" where the caller has one.
+std::unique_ptr<BusInterface> application(
+    std::function<void(const QString& activationToken)> activate, const QDBusConnection& bus);
+
+std::unique_ptr<BusInterface> status(StatusObject& status, const QDBusConnection& bus);
+
+/// What a window asks for that is not the coordinator's own to do.
+struct CoordinatorActions {
+    std::function<void()> lockScreen;
+    std::function<void()> quit;
+};
+
+std::unique_ptr<BusInterface> coordinator(
+    AwakeCoordinator& coordinator, CoordinatorActions actions, const QDBusConnection& bus);
+
+/// What two of the settings take in place of being stored.
+struct SettingsActions {
+    std::function<void(bool on)> setLaunchAtLogin;
+    std::function<void(bool on)> setClamshellEnabled;
+};
+
+std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions actions, const QDBusConnection& bus);
+
+/// Whose configuration is edited, and which tool it is to run.
+struct HookPaths {
+    QString home;
+    QString tool;
+};
+
+std::unique_ptr<BusInterface> hooks(HookPaths paths, const QDBusConnection& bus);
+
+} // namespace Tarvik::BusInterfaces

@@ -1,0 +1,292 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/ServedTarvik.h"
+#include "bus/UiWire.h"
+#include "bus/WindowsAdaptor.h"
+#include "bus/WireValue.h"
+#include "support/TestSupport.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+#include <QDir>
+#include <QFile>
+#include <QMap>
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QXmlStreamReader>
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto busName = QString::fromLatin1(StatusWire::busName);
+const auto objectPath = QString::fromLatin1(StatusWire::objectPath);
+const auto propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+const auto settingsInterface = QString::fromLatin1(UiWire::settingsInterface);
+
+struct Contract {
+    /// Name to "type access".
+    QMap<QString, QString> properties;
+    /// Properties that are announced without value.
+    QStringList invalidated;
+    /// Name to the types that go in.
+    QMap<QString, QString> methods;
+
+    bool operator==(const Contract&) const = default;
+};
+
+using Contracts = QMap<QString, Contract>;
+
+Contracts readContracts(QXmlStreamReader& xml)
+{
+    Contracts contracts;
+    QString interface;
+    QString member;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const auto attribute
+            = [&](const char* name) { return xml.attributes().value(QLatin1StringView(name)).toString(); };
+        if (xml.name() == "interface"_L1) {
+            interface = attribute("name");
+        } else if (xml.name() == "property"_L1) {
+            member = attribute("name");
+            contracts[interface].properties[member] = attribute("type") + u' ' + attribute("access");
+        } else if (xml.name() == "annotation"_L1 && attribute("value") == "invalidates"_L1) {
+            contracts[interface].invalidated.append(member);
+        } else if (xml.name() == "method"_L1) {
+            member = attribute("name");
+            contracts[interface].methods[member] = QString();
+        } else if (xml.name() == "arg"_L1 && attribute("direction") == "in"_L1) {
+            contracts[interface].methods[member] += attribute("type");
+        }
+    }
+    return contracts;
+}
+
+/// All contracts of a service.
+Contracts contractsOf(const QString& service)
+{
+    Contracts contracts;
+    const QDir directory(QStringLiteral(BUS_DIRECTORY));
+    for (const QString& name : directory.entryList({u"*.xml"_s})) {
+        QFile file(directory.filePath(name));
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("%s cannot be read", qPrintable(name));
+        const QByteArray bytes = file.readAll();
+        QXmlStreamReader xml(bytes);
+        if (bytes.contains("<node name=\"/" + service.toLatin1().replace('.', '/') + "\">"))
+            contracts.insert(readContracts(xml));
+    }
+    return contracts;
+}
+
+QString signatureOf(const QVariant& value)
+{
+    return value.metaType() == QMetaType::fromType<QDBusArgument>() ? value.value<QDBusArgument>().currentSignature()
+                                                                    : WireValue::signatureOf(value.metaType());
+}
+
+/// The text between the quotes.
+QString quotedIn(const QString& message)
+{
+    return message.section(u'"', 1, 1);
+}
+
+} // namespace
+
+class BusObjectTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { TARVIK_FAIL_ON_WARNINGS(); }
+
+    void introspectionSaysWhatTheContractsSay()
+    {
+        const ServedTarvik tarvik;
+        const QDBusMessage answer = call(u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s);
+        QXmlStreamReader xml(answer.arguments().constFirst().toString());
+        Contracts introspected = readContracts(xml);
+        QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+        for (const auto& standard : {"Properties"_L1, "Introspectable"_L1, "Peer"_L1})
+            QCOMPARE(introspected.remove(u"org.freedesktop.DBus."_s + standard), 1);
+        QCOMPARE(introspected.keys(), contractsOf(busName).keys());
+        QVERIFY(introspected == contractsOf(busName));
+    }
+
+    void everyContractIsKept_data()
+    {
+        QTest::addColumn<QString>("interface");
+        for (const QString& interface : contractsOf(busName).keys())
+            QTest::newRow(qPrintable(interface)) << interface;
+    }
+
+    void everyContractIsKept()
+    {
+        QFETCH(QString, interface);
+        const ServedTarvik tarvik;
+        Contract offered;
+        const QDBusMessage all = call(propertiesInterface, u"GetAll"_s, {interface});
+        const auto values = qdbus_cast<QVariantMap>(all.arguments().value(0));
+        for (auto it = values.begin(); it != values.end(); ++it) {
+            const QDBusMessage got = call(propertiesInterface, u"Get"_s, {interface, it.key()});
+            const QVariant value = got.arguments().value(0).value<QDBusVariant>().variant();
+            QCOMPARE(signatureOf(value), signatureOf(it.value()));
+            const QString error = set(interface, it.key(), m_oddity).errorName();
+            const bool isReadOnly = error == QDBusError::errorString(QDBusError::PropertyReadOnly);
+            QVERIFY2(isReadOnly || error == QDBusError::errorString(QDBusError::InvalidArgs),
+                qPrintable(it.key() + u' ' + error));
+            offered.properties[it.key()] = signatureOf(value) + (isReadOnly ? " read"_L1 : " readwrite"_L1);
+        }
+        const QDBusMessage unknown = call(interface, u"None"_s);
+        QCOMPARE(unknown.errorName(), QDBusError::errorString(QDBusError::UnknownMethod));
+        for (const QString& method :
+            unknown.errorMessage().section(u"only: "_s, 1).chopped(1).split(u", "_s, Qt::SkipEmptyParts)) {
+            const QDBusMessage answer = call(interface, method, QVariantList(qsizetype{4}, m_oddity));
+            QCOMPARE(answer.errorName(), QDBusError::errorString(QDBusError::InvalidArgs));
+            offered.methods[method] = quotedIn(answer.errorMessage());
+        }
+        const Contract contract = contractsOf(busName)[interface];
+        QCOMPARE(offered.properties, contract.properties);
+        QCOMPARE(offered.methods, contract.methods);
+    }
+
+    void theWindowsKeepTheirContract()
+    {
+        QMap<QString, QString> offered;
+        const QMetaObject& meta = WindowsAdaptor::staticMetaObject;
+        for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+            const QMetaMethod method = meta.method(index);
+            QString& types = offered[QString::fromLatin1(method.name())];
+            for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
+                types += WireValue::signatureOf(method.parameterMetaType(parameter));
+        }
+        const Contracts contracts = contractsOf(QString::fromLatin1(UiWire::uiBusName));
+        QCOMPARE(contracts.keys(), QStringList{QString::fromLatin1(UiWire::windowsInterface)});
+        QCOMPARE(offered, contracts.first().methods);
+    }
+
+    void onlyTheTypeOfThePropertyIsTaken_data()
+    {
+        QTest::addColumn<QString>("property");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("a text for a switch") << u"isEnabled"_s << QVariant(u"false"_s);
+        QTest::newRow("a number for a switch") << u"isEnabled"_s << QVariant(0);
+        QTest::newRow("a list for a switch") << u"isEnabled"_s << QVariant(QStringList{u"false"_s});
+        QTest::newRow("a switch for a number") << u"batteryThreshold"_s << QVariant(true);
+        QTest::newRow("a larger number") << u"batteryThreshold"_s << QVariant(qint64{50});
+        QTest::newRow("a fraction") << u"batteryThreshold"_s << QVariant(50.0);
+        QTest::newRow("out of range") << u"batteryThreshold"_s << QVariant(101);
+    }
+
+    void onlyTheTypeOfThePropertyIsTaken()
+    {
+        QFETCH(QString, property);
+        QFETCH(QVariant, value);
+        const ServedTarvik tarvik;
+        QCOMPARE(set(settingsInterface, property, value).errorName(), QDBusError::errorString(QDBusError::InvalidArgs));
+        QCOMPARE(tarvik.machine.settings->isEnabled(), true);
+        QCOMPARE(tarvik.machine.settings->batteryThreshold(), 20);
+        QVERIFY(tarvik.machine.store.writes.isEmpty());
+    }
+
+    void whatIsNotThereIsAnError_data()
+    {
+        QTest::addColumn<QString>("interface");
+        QTest::addColumn<QString>("member");
+        QTest::addColumn<QVariantList>("arguments");
+        QTest::addColumn<QDBusError::ErrorType>("error");
+        QTest::newRow("another interface")
+            << u"org.example.Other"_s << u"Do"_s << QVariantList() << QDBusError::UnknownInterface;
+        QTest::newRow("properties of another interface")
+            << propertiesInterface << u"GetAll"_s << QVariantList{u"org.example"_s} << QDBusError::UnknownInterface;
+        QTest::newRow("another property")
+            << propertiesInterface << u"Get"_s << QVariantList{settingsInterface, u"colour"_s}
+            << QDBusError::UnknownProperty;
+        QTest::newRow("setting another property")
+            << propertiesInterface << u"Set"_s
+            << QVariantList{settingsInterface, u"colour"_s, QVariant::fromValue(QDBusVariant(1))}
+            << QDBusError::UnknownProperty;
+        QTest::newRow("another way with properties")
+            << propertiesInterface << u"Drop"_s << QVariantList() << QDBusError::UnknownMethod;
+        QTest::newRow("properties without arguments")
+            << propertiesInterface << u"Get"_s << QVariantList() << QDBusError::InvalidArgs;
+        QTest::newRow("a value that is no variant")
+            << propertiesInterface << u"Set"_s << QVariantList{settingsInterface, u"isEnabled"_s, false}
+            << QDBusError::InvalidArgs;
+        QTest::newRow("a method of no interface")
+            << QString() << u"None"_s << QVariantList() << QDBusError::UnknownMethod;
+        QTest::newRow("too many arguments") << QString::fromLatin1(UiWire::coordinatorInterface) << u"Quit"_s
+                                            << QVariantList{1} << QDBusError::InvalidArgs;
+        QTest::newRow("too few arguments") << QString::fromLatin1(UiWire::coordinatorInterface) << u"SetTimedSession"_s
+                                           << QVariantList() << QDBusError::InvalidArgs;
+    }
+
+    void whatIsNotThereIsAnError()
+    {
+        QFETCH(QString, interface);
+        QFETCH(QString, member);
+        QFETCH(QVariantList, arguments);
+        QFETCH(QDBusError::ErrorType, error);
+        const ServedTarvik tarvik;
+        QCOMPARE(call(interface, member, arguments).errorName(), QDBusError::errorString(error));
+        QVERIFY(tarvik.asked.isEmpty());
+    }
+
+    void aCallMayLeaveTheInterfaceOut()
+    {
+        const ServedTarvik tarvik;
+        QCOMPARE(call({}, u"Quit"_s).type(), QDBusMessage::ReplyMessage);
+        QCOMPARE(tarvik.asked, QStringList{u"quit"_s});
+    }
+
+    void aLauncherShowsThePanel()
+    {
+        const ServedTarvik tarvik;
+        const QVariantMap data{{u"activation-token"_s, u"token"_s}, {u"other"_s, 5}};
+        const auto application = u"org.freedesktop.Application"_s;
+        QCOMPARE(call(application, u"Activate"_s, {data}).type(), QDBusMessage::ReplyMessage);
+        call(application, u"Open"_s, {QStringList{u"file:///a"_s}, data});
+        call(application, u"ActivateAction"_s, {u"quit"_s, QVariant(QVariantList()), data});
+        QCOMPARE(tarvik.asked, QStringList(3, u"activate token"_s));
+    }
+
+    void aReplyThatNobodyWantsIsNotSent()
+    {
+        const ServedTarvik tarvik;
+        auto message = QDBusMessage::createMethodCall(
+            busName, objectPath, QString::fromLatin1(UiWire::coordinatorInterface), u"Quit"_s);
+        // QtDBus marks what is sent without a receiver for the answer.
+        QVERIFY(m_client.send(message));
+        QTRY_COMPARE(tarvik.asked, QStringList{u"quit"_s});
+    }
+
+private:
+    QDBusMessage call(const QString& interface, const QString& member, const QVariantList& arguments = {})
+    {
+        auto message = QDBusMessage::createMethodCall(busName, objectPath, interface, member);
+        message.setArguments(arguments);
+        QDBusPendingCallWatcher pending(m_client.asyncCall(message));
+        // The answer comes from this very thread.
+        QSignalSpy finished(&pending, &QDBusPendingCallWatcher::finished);
+        finished.wait();
+        return pending.reply();
+    }
+
+    QDBusMessage set(const QString& interface, const QString& property, const QVariant& value)
+    {
+        return call(propertiesInterface, u"Set"_s, {interface, property, QVariant::fromValue(QDBusVariant(value))});
+    }
+
+    /// Of a type that no property and no method takes.
+    const QVariant m_oddity = QVariant::fromValue(quint16{1});
+    QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
+};
+
+Q_DECLARE_METATYPE(QDBusError::ErrorType)
+
+QTEST_GUILESS_MAIN(BusObjectTest)
+#include "BusObjectTest.moc"

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bus/BusInterface.h"
+#include "bus/BusInterfaces.h"
+#include "bus/BusObject.h"
+#include "bus/StatusObject.h"
+#include "engine/CoordinatedMachine.h"
+#include "fakes/FakeTrayItem.h"
+#include "platform/StatusWire.h"
+
+#include <optional>
+
+namespace Tarvik {
+
+/// The whole model on fakes, offered on the session bus; on a connection of its own, because QtDBus short-cuts calls
+/// within one.
+class ServedTarvik {
+public:
+    ServedTarvik()
+    {
+        machine.start();
+        status.emplace(StatusObject::Sources{*machine.coordinator,
+                           *machine.power,
+                           *machine.thermal,
+                           *machine.hooks,
+                           machine.assertions,
+                           machine.hotKeys,
+                           tray,
+                           machine.clock},
+            QStringLiteral("1.2.0"));
+        appear();
+    }
+
+    ~ServedTarvik() { vanish(); }
+
+    void appear()
+    {
+        object.emplace(bus);
+        object->add(BusInterfaces::application(
+            [this](const QString& token) { ask(QStringLiteral("activate ") + token); }, bus));
+        object->add(BusInterfaces::status(*status, bus));
+        object->add(BusInterfaces::coordinator(*machine.coordinator,
+            {.lockScreen = [this] { ask(QStringLiteral("lock")); }, .quit = [this] { ask(QStringLiteral("quit")); }},
+            bus));
+        object->add(BusInterfaces::settings(*machine.settings,
+            {.setLaunchAtLogin
+                = [this](bool on) { ask(on ? QStringLiteral("login on") : QStringLiteral("login off")); },
+                .setClamshellEnabled
+                = [this](bool on) { ask(on ? QStringLiteral("lid on") : QStringLiteral("lid off")); }},
+            bus));
+        object->add(BusInterfaces::hooks(
+            {.home = machine.home.path(), .tool = QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")}, bus));
+        bus.registerService(QString::fromLatin1(StatusWire::busName));
+    }
+
+    void vanish()
+    {
+        bus.unregisterService(QString::fromLatin1(StatusWire::busName));
+        object.reset();
+    }
+
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("server"));
+    CoordinatedMachine machine;
+    FakeTrayItem tray;
+    std::optional<StatusObject> status;
+    std::optional<BusObject> object;
+    /// What has been asked for that is not the model's own to do.
+    QStringList asked;
+
+private:
+    void ask(const QString& what) { asked.append(what); }
+};
+
+} // namespace Tarvik
