@@ -6,6 +6,7 @@
 #include "bus/UiWire.h"
 #include "bus/WindowsAdaptor.h"
 #include "ui/Appearance.h"
+#include "ui/LayerShell.h"
 #include "ui/WindowKeeper.h"
 
 #include <QDBusConnection>
@@ -20,13 +21,18 @@ namespace {
 
 constexpr auto linger = 60s;
 
-/// Before the application object: on Wayland a client may not place its windows, through Xwayland it may. In software
-/// nothing needs the driver libraries that Wayland's buffer integration would load.
+/// Before the application object. On Wayland a client may place its windows by a layer shell only; where there is none,
+/// it may through Xwayland. In software nothing needs the driver libraries that Wayland's buffer integration would
+/// load.
 void choosePlatform()
 {
-    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY")
-        && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        const bool isPlaced = Tarvik::LayerShell::isOffered();
+        const bool hasXwayland = qEnvironmentVariableIsSet("DISPLAY");
+        qputenv("QT_QPA_PLATFORM", isPlaced || !hasXwayland ? "wayland;xcb" : "xcb");
+    }
+    // A window with this hint is left for the layer shell to place.
+    qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
     if (!qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"))
         qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))

@@ -9,21 +9,19 @@ namespace Tarvik::PanelPlacement {
 
 namespace {
 
-enum class Edge { top, bottom, left, right };
-
 /// The edge that the click is beyond or, inside the work area, nearest to.
-Edge edgeOf(QPoint click, const QRect& area)
+Qt::Edge edgeOf(QPoint click, const QRect& area)
 {
     struct Distance {
         int pixels;
-        Edge edge;
+        Qt::Edge edge;
     };
     // Panels are mostly horizontal: in a corner, these two win.
     const std::array distances{
-        Distance{click.y() - area.top(), Edge::top},
-        Distance{area.bottom() - click.y(), Edge::bottom},
-        Distance{click.x() - area.left(), Edge::left},
-        Distance{area.right() - click.x(), Edge::right},
+        Distance{click.y() - area.top(), Qt::TopEdge},
+        Distance{area.bottom() - click.y(), Qt::BottomEdge},
+        Distance{click.x() - area.left(), Qt::LeftEdge},
+        Distance{area.right() - click.x(), Qt::RightEdge},
     };
     return std::ranges::min_element(distances, {}, &Distance::pixels)->edge;
 }
@@ -52,21 +50,41 @@ QPoint position(QPoint click, QSize window, const QRect& workArea)
 {
     QPoint corner = click - QPoint(window.width() / 2, window.height() / 2);
     switch (edgeOf(click, workArea)) {
-    case Edge::top:
+    case Qt::TopEdge:
         corner.setY(workArea.top());
         break;
-    case Edge::bottom:
+    case Qt::BottomEdge:
         corner.setY(workArea.bottom());
         break;
-    case Edge::left:
+    case Qt::LeftEdge:
         corner.setX(workArea.left());
         break;
-    case Edge::right:
+    case Qt::RightEdge:
         corner.setX(workArea.right());
         break;
     }
     return {clampToSpan(corner.x(), window.width(), workArea.left(), workArea.width()),
         clampToSpan(corner.y(), window.height(), workArea.top(), workArea.height())};
+}
+
+Anchored anchored(QPoint click, QSize window, const QRect& screen)
+{
+    const Qt::Edge edge = edgeOf(click, screen);
+    // Of the other two edges, the nearer one: the window cannot reach the one that is farther away.
+    const QPoint fromStart = click - screen.topLeft();
+    const QPoint fromEnd = screen.bottomRight() + QPoint(1, 1) - click;
+    const auto centred = [](int distance, int length) { return std::max(margin, distance - length / 2); };
+    Anchored place{.edges = edge, .margins = {margin, margin, margin, margin}};
+    if (edge == Qt::TopEdge || edge == Qt::BottomEdge) {
+        place.edges |= fromStart.x() < fromEnd.x() ? Qt::LeftEdge : Qt::RightEdge;
+        place.margins.setLeft(centred(fromStart.x(), window.width()));
+        place.margins.setRight(centred(fromEnd.x(), window.width()));
+    } else {
+        place.edges |= fromStart.y() < fromEnd.y() ? Qt::TopEdge : Qt::BottomEdge;
+        place.margins.setTop(centred(fromStart.y(), window.height()));
+        place.margins.setBottom(centred(fromEnd.y(), window.height()));
+    }
+    return place;
 }
 
 } // namespace Tarvik::PanelPlacement

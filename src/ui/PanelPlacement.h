@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMargins>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -29,5 +30,15 @@ QPoint toLogical(const Screen& screen, QPoint physical);
 /// where the click came, centred on it as far as the work area allows. A window that is too large starts at its top
 /// left.
 QPoint position(QPoint click, QSize window, const QRect& workArea);
+
+/// A place that is told by edges to keep to, for a screen whose work area is not known.
+struct Anchored {
+    Qt::Edges edges;
+    /// To these edges.
+    QMargins margins;
+};
+
+/// As position(), with the edges of the work area meant where the screen's are told.
+Anchored anchored(QPoint click, QSize window, const QRect& screen);
 
 } // namespace Tarvik::PanelPlacement

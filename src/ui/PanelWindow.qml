@@ -23,7 +23,6 @@ Window {
     signal quit
 
     color: isComposited ? "transparent" : theme.panel
-    flags: Qt.Tool | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
     height: view.implicitHeight + shadowExtentAbove + shadowExtent
     title: qsTr("Tarvik")
     width: view.implicitWidth + 2 * shadowExtent

@@ -7,15 +7,13 @@
 #include "core/Logging.h"
 #include "ui/Appearance.h"
 #include "ui/IconProvider.h"
-#include "ui/PanelPlacement.h"
+#include "ui/LayerShell.h"
+#include "ui/PanelHost.h"
 #include "ui/ShadowProvider.h"
-#include "ui/X11Hints.h"
 
-#include <QCursor>
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QQmlComponent>
 #include <QQuickWindow>
-#include <QScreen>
 
 #include <utility>
 
@@ -28,25 +26,17 @@ namespace {
 
 /// The portal may have to be started; the panel does not wait for that long.
 constexpr auto patience = 200ms;
-/// How often a window that the window manager has moved is moved back.
-constexpr int attempts = 3;
 /// A click on the tray takes the focus from the panel before the tray reports it.
 constexpr qint64 sameClickMilliseconds = 250;
 
 /// The panel offers it only once there is one.
 constexpr bool hasSettingsWindow = false;
 
-PanelPlacement::Screen describe(const QScreen& screen)
-{
-    return {.geometry = screen.geometry(),
-        .workArea = screen.availableGeometry(),
-        .devicePixelRatio = screen.devicePixelRatio()};
-}
-
 } // namespace
 
 WindowKeeper::WindowKeeper(const Models& models, std::chrono::milliseconds linger)
     : m_models(models)
+    , m_layerShell(LayerShell::ofApplication())
 {
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
     m_engine.addImageProvider(u"icons"_s, new IconProvider);
@@ -67,7 +57,8 @@ WindowKeeper::~WindowKeeper() = default;
 
 void WindowKeeper::showPanel(QPoint click, const QString& activationToken)
 {
-    if (m_panel && m_panel->isVisible()) {
+    const bool isInFront = m_panel && m_panel->isVisible() && (m_panel->isActive() || m_panelHost->isTransient());
+    if (isInFront) {
         m_panel->close();
         return;
     }
@@ -75,9 +66,7 @@ void WindowKeeper::showPanel(QPoint click, const QString& activationToken)
         m_sinceFocusLoss.invalidate();
         return;
     }
-    if (!activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    m_wantedPanel = click;
+    m_wantedPanel = Click{click, activationToken};
     openWhenReady();
 }
 
@@ -103,18 +92,12 @@ void WindowKeeper::openWhenReady()
         openPanel(*std::exchange(m_wantedPanel, std::nullopt));
 }
 
-void WindowKeeper::openPanel(QPoint click)
+void WindowKeeper::openPanel(const Click& click)
 {
     if (!m_panel && !createPanel())
         return;
-    m_panel->setProperty("isComposited", X11Hints::isComposited());
-    m_click = click;
-    m_insistence = attempts;
-    placePanel();
-    m_panel->create();
-    X11Hints::skipTaskbar(*m_panel);
-    m_panel->show();
-    m_panel->requestActivate();
+    m_panel->setProperty("isComposited", m_panelHost->isComposited());
+    m_panelHost->open(click.point, click.activationToken);
 }
 
 bool WindowKeeper::createPanel()
@@ -125,7 +108,7 @@ bool WindowKeeper::createPanel()
         {u"coordinator"_s, QVariant::fromValue<QObject*>(&m_models.coordinator)},
         {u"settings"_s, QVariant::fromValue<QObject*>(&m_models.settings)},
         {u"hasSettingsWindow"_s, hasSettingsWindow},
-        {u"isComposited"_s, X11Hints::isComposited()},
+        {u"isComposited"_s, true},
     });
     m_panel.reset(qobject_cast<QQuickWindow*>(object));
     if (!m_panel) {
@@ -137,46 +120,14 @@ bool WindowKeeper::createPanel()
     connect(panel, SIGNAL(quit()), &m_models.coordinator, SLOT(quit()));
     connect(panel, SIGNAL(openSettings()), this, SLOT(openSettings()));
     connect(panel, &QWindow::visibleChanged, this, &WindowKeeper::panelVisibleChanged);
-    connect(panel, &QWindow::heightChanged, this, &WindowKeeper::placePanel);
-    connect(panel, &QWindow::widthChanged, this, &WindowKeeper::placePanel);
-    connect(panel, &QWindow::xChanged, this, &WindowKeeper::insistOnPosition, Qt::QueuedConnection);
-    connect(panel, &QWindow::yChanged, this, &WindowKeeper::insistOnPosition, Qt::QueuedConnection);
+    m_panelHost = PanelHost::create(*panel, m_layerShell.get());
     connect(panel, &QWindow::activeChanged, this, [this, panel] {
-        if (panel->isActive() || !panel->isVisible())
+        if (panel->isActive() || !panel->isVisible() || !m_panelHost->isTransient())
             return;
         m_sinceFocusLoss.start();
         panel->close();
     });
     return true;
-}
-
-void WindowKeeper::placePanel()
-{
-    // A tray that does not know where it was clicked says 0, 0, or counts from its own corner.
-    const QScreen* screen = nullptr;
-    for (const QScreen* candidate : QGuiApplication::screens()) {
-        if (!m_click.isNull() && PanelPlacement::contains(describe(*candidate), m_click))
-            screen = candidate;
-    }
-    QPoint click = screen != nullptr ? PanelPlacement::toLogical(describe(*screen), m_click) : QCursor::pos();
-    if (screen == nullptr)
-        screen = QGuiApplication::screenAt(click);
-    if (screen == nullptr)
-        screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr)
-        return;
-    const int shadow = m_panel->property("shadowExtent").toInt();
-    const int shadowAbove = m_panel->property("shadowExtentAbove").toInt();
-    const QSize surface = m_panel->size() - QSize(2 * shadow, shadowAbove + shadow);
-    m_position = PanelPlacement::position(click, surface, screen->availableGeometry()) - QPoint(shadow, shadowAbove);
-    m_panel->setPosition(m_position);
-}
-
-void WindowKeeper::insistOnPosition()
-{
-    // Some window managers move a new window so that all of it, the shadow too, keeps clear of the panels.
-    if (m_panel->isVisible() && m_panel->position() != m_position && m_insistence-- > 0)
-        m_panel->setPosition(m_position);
 }
 
 void WindowKeeper::panelVisibleChanged(bool visible)

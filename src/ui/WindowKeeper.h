@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QPoint>
 #include <QQmlEngine>
+#include <QString>
 #include <QTimer>
 
 #include <chrono>
@@ -17,6 +18,8 @@ namespace Tarvik {
 
 class Appearance;
 class CoordinatorMirror;
+class LayerShell;
+class PanelHost;
 class SettingsMirror;
 
 /// Tarvik's windows, each at most once. They are kept when they are closed, so that they open quickly the next time;
@@ -35,7 +38,7 @@ public:
     WindowKeeper(const Models& models, std::chrono::milliseconds linger);
     ~WindowKeeper() override;
 
-    /// `click` is in physical pixels; see com.morvanta.TarvikUi.Windows1.xml.
+    /// See com.morvanta.TarvikUi.Windows1.xml.
     void showPanel(QPoint click, const QString& activationToken);
     void showSettings(const QString& activationToken);
 
@@ -47,22 +50,25 @@ private Q_SLOTS:
     void openSettings();
 
 private:
+    struct Click {
+        QPoint point;
+        QString activationToken;
+    };
+
     bool isReady() const;
     void openWhenReady();
-    void openPanel(QPoint click);
+    void openPanel(const Click& click);
     bool createPanel();
-    void placePanel();
-    void insistOnPosition();
     void panelVisibleChanged(bool visible);
 
     Models m_models;
     QQmlEngine m_engine;
+    /// Null on other platforms.
+    std::unique_ptr<LayerShell> m_layerShell;
     std::unique_ptr<QQuickWindow> m_panel;
+    std::unique_ptr<PanelHost> m_panelHost;
     /// Waits until everything is known that the panel shows.
-    std::optional<QPoint> m_wantedPanel;
-    QPoint m_click;
-    QPoint m_position;
-    int m_insistence = 0;
+    std::optional<Click> m_wantedPanel;
     QElapsedTimer m_sinceFocusLoss;
     QTimer m_patience;
     QTimer m_linger;

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QGuiApplication>
+#include <QString>
 #include <QWindow>
 
 #include <xcb/xcb.h>
@@ -53,6 +54,22 @@ void skipTaskbar(QWindow& window)
         32,
         states.size(),
         states.data());
+}
+
+void setStartupId(QWindow& window, const QString& id)
+{
+    xcb_connection_t* x11 = connection();
+    if (x11 == nullptr || id.isEmpty())
+        return;
+    const QByteArray text = id.toUtf8();
+    xcb_change_property(x11,
+        XCB_PROP_MODE_REPLACE,
+        static_cast<xcb_window_t>(window.winId()),
+        atom(x11, "_NET_STARTUP_ID"),
+        atom(x11, "UTF8_STRING"),
+        8,
+        static_cast<uint32_t>(text.size()),
+        text.constData());
 }
 
 bool isComposited()

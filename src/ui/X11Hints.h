@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+class QString;
 class QWindow;
 
 /// What Qt has no function for on X11, by the Extended Window Manager Hints. Everything is a no-op on other platforms.
@@ -9,6 +10,10 @@ namespace Tarvik::X11Hints {
 
 /// Keeps a window that is not shown yet out of task bars and pagers.
 void skipTaskbar(QWindow& window);
+
+/// Ties a window that is not shown yet to what the user did to open it, by the startup notification protocol. An empty
+/// `id` changes nothing.
+void setStartupId(QWindow& window, const QString& id);
 
 /// Whether a compositor runs, without which transparent windows are black. True on other platforms.
 bool isComposited();

@@ -45,6 +45,35 @@ private Q_SLOTS:
         QVERIFY(workArea.contains(QRect(position, QSize(300, 260))));
     }
 
+    void edgesAndMarginsTellTheSamePlaceAsAPosition_data()
+    {
+        QTest::addColumn<QPoint>("click");
+        QTest::addColumn<Qt::Edges>("edges");
+        QTest::newRow("top, in the left half") << QPoint(1280 + 400, 14) << Qt::Edges(Qt::TopEdge | Qt::LeftEdge);
+        QTest::newRow("top, in the right half") << QPoint(1280 + 1500, 14) << Qt::Edges(Qt::TopEdge | Qt::RightEdge);
+        QTest::newRow("top, in the left corner") << QPoint(1280 + 3, 14) << Qt::Edges(Qt::TopEdge | Qt::LeftEdge);
+        QTest::newRow("top, in the right corner") << QPoint(1280 + 1919, 14) << Qt::Edges(Qt::TopEdge | Qt::RightEdge);
+        QTest::newRow("bottom") << QPoint(1280 + 1500, 1070) << Qt::Edges(Qt::BottomEdge | Qt::RightEdge);
+        QTest::newRow("left") << QPoint(1280 + 20, 400) << Qt::Edges(Qt::LeftEdge | Qt::TopEdge);
+        QTest::newRow("right") << QPoint(1280 + 1900, 900) << Qt::Edges(Qt::RightEdge | Qt::BottomEdge);
+    }
+
+    void edgesAndMarginsTellTheSamePlaceAsAPosition()
+    {
+        QFETCH(QPoint, click);
+        const QRect screen(1280, 0, 1920, 1080);
+        const QSize size(300, 260);
+        const PanelPlacement::Anchored place = PanelPlacement::anchored(click, size, screen);
+        QTEST(place.edges, "edges");
+        const QRect inside = screen.marginsRemoved(place.margins);
+        QRect window(inside.topLeft(), size);
+        if (place.edges.testFlag(Qt::RightEdge))
+            window.moveRight(inside.right());
+        if (place.edges.testFlag(Qt::BottomEdge))
+            window.moveBottom(inside.bottom());
+        QCOMPARE(window.topLeft(), PanelPlacement::position(click, size, screen));
+    }
+
     void aPanelTooLargeForTheScreenShowsItsTopLeft()
     {
         QCOMPARE(PanelPlacement::position(QPoint(600, 790), QSize(1400, 900), QRect(0, 28, 1280, 772)), QPoint(6, 34));

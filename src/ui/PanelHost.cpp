@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/PanelHost.h"
+
+#include "ui/LayerPanelHost.h"
+#include "ui/OrdinaryPanelHost.h"
+#include "ui/X11PanelHost.h"
+
+#include <QGuiApplication>
+#include <QVariant>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+std::unique_ptr<PanelHost> PanelHost::create(QWindow& panel, const LayerShell* shell)
+{
+    if (shell != nullptr)
+        return std::make_unique<LayerPanelHost>(panel, *shell);
+    if (QGuiApplication::platformName() == "xcb"_L1)
+        return std::make_unique<X11PanelHost>(panel);
+    return std::make_unique<OrdinaryPanelHost>(panel);
+}
+
+PanelHost::PanelHost(QWindow& panel)
+    : m_panel(panel)
+{
+}
+
+QMargins PanelHost::shadow() const
+{
+    const int extent = m_panel.property("shadowExtent").toInt();
+    return {extent, m_panel.property("shadowExtentAbove").toInt(), extent, extent};
+}
+
+QSize PanelHost::surfaceSize() const
+{
+    return m_panel.size().shrunkBy(shadow());
+}
+
+} // namespace Tarvik
