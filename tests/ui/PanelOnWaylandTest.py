@@ -1,0 +1,209 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""The panel of the built windows' process on a real Wayland compositor with a layer shell, used as a person would."""
+import os
+import pathlib
+import subprocess
+import tempfile
+import time
+import unittest
+
+from sway import BAR_HEIGHT, Sway
+from virtual_seat import VirtualSeat
+
+UI = os.environ["TARVIK_UI"]
+FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
+NAME = "com.morvanta.TarvikUi"
+DEADLINE = 10
+MARGIN = 6
+WIDTH = 300
+PANEL_COLOUR = bytes((0xFB, 0xFB, 0xFC))
+
+
+def await_true(condition, what):
+    deadline = time.monotonic() + DEADLINE
+    while not (value := condition()):
+        assert time.monotonic() < deadline, what
+        time.sleep(0.02)
+    return value
+
+
+class PanelTest(unittest.TestCase):
+    bar = "top"
+
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory()
+        self.addCleanup(directory.cleanup)
+        os.environ["XDG_RUNTIME_DIR"] = directory.name
+        self.sway = Sway(self.bar)
+        self.addCleanup(self.sway.close)
+        self.sway.start_bar()
+        edge = 0 if self.bar == "top" else -1
+        await_true(lambda: not any(self.sway.rows()[edge][-30:]), "the bar did not come up")
+        self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.assertEqual(self.fake.stdout.readline(), "ready\n")
+        # An X server, which is not there, must not be tried.
+        self.ui = self.start(UI, env={**os.environ, "DISPLAY": ":65000"})
+        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
+                   "the windows' process did not come up")
+
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, **options)
+
+        def end():
+            process.kill()
+            process.wait()
+            for stream in (process.stdin, process.stdout):
+                if stream:
+                    stream.close()
+        self.addCleanup(end)
+        return process
+
+    def show_panel(self, x, y):
+        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis",
+                        str(x), str(y), ""], check=True, timeout=DEADLINE)
+
+    def open(self, x=900, y=14, screen="HEADLESS-1"):
+        """Where the panel comes up on the screen after a click at a point of the desktop."""
+        self.sway.seat.move(x, y)
+        self.show_panel(x, y)
+        return self.await_surface(screen)
+
+    def surface(self, screen="HEADLESS-1", scale=1):
+        """x, y, width, height of the panel with its border but without its shadow, in pixels; None without it."""
+        rows = self.sway.rows(screen, scale)
+        inside = [at for at, row in enumerate(rows) if PANEL_COLOUR * 9 in row]
+        if not inside:
+            return None
+        below_the_corners = rows[inside[0] + 16 * scale]
+        left, right = below_the_corners.find(PANEL_COLOUR * 9) // 3, below_the_corners.rfind(PANEL_COLOUR * 9) // 3 + 9
+        return left - scale, inside[0] - scale, right - left + 2 * scale, inside[-1] - inside[0] + 1 + 2 * scale
+
+    def await_surface(self, screen="HEADLESS-1"):
+        return await_true(lambda: self.surface(screen), "the panel did not open")
+
+    def assert_closed(self, screen="HEADLESS-1"):
+        await_true(lambda: not self.surface(screen), "the panel did not close")
+        self.assertIsNone(self.ui.poll())
+
+    def press(self, *keys):
+        self.sway.seat.press(*keys)
+
+    def tell_fake(self, state):
+        self.fake.stdin.write(state + "\n")
+        self.fake.stdin.flush()
+
+
+class PanelAtTheBottomTest(PanelTest):
+    bar = "bottom"
+
+    def test_opens_above_the_bar_and_keeps_to_it(self):
+        _x, y, _width, height = self.open(600, 790)
+        self.assertEqual(y + height, 800 - BAR_HEIGHT - MARGIN)
+        self.tell_fake("asleep")
+        _x, y, _width, smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
+        self.assertEqual(y + smaller, 800 - BAR_HEIGHT - MARGIN)
+
+
+class PanelAtTheTopTest(PanelTest):
+    def test_opens_below_the_click_and_the_bar(self):
+        x, y, width, _height = self.open(900, 14)
+        self.assertEqual((x, y, width), (900 - WIDTH // 2, BAR_HEIGHT + MARGIN, WIDTH))
+
+    def test_stays_on_the_screen(self):
+        x, _y, width, _height = self.open(1275, 14)
+        self.assertEqual(x + width, 1280 - MARGIN)
+        self.press("Escape")
+        self.assert_closed()
+        self.assertEqual(self.open(3, 14)[0], MARGIN)
+
+    def test_follows_the_height_of_its_content(self):
+        x, y, width, height = self.open()
+        self.tell_fake("asleep")
+        smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
+        self.assertEqual(smaller[:3], (x, y, width))
+        self.tell_fake("awake")
+        await_true(lambda: self.surface() == (x, y, width, height), "the panel did not grow again")
+
+    def test_opens_at_the_pointer_when_the_tray_counts_from_its_own_corner(self):
+        self.sway.seat.move(1280 + 500, 14)
+        self.show_panel(500, 14)
+        x, y, _width, _height = self.await_surface("HEADLESS-2")
+        self.assertEqual((x, y), (500 - WIDTH // 2, BAR_HEIGHT + MARGIN))
+        self.assertIsNone(self.surface("HEADLESS-1"))
+
+    def test_opens_at_the_click_when_there_is_no_pointer(self):
+        self.sway.seat.close()
+        self.sway.seat = VirtualSeat(*self.sway.seat.size, has_pointer=False)
+        self.show_panel(1280 + 500, 14)
+        x, y, _width, _height = self.await_surface("HEADLESS-2")
+        self.assertEqual((x, y), (500 - WIDTH // 2, BAR_HEIGHT + MARGIN))
+
+    def test_escape_closes_it(self):
+        self.open()
+        self.press("Escape")
+        self.assert_closed()
+
+    def test_another_click_on_the_tray_closes_it(self):
+        self.open()
+        self.show_panel(900, 14)
+        self.assert_closed()
+        self.open()
+
+    def test_a_click_on_the_desktop_closes_it(self):
+        self.open()
+        self.sway.seat.click(200, 600)
+        self.assert_closed()
+
+    def test_a_click_on_the_bar_closes_it(self):
+        self.open()
+        self.sway.seat.click(200, 14)
+        self.assert_closed()
+
+    def test_a_click_on_the_other_screen_closes_it(self):
+        self.open()
+        self.sway.seat.click(1280 + 200, 600)
+        self.assert_closed()
+
+    def test_a_click_on_its_shadow_closes_it(self):
+        x, y, width, height = self.open()
+        self.sway.seat.click(x + width + 10, y + height // 2)
+        self.assert_closed()
+
+    def test_the_switch_is_flipped_by_mouse(self):
+        x, y, width, _height = self.open()
+        self.sway.seat.click(x + width - 34, y + 80)
+        self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
+
+    def test_the_keyboard_starts_a_session(self):
+        self.open()
+        self.press("Down", "Down", "Return")
+        self.press("Down", "Down", "Return")
+        self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 60\n")
+
+    def test_lock_and_leave_locks_and_closes(self):
+        self.open()
+        self.press("Down", "Down", "Down", "Return")
+        self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
+        self.assert_closed()
+
+    def test_quit_ends_tarvik_and_with_it_the_windows(self):
+        self.open()
+        self.press("Up", "space")
+        self.assertEqual(self.fake.stdout.readline(), "Quit\n")
+        self.assertEqual(self.ui.wait(DEADLINE), 0)
+
+    def test_is_drawn_at_the_scale_of_the_screen(self):
+        self.sway.tell("output", "HEADLESS-1", "scale", "2")
+        await_true(lambda: len(self.sway.rows()) == 400, "the screen was not scaled")
+        self.open(400, 14)
+        x, y, width, height = self.surface(scale=2)
+        self.assertEqual((x, y, width), (2 * (400 - WIDTH // 2), 2 * (BAR_HEIGHT + MARGIN), 2 * WIDTH))
+        rows = self.sway.rows(scale=2)[y:y + height]
+        doubled = all(upper == lower for upper, lower in zip(rows[::2], rows[1::2]))
+        self.assertFalse(doubled, "every row is there twice")
+
+
+if __name__ == "__main__":
+    unittest.main()
