@@ -21,6 +21,13 @@ T.ToolTip {
         border.color: root.theme.outline
         color: root.theme.menu
         radius: root.theme.buttonRadius
+
+        Shadow {
+            anchors.fill: parent
+            extent: 10
+            radius: parent.radius
+            z: -1
+        }
     }
     contentItem: Label {
         color: root.theme.secondaryText

@@ -29,116 +29,120 @@ FocusScope {
     implicitHeight: column.implicitHeight
     implicitWidth: Math.max(300, theme.scaled(300))
 
-    // What a screen reader says when the panel opens.
-    Accessible.description: coordinator.statusReason
-    Accessible.name: qsTr("Tarvik")
-    Accessible.role: Accessible.Pane
     Keys.onDownPressed: moveFocus(true)
     Keys.onEscapePressed: dismissed()
     Keys.onUpPressed: moveFocus(false)
 
-    // Has the focus while no control has been chosen with the keyboard.
+    // Has the focus while no control has been chosen with the keyboard. Not the scope itself: screen readers would take
+    // that for focused together with any control in it.
     Item {
         id: start
 
+        anchors.fill: parent
         focus: true
-    }
-    Column {
-        id: column
 
-        readonly property int rowWidth: width - 2 * padding
+        // What a screen reader says when the panel opens.
+        Accessible.description: root.coordinator.statusReason
+        Accessible.name: qsTr("Tarvik")
+        Accessible.role: Accessible.Pane
 
-        padding: 6
-        spacing: 6
-        width: parent.width
+        Column {
+            id: column
 
-        StatusHeader {
-            details: root.coordinator.statusDetails
-            headline: root.coordinator.statusReason
-            isAwake: root.coordinator.isAwake
-            subtitle: root.coordinator.statusSubtitle
-            theme: root.theme
-            width: column.rowWidth
-        }
-        EnableRow {
-            objectName: "enableRow"
-            settings: root.settings
-            theme: root.theme
-            width: column.rowWidth
-        }
-        Separator {
-            theme: root.theme
-            width: column.rowWidth
-        }
-        SessionRow {
-            id: sessionRow
+            readonly property int rowWidth: width - 2 * padding
 
-            isTimedSessionActive: root.coordinator.isTimedSessionActive
-            objectName: "sessionRow"
-            theme: root.theme
-            width: column.rowWidth
+            padding: 6
+            spacing: 6
+            width: parent.width
 
-            onChosen: minutes => root.coordinator.setTimedSession(minutes)
-        }
-        MenuRow {
-            objectName: "lockRow"
-            systemImage: "lock.display"
-            theme: root.theme
-            title: qsTr("Lock & leave")
-            width: column.rowWidth
-
-            action: T.Action {
-                onTriggered: {
-                    root.lockScreen();
-                    root.dismissed();
-                }
-            }
-        }
-        Separator {
-            theme: root.theme
-            width: column.rowWidth
-        }
-        MenuRow {
-            id: settingsRow
-
-            objectName: "settingsRow"
-            systemImage: "gearshape"
-            theme: root.theme
-            title: qsTr("Settings…")
-            width: column.rowWidth
-
-            Accessible.description: settingsTip.text
-
-            action: T.Action {
-                enabled: root.hasSettingsWindow
-
-                onTriggered: {
-                    root.openSettings();
-                    root.dismissed();
-                }
-            }
-
-            HelpTip {
-                id: settingsTip
-
-                isMirrored: settingsRow.mirrored
-                objectName: "settingsTip"
-                text: root.hasSettingsWindow ? "" : qsTr("There is no settings window yet.")
+            StatusHeader {
+                details: root.coordinator.statusDetails
+                headline: root.coordinator.statusReason
+                isAwake: root.coordinator.isAwake
+                subtitle: root.coordinator.statusSubtitle
                 theme: root.theme
-                visible: text && settingsRow.hovered
-                x: (settingsRow.width - width) / 2
-                y: settingsRow.height + 2
+                width: column.rowWidth
             }
-        }
-        MenuRow {
-            objectName: "quitRow"
-            systemImage: "power"
-            theme: root.theme
-            title: qsTr("Quit Tarvik")
-            width: column.rowWidth
+            EnableRow {
+                objectName: "enableRow"
+                settings: root.settings
+                theme: root.theme
+                width: column.rowWidth
+            }
+            Separator {
+                theme: root.theme
+                width: column.rowWidth
+            }
+            SessionRow {
+                id: sessionRow
 
-            action: T.Action {
-                onTriggered: root.quit()
+                isTimedSessionActive: root.coordinator.isTimedSessionActive
+                objectName: "sessionRow"
+                theme: root.theme
+                width: column.rowWidth
+
+                onChosen: minutes => root.coordinator.setTimedSession(minutes)
+            }
+            MenuRow {
+                objectName: "lockRow"
+                systemImage: "lock.display"
+                theme: root.theme
+                title: qsTr("Lock & leave")
+                width: column.rowWidth
+
+                action: T.Action {
+                    onTriggered: {
+                        root.lockScreen();
+                        root.dismissed();
+                    }
+                }
+            }
+            Separator {
+                theme: root.theme
+                width: column.rowWidth
+            }
+            MenuRow {
+                id: settingsRow
+
+                objectName: "settingsRow"
+                systemImage: "gearshape"
+                theme: root.theme
+                title: qsTr("Settings…")
+                width: column.rowWidth
+
+                Accessible.description: settingsTip.text
+
+                action: T.Action {
+                    enabled: root.hasSettingsWindow
+
+                    onTriggered: {
+                        root.openSettings();
+                        root.dismissed();
+                    }
+                }
+
+                HelpTip {
+                    id: settingsTip
+
+                    isMirrored: settingsRow.mirrored
+                    objectName: "settingsTip"
+                    text: root.hasSettingsWindow ? "" : qsTr("There is no settings window yet.")
+                    theme: root.theme
+                    visible: text && settingsRow.hovered
+                    x: (settingsRow.width - width) / 2
+                    y: settingsRow.height + 2
+                }
+            }
+            MenuRow {
+                objectName: "quitRow"
+                systemImage: "power"
+                theme: root.theme
+                title: qsTr("Quit Tarvik")
+                width: column.rowWidth
+
+                action: T.Action {
+                    onTriggered: root.quit()
+                }
             }
         }
     }

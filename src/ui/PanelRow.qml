@@ -16,21 +16,22 @@ T.AbstractButton {
 
     bottomPadding: 5
     hoverEnabled: true
-    implicitHeight: Math.max(30, implicitContentHeight + topPadding + bottomPadding)
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 10
     rightPadding: 10
     text: title
     topPadding: 5
 
-    // In this version of Qt a press by a screen reader reaches the control but does nothing.
+    // In this version of Qt a press by a screen reader reaches the control but does nothing, and there is no way to tell a
+    // screen reader that a control is disabled: a row that can be says so in its description.
     Accessible.onPressAction: press()
     Accessible.name: title
     Keys.onEnterPressed: press()
     Keys.onReturnPressed: press()
 
     background: Rectangle {
-        color: root.isHighlighted || root.down ? root.theme.hover : "transparent"
+        color: root.down ? root.theme.pressed : root.isHighlighted ? root.theme.hover : "transparent"
         objectName: "highlight"
         radius: root.theme.rowRadius
 
@@ -64,6 +65,7 @@ T.AbstractButton {
             anchors.verticalCenter: parent.verticalCenter
             text: root.title
             theme: root.theme
+            wrapMode: Text.Wrap
 
             Accessible.ignored: true
         }
@@ -79,6 +81,8 @@ T.AbstractButton {
 
     /// Does what a click does.
     function press() {
+        if (!enabled)
+            return;
         if (action)
             action.trigger(root);
         else

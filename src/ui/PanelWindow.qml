@@ -30,6 +30,8 @@ Window {
     onVisibleChanged: {
         if (visible)
             view.reset();
+        else
+            fit();
     }
 
     Theme {
@@ -68,5 +70,11 @@ Window {
             onOpenSettings: root.openSettings()
             onQuit: root.quit()
         }
+    }
+
+    /// A window manager forgets a size that it was asked for just before the window closed.
+    function fit() {
+        height = Qt.binding(() => view.implicitHeight + shadowExtentAbove + shadowExtent);
+        width = Qt.binding(() => view.implicitWidth + 2 * shadowExtent);
     }
 }

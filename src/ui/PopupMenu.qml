@@ -12,7 +12,7 @@ T.Menu {
     property bool isMirrored: false
 
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent && parent.Window.window ? parent.Window.window.height - topMargin - bottomMargin : 10000)
-    implicitWidth: Math.max(theme.scaled(190), implicitContentWidth + leftPadding + rightPadding)
+    implicitWidth: Math.max(theme.scaled(190), widestItem() + leftPadding + rightPadding)
     bottomMargin: 12
     margins: 4
     overlap: 0
@@ -46,5 +46,14 @@ T.Menu {
         theme: root.theme
     }
 
+    // The item of a popup is reached through what it holds only; without this, the menu has no name.
+    Component.onCompleted: list.parent.Accessible.name = Qt.binding(() => root.title)
     onCurrentIndexChanged: list.positionViewAtIndex(currentIndex, ListView.Contain)
+
+    function widestItem(): double {
+        let widest = 0;
+        for (let index = 0; index < count; ++index)
+            widest = Math.max(widest, itemAt(index).implicitWidth);
+        return widest;
+    }
 }

@@ -14,8 +14,8 @@ T.MenuItem {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 8
     rightPadding: 8
-    topPadding: 5
-    bottomPadding: 5
+    topPadding: 4
+    bottomPadding: 4
 
     // In this version of Qt a press by a screen reader reaches the control but does nothing.
     Accessible.onPressAction: {

@@ -37,6 +37,7 @@ PanelRow {
 
         isMirrored: root.mirrored
         theme: root.theme
+        title: root.title
         x: root.mirrored ? 4 : root.width - width - 4
         y: root.height - 2
 

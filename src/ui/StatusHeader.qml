@@ -12,14 +12,30 @@ Item {
     required property string subtitle
     required property string details
 
+    /// Something of the texts does not fit; the help text then has all of them.
+    readonly property bool isCut: headlineText.truncated || subtitleText.truncated || detailsText.truncated
+    readonly property alias helpTip: helpTip
+
     implicitHeight: texts.height + 8
 
+    HoverHandler {
+        id: hover
+    }
+    HelpTip {
+        id: helpTip
+
+        text: [root.headline, root.subtitle, root.details].filter(line => line).join("\n")
+        theme: root.theme
+        visible: hover.hovered && root.isCut
+        x: (root.width - width) / 2
+        y: root.height + 2
+    }
     Item {
         id: dotFrame
 
         anchors.left: parent.left
-        // The dot stands above the icons of the rows below.
-        anchors.leftMargin: 10 + (root.theme.iconSize - width) / 2
+        // The texts begin where those of the rows below do.
+        anchors.leftMargin: 10 + root.theme.iconSize + 8 - texts.anchors.leftMargin - width
         height: 22
         width: 22
         y: texts.y + (headlineText.firstLineHeight - height) / 2
@@ -41,7 +57,8 @@ Item {
         anchors.leftMargin: 10
         anchors.right: parent.right
         anchors.rightMargin: 10
-        y: 5
+        spacing: 1
+        y: 4
 
         Label {
             id: headlineText
@@ -61,6 +78,8 @@ Item {
             Accessible.role: Accessible.Heading
         }
         Label {
+            id: subtitleText
+
             color: root.theme.secondaryText
             font.pixelSize: root.theme.subheadlineSize
             maximumLineCount: 3
@@ -74,6 +93,8 @@ Item {
             Accessible.role: Accessible.StaticText
         }
         Label {
+            id: detailsText
+
             color: root.theme.tertiaryText
             font.pixelSize: root.theme.captionSize
             maximumLineCount: 3
@@ -84,6 +105,7 @@ Item {
             width: parent.width
             wrapMode: Text.Wrap
 
+            Accessible.ignored: !visible
             Accessible.name: text
             Accessible.role: Accessible.StaticText
         }

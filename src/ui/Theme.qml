@@ -22,6 +22,7 @@ QtObject {
     readonly property color outline: isHighContrast ? secondaryText : isDark ? "#46474c" : "#d3d3d8"
     readonly property color separator: isHighContrast ? secondaryText : isDark ? "#3d3e42" : "#e3e3e7"
     readonly property color hover: isDark ? "#3a3b40" : "#ececef"
+    readonly property color pressed: isDark ? "#46474d" : "#dfdfe4"
     readonly property color menuHover: isDark ? "#46474d" : "#ececef"
 
     readonly property color text: isDark ? "#f3f3f5" : "#1a1a1c"
@@ -34,8 +35,12 @@ QtObject {
     /// What is written on the accent colour.
     readonly property color accentText: luminance(accent) > 0.2 ? "#1a1a1c" : "#ffffff"
     readonly property color focusRing: isDark ? "#7aa5ff" : "#2363d8"
-    readonly property color switchOff: isHighContrast ? tertiaryText : isDark ? "#56575d" : "#c9c9d0"
-    readonly property color knob: "#ffffff"
+    readonly property color switchOff: isHighContrast ? tertiaryText : isDark ? "#7c7d85" : "#8a8a92"
+    /// Around a switch whose colour, chosen by the user, can hardly be told from what is behind it.
+    readonly property color switchOutline: contrast(accent, card) < 3 || isHighContrast ? secondaryText : "transparent"
+    /// On a switch that is off, and on one that is on.
+    readonly property color knob: isHighContrast ? panel : "#ffffff"
+    readonly property color accentKnob: luminance(accent) > 0.4 ? "#1a1a1c" : "#ffffff"
 
     readonly property string fontFamily: Qt.application.font.family
     readonly property int headlineSize: scaled(14)
@@ -59,5 +64,11 @@ QtObject {
     function luminance(color: color): double {
         const linear = part => part <= 0.04045 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
         return 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b);
+    }
+
+    /// Contrast ratio of the same guidelines, from 1 to 21.
+    function contrast(one: color, other: color): double {
+        const lights = [luminance(one), luminance(other)];
+        return (Math.max(...lights) + 0.05) / (Math.min(...lights) + 0.05);
     }
 }

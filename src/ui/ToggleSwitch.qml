@@ -18,6 +18,8 @@ T.Switch {
     Keys.onReturnPressed: toggle()
 
     indicator: Rectangle {
+        border.color: root.theme.switchOutline
+        border.width: root.checked && root.theme.switchOutline.a > 0 ? 1 : 0
         color: root.checked ? root.theme.accent : root.theme.switchOff
         height: root.implicitHeight
         opacity: root.enabled ? 1 : 0.5
@@ -31,7 +33,7 @@ T.Switch {
         }
 
         Rectangle {
-            color: root.theme.knob
+            color: root.checked ? root.theme.accentKnob : root.theme.knob
             height: parent.height - 4
             radius: height / 2
             width: height

@@ -57,6 +57,11 @@ class PanelOnDesktopTest(unittest.TestCase):
         subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis",
                         str(x), str(y), ""], check=True, timeout=DEADLINE)
 
+    def tell(self, state):
+        self.fake.stdin.write(state + "\n")
+        self.fake.stdin.flush()
+        self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
+
     def open(self, *at):
         self.click_tray(*at)
         window = await_true(panel_window, "the panel did not open")
@@ -89,6 +94,24 @@ class PanelOnDesktopTest(unittest.TestCase):
     def test_opens_above_a_click_at_the_bottom(self):
         _x, y, _width, height = self.surface(self.open(600, 799))
         self.assertEqual(y + height, 800 - MARGIN)
+
+    def height_in(self, state):
+        """How high the panel is when it has nothing to adapt to."""
+        self.tell(state)
+        window = self.open()
+        # It is drawn before it has the focus.
+        height = self.surface(window)[3]
+        self.press("Escape")
+        self.assert_closed()
+        return height
+
+    def test_has_room_for_what_changes_while_it_is_open(self):
+        enough, little = self.height_in("long"), self.height_in("asleep")
+        self.assertGreater(enough, little)
+        window = self.open()
+        for state, height in (("long", enough), ("asleep", little), ("long", enough)):
+            self.tell(state)
+            await_true(lambda wanted=height: self.surface(window)[3] == wanted, f"the panel is as high as {state} needs")
 
     def test_is_not_in_task_bars(self):
         states = output("xprop", "-id", self.open(), "_NET_WM_STATE")

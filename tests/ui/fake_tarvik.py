@@ -4,8 +4,10 @@
 """fake_tarvik.py [STATE]: offers on the session bus what the windows' process observes, in one of a few states.
 
 STATE: awake (default), asleep, paused, off, session, long. "off" is also what becomes of any state when the windows set
-isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input.
+isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input and
+prints "entered STATE" for each.
 """
+import os
 import pathlib
 import sys
 import time
@@ -80,10 +82,12 @@ class FakeTarvik:
             GLib.idle_add(self.loop.quit)
 
     def read(self, *_):
-        line = sys.stdin.readline()
-        if line.strip() in STATES:
-            self.enter(line.strip())
-        return bool(line)
+        states = os.read(sys.stdin.fileno(), 4096).decode()
+        for state in states.split():
+            self.enter(state)
+            self.bus.flush_sync()
+            self.say("entered", state)
+        return bool(states)
 
 
 if __name__ == "__main__":

@@ -375,7 +375,7 @@ Item {
                 compare(row.Accessible.role, Accessible.Button);
                 compare(row.Accessible.name, row.title);
             }
-            compare(view.Accessible.description, "Awake · 2 agents, 1 app");
+            compare(sessionRow.parent.parent.Accessible.description, "Awake · 2 agents, 1 app");
             compare(findChild(view, "headline").Accessible.role, Accessible.Heading);
             for (const name of ["headline", "subtitle", "details"])
                 compare(findChild(view, name).Accessible.name, findChild(view, name).text);

@@ -29,11 +29,6 @@ TestCase {
         appearance.accent = plain.accent;
     }
 
-    function contrast(one: color, other: color): double {
-        const lights = [theme.luminance(one), theme.luminance(other)].sort((a, b) => b - a);
-        return (lights[0] + 0.05) / (lights[1] + 0.05);
-    }
-
     function test_textIsReadable_data() {
         const rows = [];
         for (const isDark of [false, true]) {
@@ -46,10 +41,10 @@ TestCase {
     function test_textIsReadable(row) {
         appearance.isDark = row.isDark;
         const surface = theme[row.surface];
-        verify(contrast(theme.text, surface) >= 7, `text ${contrast(theme.text, surface)}`);
+        verify(theme.contrast(theme.text, surface) >= 7, `text ${theme.contrast(theme.text, surface)}`);
         const isHover = row.surface.toLowerCase().endsWith("hover");
         for (const role of isHover ? ["secondaryText"] : ["secondaryText", "tertiaryText", "danger"])
-            verify(contrast(theme[role], surface) > 4.5, `${role} ${contrast(theme[role], surface)}`);
+            verify(theme.contrast(theme[role], surface) > 4.5, `${role} ${theme.contrast(theme[role], surface)}`);
     }
 
     function test_controlsCanBeSeen_data() {
@@ -58,9 +53,9 @@ TestCase {
 
     function test_controlsCanBeSeen(row) {
         appearance.isDark = row.isDark;
-        for (const role of ["awake", "accent", "focusRing"])
-            verify(contrast(theme[role], theme.panel) >= 3, `${role} ${contrast(theme[role], theme.panel)}`);
-        verify(contrast(theme.accentText, theme.accent) > 4.5, contrast(theme.accentText, theme.accent));
+        for (const role of ["awake", "accent", "focusRing", "secondaryText", "switchOff"])
+            verify(theme.contrast(theme[role], theme.panel) >= 3, `${role} ${theme.contrast(theme[role], theme.panel)}`);
+        verify(theme.contrast(theme.accentText, theme.accent) > 4.5, theme.contrast(theme.accentText, theme.accent));
     }
 
     function test_highContrastDarkensWhatIsFaint_data() {
@@ -71,17 +66,33 @@ TestCase {
         appearance.isDark = row.isDark;
         appearance.isHighContrast = true;
         for (const role of ["secondaryText", "tertiaryText"])
-            verify(contrast(theme[role], theme.panel) >= 7, role);
+            verify(theme.contrast(theme[role], theme.panel) >= 7, role);
         for (const role of ["switchOff", "outline", "separator"])
-            verify(contrast(theme[role], theme.panel) >= 3, role);
+            verify(theme.contrast(theme[role], theme.panel) >= 3, role);
     }
 
     function test_theUsersAccentIsTaken() {
         appearance.accent = "#ffcc00";
         compare(theme.accent, "#ffcc00");
-        verify(contrast(theme.accentText, theme.accent) >= 4.5);
+        verify(theme.contrast(theme.accentText, theme.accent) >= 4.5);
         appearance.accent = "#7a1fa2";
-        verify(contrast(theme.accentText, theme.accent) >= 4.5);
+        verify(theme.contrast(theme.accentText, theme.accent) >= 4.5);
+    }
+
+    function test_aSwitchCanBeSeenInEveryAccent_data() {
+        return ["#ffcc00", "#ffffff", "#2a2b2e", "#000000", "#e66100", "#3584e4"].map(accent => ({ tag: accent, accent: accent }));
+    }
+
+    function test_aSwitchCanBeSeenInEveryAccent(row) {
+        appearance.accent = row.accent;
+        for (const isDark of [false, true]) {
+            appearance.isDark = isDark;
+            const edge = theme.switchOutline.a ? theme.switchOutline : theme.accent;
+            verify(theme.contrast(edge, theme.panel) >= 3, `edge in ${isDark ? "dark" : "light"}`);
+            verify(theme.contrast(theme.accentKnob, theme.accent) >= 2.2, theme.contrast(theme.accentKnob, theme.accent));
+            for (appearance.isHighContrast of [true, false])
+                verify(theme.contrast(theme.knob, theme.switchOff) >= 3, `knob in ${isDark ? "dark" : "light"}`);
+        }
     }
 
     function test_everythingGrowsWithTheText() {

@@ -1,0 +1,223 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""What a screen reader finds in the panel of the built windows' process, and what it can do there. Runs inside scripts/desktop."""
+import os
+import pathlib
+import subprocess
+import time
+import unittest
+
+import pyatspi
+from gi.repository import Atspi, GLib
+
+UI = os.environ["TARVIK_UI"]
+FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
+NAME = "com.morvanta.TarvikUi"
+DEADLINE = 20
+HELP = "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running."
+CONTROLS = ("Tarvik", "Keep awake for…", "Lock & leave", "Settings…", "Quit Tarvik")
+# What every part of an open panel is; only what differs is looked at.
+COMMON = {"enabled", "sensitive", "showing", "visible"}
+
+
+def settle():
+    """Lets what the bus has sent arrive."""
+    while GLib.MainContext.default().iteration(False):
+        pass
+
+
+def await_true(condition, what):
+    deadline = time.monotonic() + DEADLINE
+    while True:
+        settle()
+        try:
+            if value := condition():
+                return value
+        except GLib.Error:
+            # What was there a moment ago is gone.
+            pass
+        assert time.monotonic() < deadline, what
+        time.sleep(0.02)
+
+
+def children(accessible):
+    return [child for child in (accessible.getChildAtIndex(index) for index in range(accessible.childCount)) if child]
+
+
+def descendants(accessible):
+    for child in children(accessible):
+        yield child
+        yield from descendants(child)
+
+
+def states(accessible):
+    return {pyatspi.stateToString(state) for state in accessible.getState().getStates()}
+
+
+def actions(accessible):
+    try:
+        offered = accessible.queryAction()
+    except NotImplementedError:
+        return []
+    return [offered.getName(index) for index in range(offered.nActions)]
+
+
+def described(accessible):
+    return (accessible.getRoleName(), accessible.name, accessible.description, states(accessible) - COMMON)
+
+
+def press(*keys):
+    subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True, timeout=DEADLINE)
+
+
+class AccessibilityTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        Atspi.set_timeout(2000, 2000)
+        self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.assertEqual(self.fake.stdout.readline(), "ready\n")
+        self.ui = self.start(UI)
+        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
+                   "the windows' process did not come up")
+        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis", "900",
+                        "14", ""], check=True, stdout=subprocess.DEVNULL, timeout=DEADLINE)
+        await_true(lambda: self.focused() is not None, "the panel has the focus")
+
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, **options)
+
+        def end():
+            process.kill()
+            process.wait()
+            for stream in (process.stdin, process.stdout):
+                if stream:
+                    stream.close()
+        self.addCleanup(end)
+        return process
+
+    def tell(self, state):
+        self.fake.stdin.write(state + "\n")
+        self.fake.stdin.flush()
+        self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
+
+    def frame(self):
+        desktop = pyatspi.Registry.getDesktop(0)
+        # Names and states as they are now, not as they were when they were first asked for.
+        desktop.set_cache_mask(Atspi.Cache.NONE)
+        for application in children(desktop):
+            application.set_cache_mask(Atspi.Cache.NONE)
+            if application.get_process_id() == self.ui.pid:
+                return next(iter(children(application)), None)
+        return None
+
+    def everything(self):
+        frame = self.frame()
+        return list(descendants(frame)) if frame else []
+
+    def find(self, name, role=None):
+        return next((part for part in self.everything() if part.name == name and role in (None, part.getRoleName())), None)
+
+    def control(self, name):
+        return await_true(lambda: next((part for part in self.everything() if part.name == name and actions(part)), None),
+                          f"there is no control {name}")
+
+    def focused(self):
+        # A menu counts as focused together with its entry, so the innermost is the one.
+        return next((part for part in reversed(self.everything()) if "focused" in states(part)), None)
+
+    def perform(self, name, action):
+        offered = self.control(name).queryAction()
+        # Of two of one name, both have to do it.
+        index = next(index for index in range(offered.nActions) if offered.getName(index) == action)
+        self.assertTrue(offered.doAction(index))
+
+    def test_everything_has_its_role_name_description_and_states(self):
+        frame = self.frame()
+        self.assertEqual((frame.getRoleName(), frame.name), ("frame", "Tarvik"))
+        panel, = children(frame)
+        self.assertEqual(described(panel), ("panel", "Tarvik", "Awake · 2 agents, 1 app", {"focused"}))
+        # This version of Qt calls every text focusable and everything enabled, so that a description says what is not.
+        self.assertEqual([described(part) for part in descendants(panel)], [
+            ("heading", "Awake · 2 agents, 1 app", "", set()),
+            ("label", "Claude Code, Codex +1 more", "", {"focusable", "read only"}),
+            ("label", "charging 80% · lid closed", "", {"focusable", "read only"}),
+            ("check box", "Tarvik", HELP, {"checked", "focusable"}),
+            ("push button", "Keep awake for…", "", {"focusable"}),
+            ("push button", "Lock & leave", "", {"focusable"}),
+            ("push button", "Settings…", "There is no settings window yet.", {"focusable"}),
+            ("push button", "Quit Tarvik", "", {"focusable"}),
+        ])
+
+    def test_what_is_shown_and_said_is_the_same(self):
+        self.tell("asleep")
+        await_true(lambda: self.find("Dozing — nothing to watch", "heading"), "the new headline")
+        self.assertEqual([part.name for part in self.everything() if part.getRoleName() == "label"], ["Nothing running to keep awake for"])
+        self.tell("session")
+        await_true(lambda: self.find("Change session…"), "the new title")
+        self.tell("off")
+        await_true(lambda: "checked" not in states(self.find("Tarvik", "check box")), "unchecked")
+
+    def test_the_keyboards_focus_is_told(self):
+        told = []
+
+        def listener(event):
+            if event.detail1 and event.source:
+                told.append(event.source.name)
+        pyatspi.Registry.registerEventListener(listener, "object:state-changed:focused")
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, listener, "object:state-changed:focused")
+        # The row that cannot be used is passed over.
+        for name in (name for name in CONTROLS if name != "Settings…"):
+            press("Down")
+            await_true(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
+            await_true(lambda wanted=name: wanted in told, f"the focus of {name} is announced: {told}")
+
+    def test_the_menu_has_a_name_and_its_entries_get_the_focus(self):
+        self.tell("session")
+        await_true(lambda: self.find("Change session…"), "a session")
+        press("Down", "Down", "Return")
+        menu = await_true(lambda: next((part for part in self.everything() if part.getRoleName() == "popup menu"), None), "the menu")
+        self.assertEqual(menu.name, "Change session…")
+        self.assertEqual([(part.getRoleName(), part.name) for part in children(menu)],
+                         [("menu item", "10 minutes"), ("menu item", "1 hour"), ("menu item", "2 hours"),
+                          ("menu item", "All day (16 h)"), ("separator", ""), ("menu item", "Cancel timer")])
+        for name in "10 minutes", "1 hour":
+            press("Down")
+            await_true(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
+        press("Escape")
+        await_true(lambda: not self.find("Cancel timer"), "the menu is gone from the tree")
+        await_true(lambda: (part := self.focused()) and part.name == "Change session…", "the focus is back on the row")
+
+    def test_a_screen_reader_flips_the_switch(self):
+        self.perform("Tarvik", "Toggle")
+        self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
+        await_true(lambda: "checked" not in states(self.find("Tarvik", "check box")), "unchecked")
+        self.perform("Tarvik", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "set isEnabled True\n")
+
+    def test_a_screen_reader_starts_a_session(self):
+        self.perform("Keep awake for…", "Press")
+        await_true(lambda: self.find("2 hours"), "the menu opens")
+        self.perform("2 hours", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 120\n")
+        await_true(lambda: not self.find("2 hours"), "the menu closes")
+
+    def test_a_screen_reader_locks_and_leaves(self):
+        self.perform("Lock & leave", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
+        await_true(lambda: not self.find("Lock & leave") or "showing" not in states(self.find("Lock & leave")), "the panel is closed")
+
+    def test_a_screen_reader_sets_the_focus(self):
+        self.perform("Quit Tarvik", "SetFocus")
+        await_true(lambda: (part := self.focused()) and part.name == "Quit Tarvik", "focused")
+
+    def test_nothing_happens_to_what_cannot_be_used(self):
+        self.perform("Settings…", "Press")
+        # Requests are answered in their order: this one comes second and alone.
+        self.perform("Quit Tarvik", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "Quit\n")
+
+
+if __name__ == "__main__":
+    unittest.main()

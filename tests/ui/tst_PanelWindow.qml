@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tarvik
+
+TestCase {
+    name: "PanelWindow"
+
+    PlainAppearance {
+        id: appearance
+    }
+    QtObject {
+        id: coordinator
+
+        property bool isAwake
+        property string statusReason: "Dozing — nothing to watch"
+        property string statusSubtitle: "Nothing running to keep awake for"
+        property string statusDetails
+        property bool isTimedSessionActive
+    }
+    QtObject {
+        id: settings
+
+        property bool isEnabled: true
+    }
+    PanelWindow {
+        id: panel
+
+        appearance: appearance
+        coordinator: coordinator
+        hasSettingsWindow: true
+        isComposited: false
+        settings: settings
+    }
+
+    function init() {
+        failOnWarning(/.?/);
+        coordinator.statusDetails = "";
+        panel.show();
+        tryVerify(() => panel.active);
+    }
+
+    function cleanup() {
+        panel.close();
+        tryVerify(() => !panel.visible);
+    }
+
+    function test_growsAndShrinksWithItsContent() {
+        const before = panel.height;
+        coordinator.statusDetails = "charging 80%";
+        tryVerify(() => panel.height > before);
+        coordinator.statusDetails = "";
+        tryCompare(panel, "height", before);
+    }
+
+    function test_theNextTimeItHasItsOwnSizeWhateverTheWindowManagerMadeOfIt() {
+        const before = Qt.size(panel.width, panel.height);
+        panel.setHeight(before.height - 30);
+        panel.setWidth(before.width + 30);
+        tryCompare(panel, "height", before.height - 30);
+        panel.close();
+        tryCompare(panel, "height", before.height);
+        compare(panel.width, before.width);
+    }
+}
