@@ -53,14 +53,4 @@ TestCase {
         coordinator.statusDetails = "";
         tryCompare(panel, "height", before);
     }
-
-    function test_theNextTimeItHasItsOwnSizeWhateverTheWindowManagerMadeOfIt() {
-        const before = Qt.size(panel.width, panel.height);
-        panel.setHeight(before.height - 30);
-        panel.setWidth(before.width + 30);
-        tryCompare(panel, "height", before.height - 30);
-        panel.close();
-        tryCompare(panel, "height", before.height);
-        compare(panel.width, before.width);
-    }
 }
