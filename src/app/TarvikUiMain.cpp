@@ -5,6 +5,7 @@
 #include "bus/SettingsMirror.h"
 #include "bus/UiWire.h"
 #include "bus/WindowsAdaptor.h"
+#include "core/Translation.h"
 #include "ui/Appearance.h"
 #include "ui/LayerShell.h"
 #include "ui/WindowKeeper.h"
@@ -57,6 +58,7 @@ int main(int argc, char** argv)
     Tarvik::installLogSink();
     choosePlatform();
     QGuiApplication application(argc, argv);
+    const Tarvik::Translation translation;
     QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
     QGuiApplication::setApplicationName(u"Tarvik"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);

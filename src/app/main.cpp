@@ -4,6 +4,7 @@
 #include "app/TarvikApp.h"
 #include "app/UnixSignals.h"
 #include "bus/SingleInstance.h"
+#include "core/Translation.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -20,6 +21,7 @@ int main(int argc, char* argv[])
     mallopt(M_ARENA_MAX, 1);
     installLogSink();
     QCoreApplication application(argc, argv);
+    const Translation translation;
     const UnixSignals signals([] { QCoreApplication::quit(); });
 
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();

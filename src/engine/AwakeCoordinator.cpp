@@ -14,6 +14,8 @@
 #include "monitors/ProcessMonitor.h"
 #include "monitors/ThermalMonitor.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
@@ -88,7 +90,8 @@ void AwakeCoordinator::checkPowerEdge()
     if (!wasJustConnected || !m_parts.power.hasBattery() || !settings.enableOnAC() || settings.isEnabled())
         return;
     settings.setIsEnabled(true);
-    m_parts.journal.record(Journal::Entry::Kind::on, u"Switched on — plugged in"_s);
+    m_parts.journal.record(
+        Journal::Entry::Kind::on, QCoreApplication::translate("Journal", "Switched on — plugged in"));
 }
 
 bool AwakeCoordinator::isTimedSessionActive() const
@@ -168,7 +171,7 @@ AwakeCoordinator::Status AwakeCoordinator::describe(
         .isAwake = decision.awake,
         .isPaused = isPaused,
         .title = StatusText::title({.isEnabled = isEnabled, .isPaused = isPaused, .isAwake = decision.awake}),
-        .reason = isEnabled ? reason : u"Off"_s,
+        .reason = isEnabled ? reason : QCoreApplication::translate("StatusText", "Off"),
         .subtitle = StatusText::subtitle({
             .isEnabled = isEnabled,
             .reason = decision.reason,

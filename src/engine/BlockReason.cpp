@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/BlockReason.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
@@ -23,11 +25,12 @@ QString BlockReason::shortDescription() const
 {
     switch (kind) {
     case Kind::tooHot:
-        return u"the Mac is running hot"_s;
+        return QCoreApplication::translate("BlockReason", "the Mac is running hot");
     case Kind::onBattery:
-        return u"running on battery"_s;
+        return QCoreApplication::translate("BlockReason", "running on battery");
     case Kind::lowBattery:
-        return u"battery %1% is below %2%"_s.arg(QString::number(percent), QString::number(threshold));
+        return QCoreApplication::translate("BlockReason", "battery %1% is below %2%")
+            .arg(QString::number(percent), QString::number(threshold));
     }
     Q_UNREACHABLE();
 }
@@ -36,11 +39,12 @@ QString BlockReason::pauseTitle() const
 {
     switch (kind) {
     case Kind::tooHot:
-        return u"Paused — Mac is running hot"_s;
+        return QCoreApplication::translate("BlockReason", "Paused — Mac is running hot");
     case Kind::onBattery:
-        return u"Paused — on battery"_s;
+        return QCoreApplication::translate("BlockReason", "Paused — on battery");
     case Kind::lowBattery:
-        return u"Paused — battery %1% < %2%"_s.arg(QString::number(percent), QString::number(threshold));
+        return QCoreApplication::translate("BlockReason", "Paused — battery %1% < %2%")
+            .arg(QString::number(percent), QString::number(threshold));
     }
     Q_UNREACHABLE();
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/StatusText.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 #include <limits>
 
@@ -11,24 +13,40 @@ namespace Tarvik::StatusText {
 
 namespace {
 
-QString counted(qsizetype count, const QString& noun)
+// English needs no translation, so its plurals are texts of their own; other languages have as many forms of each as
+// they need.
+QString agentsText(int count)
 {
-    return QString::number(count) + u' ' + noun + (count == 1 ? QString() : u"s"_s);
+    return count == 1 ? QCoreApplication::translate("StatusText", "%n agent", nullptr, count)
+                      : QCoreApplication::translate("StatusText", "%n agents", nullptr, count);
+}
+
+QString appsText(int count)
+{
+    return count == 1 ? QCoreApplication::translate("StatusText", "%n app", nullptr, count)
+                      : QCoreApplication::translate("StatusText", "%n apps", nullptr, count);
 }
 
 QString activitySummary(qsizetype agentCount, qsizetype appCount)
 {
     QStringList parts;
     if (agentCount > 0)
-        parts.append(counted(agentCount, u"agent"_s));
+        parts.append(agentsText(static_cast<int>(agentCount)));
     if (appCount > 0)
-        parts.append(counted(appCount, u"app"_s));
+        parts.append(appsText(static_cast<int>(appCount)));
     return parts.join(u", "_s);
 }
 
 QString minutesText(int minutes)
 {
-    return QString::number(minutes) + u" min left"_s;
+    return QCoreApplication::translate("StatusText", "%n min left", nullptr, minutes);
+}
+
+QString batteryText(bool isOnAC, int percent)
+{
+    return (isOnAC ? QCoreApplication::translate("StatusText", "charging %1%")
+                   : QCoreApplication::translate("StatusText", "on battery %1%"))
+        .arg(percent);
 }
 
 bool speaksOfBattery(const std::optional<BlockReason>& reason)
@@ -49,10 +67,11 @@ std::optional<int> minutesLeft(std::optional<TimePoint> end, TimePoint now)
 QString title(const TitleInputs& inputs)
 {
     if (!inputs.isEnabled)
-        return u"Off"_s;
+        return QCoreApplication::translate("StatusText", "Off");
     if (inputs.isPaused)
-        return u"Paused"_s;
-    return inputs.isAwake ? u"Awake"_s : u"Watching"_s;
+        return QCoreApplication::translate("StatusText", "Paused");
+    return inputs.isAwake ? QCoreApplication::translate("StatusText", "Awake")
+                          : QCoreApplication::translate("StatusText", "Watching");
 }
 
 QString reason(const ReasonInputs& inputs)
@@ -60,39 +79,43 @@ QString reason(const ReasonInputs& inputs)
     if (inputs.reason)
         return inputs.reason->pauseTitle();
     if (!inputs.awake)
-        return u"Dozing — nothing to watch"_s;
-    if (inputs.timedSessionActive)
-        return inputs.minutesLeft ? u"Awake — "_s + minutesText(*inputs.minutesLeft) : u"Awake — timed"_s;
+        return QCoreApplication::translate("StatusText", "Dozing — nothing to watch");
+    if (inputs.timedSessionActive) {
+        return inputs.minutesLeft
+            ? QCoreApplication::translate("StatusText", "Awake — %1").arg(minutesText(*inputs.minutesLeft))
+            : QCoreApplication::translate("StatusText", "Awake — timed");
+    }
     const QString summary = activitySummary(inputs.agentCount, inputs.appCount);
-    return summary.isEmpty() ? u"Awake"_s : u"Awake · "_s + summary;
+    return summary.isEmpty() ? QCoreApplication::translate("StatusText", "Awake")
+                             : QCoreApplication::translate("StatusText", "Awake · %1").arg(summary);
 }
 
 QString subtitle(const SubtitleInputs& inputs)
 {
     constexpr qsizetype named = 2;
     if (!inputs.isEnabled)
-        return u"Not watching"_s;
+        return QCoreApplication::translate("StatusText", "Not watching");
     if (inputs.reason)
         return inputs.reason->shortDescription();
     if (!inputs.activeList.isEmpty()) {
         const QString first = inputs.activeList.mid(0, named).join(u", "_s);
-        const qsizetype others = inputs.activeList.size() - named;
-        return others > 0 ? first + u" +"_s + QString::number(others) + u" more"_s : first;
+        const int others = static_cast<int>(inputs.activeList.size() - named);
+        return others > 0 ? QCoreApplication::translate("StatusText", "%1 +%n more", nullptr, others).arg(first)
+                          : first;
     }
-    return inputs.timedSessionActive ? u"Timed session"_s : u"Nothing running to keep awake for"_s;
+    return inputs.timedSessionActive ? QCoreApplication::translate("StatusText", "Timed session")
+                                     : QCoreApplication::translate("StatusText", "Nothing running to keep awake for");
 }
 
 QString details(const DetailsInputs& inputs)
 {
     QStringList parts;
-    if (inputs.hasBattery && inputs.batteryPercent && !speaksOfBattery(inputs.reason)) {
-        parts.append(
-            (inputs.isOnAC ? u"charging "_s : u"on battery "_s) + QString::number(*inputs.batteryPercent) + u'%');
-    }
+    if (inputs.hasBattery && inputs.batteryPercent && !speaksOfBattery(inputs.reason))
+        parts.append(batteryText(inputs.isOnAC, *inputs.batteryPercent));
     if (inputs.isHot && inputs.reason != BlockReason::tooHot())
-        parts.append(u"running "_s + thermalWord(inputs.thermalState));
+        parts.append(QCoreApplication::translate("StatusText", "running %1").arg(thermalWord(inputs.thermalState)));
     if (inputs.lidClosedMode)
-        parts.append(u"lid closed"_s);
+        parts.append(QCoreApplication::translate("StatusText", "lid closed"));
     if (inputs.minutesLeft)
         parts.append(minutesText(*inputs.minutesLeft));
     return parts.join(u" · "_s);
@@ -102,15 +125,15 @@ QString thermalWord(int thermalState)
 {
     switch (thermalState) {
     case 0:
-        return u"normal"_s;
+        return QCoreApplication::translate("StatusText", "normal");
     case 1:
-        return u"warm"_s;
+        return QCoreApplication::translate("StatusText", "warm");
     case 2:
-        return u"hot"_s;
+        return QCoreApplication::translate("StatusText", "hot");
     case 3:
-        return u"very hot"_s;
+        return QCoreApplication::translate("StatusText", "very hot");
     default:
-        return u"unknown"_s;
+        return QCoreApplication::translate("StatusText", "unknown");
     }
 }
 

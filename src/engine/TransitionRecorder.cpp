@@ -6,7 +6,7 @@
 #include "engine/Notifications.h"
 #include "journal/Journal.h"
 
-using namespace Qt::StringLiterals;
+#include <QCoreApplication>
 
 namespace Tarvik {
 
@@ -44,21 +44,23 @@ void TransitionRecorder::recordAwake(const QString& statusReason)
     const bool wasPaused = m_last.reason.has_value();
     m_journal.record(wasPaused ? Journal::Entry::Kind::resumed : Journal::Entry::Kind::on, statusReason);
     if (m_settings.notifyOnToggle())
-        m_notifications.post(u"Tarvik is keeping your Mac awake"_s, statusReason);
+        m_notifications.post(
+            QCoreApplication::translate("Notifications", "Tarvik is keeping your Mac awake"), statusReason);
 }
 
 void TransitionRecorder::recordStopped(const QString& statusReason)
 {
     m_journal.record(Journal::Entry::Kind::off, statusReason);
     if (m_settings.notifyOnToggle())
-        m_notifications.post(u"Tarvik stopped keeping your Mac awake"_s, statusReason);
+        m_notifications.post(
+            QCoreApplication::translate("Notifications", "Tarvik stopped keeping your Mac awake"), statusReason);
 }
 
 void TransitionRecorder::recordPaused(const BlockReason& reason)
 {
     m_journal.record(Journal::Entry::Kind::paused, reason.pauseTitle());
     if (m_settings.notifyOnPause())
-        m_notifications.post(u"Tarvik paused"_s, reason.pauseTitle());
+        m_notifications.post(QCoreApplication::translate("Notifications", "Tarvik paused"), reason.pauseTitle());
 }
 
 } // namespace Tarvik

@@ -6,6 +6,8 @@
 #include "core/Logging.h"
 #include "engine/AwakeCoordinator.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace Tarvik {
@@ -32,15 +34,15 @@ enum Entry {
 };
 
 struct Duration {
-    const char16_t* label;
+    const char* label;
     int minutes;
 };
 
 constexpr std::array<Duration, 4> durations{{
-    {u"10 minutes", 10},
-    {u"1 hour", 60},
-    {u"2 hours", 120},
-    {u"All day (16 h)", 960},
+    {QT_TRANSLATE_NOOP("TrayPresenter", "10 minutes"), 10},
+    {QT_TRANSLATE_NOOP("TrayPresenter", "1 hour"), 60},
+    {QT_TRANSLATE_NOOP("TrayPresenter", "2 hours"), 120},
+    {QT_TRANSLATE_NOOP("TrayPresenter", "All day (16 h)"), 960},
 }};
 
 TrayMenuEntry command(int id, const QString& label)
@@ -122,7 +124,7 @@ TrayMenu TrayPresenter::menu() const
     statusLine.isEnabled = false;
     TrayMenuEntry onOffSwitch = command(Entry::onOff, u"Tarvik"_s);
     onOffSwitch.isChecked = m_settings.isEnabled();
-    TrayMenuEntry settings = command(Entry::openSettings, u"Settings…"_s);
+    TrayMenuEntry settings = command(Entry::openSettings, QCoreApplication::translate("TrayPresenter", "Settings…"));
     // There is no settings window yet.
     settings.isEnabled = false;
     return {
@@ -130,24 +132,27 @@ TrayMenu TrayPresenter::menu() const
         separator(Entry::separatorAboveSwitch),
         onOffSwitch,
         sessionEntry(),
-        command(Entry::lockAndLeave, u"Lock & leave"_s),
+        command(Entry::lockAndLeave, QCoreApplication::translate("TrayPresenter", "Lock & leave")),
         separator(Entry::separatorAboveSettings),
         settings,
-        command(Entry::quit, u"Quit Tarvik"_s),
+        command(Entry::quit, QCoreApplication::translate("TrayPresenter", "Quit Tarvik")),
     };
 }
 
 TrayMenuEntry TrayPresenter::sessionEntry() const
 {
     const bool isRunning = m_coordinator.isTimedSessionActive();
-    TrayMenuEntry entry = command(Entry::session, isRunning ? u"Change session…"_s : u"Keep awake for…"_s);
+    TrayMenuEntry entry = command(Entry::session,
+        isRunning ? QCoreApplication::translate("TrayPresenter", "Change session…")
+                  : QCoreApplication::translate("TrayPresenter", "Keep awake for…"));
     for (std::size_t i = 0; i < durations.size(); ++i) {
         const int id = Entry::firstDuration + static_cast<int>(i);
-        entry.entries.push_back(command(id, QString::fromUtf16(durations.at(i).label)));
+        entry.entries.push_back(command(id, QCoreApplication::translate("TrayPresenter", durations.at(i).label)));
     }
     if (isRunning) {
         entry.entries.push_back(separator(Entry::separatorAboveCancel));
-        entry.entries.push_back(command(Entry::cancelTimer, u"Cancel timer"_s));
+        entry.entries.push_back(
+            command(Entry::cancelTimer, QCoreApplication::translate("TrayPresenter", "Cancel timer")));
     }
     return entry;
 }

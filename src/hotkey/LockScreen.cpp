@@ -5,13 +5,15 @@
 #include "core/Logging.h"
 #include "platform/ScreenLock.h"
 
+#include <QCoreApplication>
+
 namespace Tarvik {
 
 using namespace Qt::StringLiterals;
 
 HotKeyPurpose LockShortcut::purpose()
 {
-    return {.name = u"lock-screen"_s, .description = u"Lock the screen"_s};
+    return {.name = u"lock-screen"_s, .description = QCoreApplication::translate("LockShortcut", "Lock the screen")};
 }
 
 void lockScreen(ScreenLock& screenLock)

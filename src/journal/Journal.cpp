@@ -4,6 +4,7 @@
 
 #include "core/SettingsStore.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 #include <cmath>
@@ -21,13 +22,13 @@ QString exportedKind(JournalEntry::Kind kind)
 {
     switch (kind) {
     case JournalEntry::Kind::on:
-        return u"Keeping awake"_s;
+        return QCoreApplication::translate("Journal", "Keeping awake");
     case JournalEntry::Kind::off:
-        return u"Stopped"_s;
+        return QCoreApplication::translate("Journal", "Stopped");
     case JournalEntry::Kind::paused:
-        return u"Paused"_s;
+        return QCoreApplication::translate("Journal", "Paused");
     case JournalEntry::Kind::resumed:
-        return u"Resumed"_s;
+        return QCoreApplication::translate("Journal", "Resumed");
     }
     Q_UNREACHABLE();
 }

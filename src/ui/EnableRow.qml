@@ -25,7 +25,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         font.pixelSize: root.theme.subheadlineSize
         font.weight: Font.Medium
-        text: qsTr("Tarvik")
+        text: "Tarvik"
         theme: root.theme
 
         Accessible.ignored: true

@@ -43,7 +43,7 @@ FocusScope {
 
         // What a screen reader says when the panel opens.
         Accessible.description: root.coordinator.statusReason
-        Accessible.name: qsTr("Tarvik")
+        Accessible.name: "Tarvik"
         Accessible.role: Accessible.Pane
 
         Column {

@@ -24,7 +24,7 @@ Window {
 
     color: isComposited ? "transparent" : theme.panel
     height: view.implicitHeight + shadowExtentAbove + shadowExtent
-    title: qsTr("Tarvik")
+    title: "Tarvik"
     width: view.implicitWidth + 2 * shadowExtent
 
     onVisibleChanged: {

@@ -24,6 +24,7 @@ Item {
     HelpTip {
         id: helpTip
 
+        isMirrored: root.LayoutMirroring.enabled
         text: [root.headline, root.subtitle, root.details].filter(line => line).join("\n")
         theme: root.theme
         visible: hover.hovered && root.isCut

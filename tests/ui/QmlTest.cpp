@@ -1,22 +1,36 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
+#include "core/Translation.h"
 #include "ui/IconProvider.h"
 #include "ui/ShadowProvider.h"
 
 #include <QQmlEngine>
 #include <QtQuickTest>
 
+#include <optional>
+
 /// What the components find in the windows' process.
 class QmlTestSetup : public QObject {
     Q_OBJECT
 
 public Q_SLOTS:
+    void applicationAvailable()
+    {
+        if (qEnvironmentVariableIsSet("TARVIK_TRANSLATIONS"))
+            m_translation.emplace(qEnvironmentVariable("TARVIK_TRANSLATIONS"), QStringList{QStringLiteral("de")});
+    }
+
+    void cleanupTestCase() { m_translation.reset(); }
+
     void qmlEngineAvailable(QQmlEngine* engine)
     {
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
         engine->addImageProvider(QStringLiteral("icons"), new Tarvik::IconProvider);
         engine->addImageProvider(QStringLiteral("shadows"), new Tarvik::ShadowProvider);
     }
+
+private:
+    std::optional<Tarvik::Translation> m_translation;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(Tarvik, QmlTestSetup)

@@ -1,0 +1,115 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""Both programs of a bundle that has a translation. Runs inside scripts/desktop. Usage: NAME TARVIK TARVIK_UI TRANSLATIONS"""
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import pyatspi
+from gi.repository import Atspi, Gio, GLib
+
+DEADLINE = 20
+TARVIK = ("com.morvanta.Tarvik", "/com/morvanta/Tarvik")
+WORDS = "⟦Dozing — nothing to watch~~~~~~~~~~⟧"
+
+
+def call(service, path, interface, method, arguments=None):
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    try:
+        return bus.call_sync(service, path, interface, method, arguments, None, Gio.DBusCallFlags.NO_AUTO_START, 5000, None).unpack()
+    except GLib.Error:
+        return None
+
+
+def await_true(condition, what):
+    deadline = time.monotonic() + DEADLINE
+    while not (value := condition()):
+        assert time.monotonic() < deadline, what
+        time.sleep(0.02)
+    return value
+
+
+def names(accessible):
+    """Of everything in the window, the window itself left out."""
+    for child in (accessible.getChildAtIndex(index) for index in range(accessible.childCount)):
+        if child:
+            yield child.name
+            yield from names(child)
+
+
+class TranslatedProgramsTest(unittest.TestCase):
+    tarvik, windows, translations = "", "", ""
+
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory(dir=pathlib.Path(self.tarvik).parent)
+        self.addCleanup(directory.cleanup)
+        contents = pathlib.Path(directory.name) / "Contents"
+        (contents / "Linux").mkdir(parents=True)
+        (contents / "Resources").mkdir()
+        for program in self.tarvik, self.windows:
+            os.link(program, contents / "Linux" / pathlib.Path(program).name)
+        (contents / "Resources" / "translations").symlink_to(self.translations)
+        self.program = contents / "Linux" / "Tarvik"
+
+    def start(self, languages):
+        process = subprocess.Popen([self.program], env={**os.environ, "LANGUAGE": languages, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
+        self.addCleanup(process.wait)
+        self.addCleanup(process.terminate)
+        await_true(lambda: self.status("Reason"), "Tarvik is up")
+
+    def status(self, name):
+        answer = call(*TARVIK, "org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", ("com.morvanta.Tarvik.Status1", name)))
+        return answer[0] if answer else None
+
+    def panel(self):
+        call(*TARVIK, "org.freedesktop.Application", "Activate", GLib.Variant("(a{sv})", ({},)))
+
+        def found():
+            try:
+                desktop = pyatspi.Registry.getDesktop(0)
+                desktop.set_cache_mask(Atspi.Cache.NONE)
+                for application in (desktop.getChildAtIndex(index) for index in range(desktop.childCount)):
+                    if application and application.name == "Tarvik" and application.childCount:
+                        return [name for name in names(application.getChildAtIndex(0)) if name]
+            except GLib.Error:
+                # It is just coming up.
+                pass
+            return []
+        return await_true(found, "the panel is there")
+
+    def loaded(self):
+        """Whether there is a translation in the memory of each program of the bundle that runs."""
+        programs = [process for process in pathlib.Path("/proc").glob("[0-9]*") if self.is_ours(process)]
+        return [".qm" in (process / "maps").read_text(encoding="utf-8") for process in programs]
+
+    def is_ours(self, process):
+        try:
+            return (process / "exe").readlink().parent == self.program.parent
+        except OSError:
+            # It has just ended.
+            return False
+
+    def test_both_speak_the_language_of_the_session(self):
+        self.start("de")
+        self.assertEqual(self.status("Reason"), WORDS)
+        panel = self.panel()
+        self.assertIn(WORDS, panel)
+        self.assertEqual([name for name in panel if name != "Tarvik" and not name.startswith("⟦")], [])
+        self.assertEqual(len(panel), 8)
+        self.assertEqual(self.loaded(), [True, True])
+
+    def test_in_english_nothing_is_loaded(self):
+        self.start("en")
+        self.assertEqual(self.status("Reason"), "Dozing — nothing to watch")
+        self.assertIn("Lock & leave", self.panel())
+        self.assertEqual(self.loaded(), [False, False])
+
+
+if __name__ == "__main__":
+    TranslatedProgramsTest.tarvik, TranslatedProgramsTest.windows, TranslatedProgramsTest.translations = sys.argv[1:4]
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:])

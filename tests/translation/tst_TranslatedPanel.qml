@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tarvik
+import "../ui"
+
+/// Under a translation that marks every text and makes it longer.
+Item {
+    id: root
+
+    height: 900
+    width: 900
+
+    PlainAppearance {
+        id: appearance
+
+        isAnimated: false
+    }
+    Theme {
+        id: theme
+
+        appearance: appearance
+    }
+    // What comes from elsewhere stands between the same marks.
+    QtObject {
+        id: coordinator
+
+        property bool isAwake: true
+        property string statusReason: "⟦Awake · ⟦2 agents~~~~⟧, ⟦1 app~~⟧~~~~⟧"
+        property string statusSubtitle: "⟦Claude Code, Codex +1 more~~~~⟧"
+        property string statusDetails: "⟦charging 80%~~~~~⟧ · ⟦running ⟦very hot~~~⟧~~~~⟧ · ⟦lid closed~~~~⟧ · ⟦959 min left~~~~⟧"
+        property bool isTimedSessionActive
+    }
+    QtObject {
+        id: settings
+
+        property bool isEnabled: true
+    }
+    MenuView {
+        id: view
+
+        coordinator: coordinator
+        hasSettingsWindow: false
+        height: implicitHeight
+        settings: settings
+        theme: theme
+        width: implicitWidth
+    }
+    TestCase {
+        name: "TranslatedPanel"
+        when: windowShown
+
+        readonly property Item sessionRow: findChild(view, "sessionRow")
+
+        function init() {
+            failOnWarning(/.?/);
+        }
+
+        /// All texts below an item that are shown.
+        function texts(item: Item): var {
+            const own = item instanceof Text && item.visible && item.text ? [item] : [];
+            return Array.from(item.children).reduce((all, child) => all.concat(texts(child)), own);
+        }
+
+        function test_everythingIsTranslatedAndFits_data() {
+            const rows = [];
+            for (const textScale of [1, 2]) {
+                for (const isTimedSessionActive of [false, true]) {
+                    const tag = `text at ${textScale}, ${isTimedSessionActive ? "with" : "without"} a session`;
+                    rows.push({ tag: tag, textScale: textScale, isTimedSessionActive: isTimedSessionActive });
+                }
+            }
+            return rows;
+        }
+
+        function test_everythingIsTranslatedAndFits(row) {
+            appearance.textScale = row.textScale;
+            coordinator.isTimedSessionActive = row.isTimedSessionActive;
+            sessionRow.menu.open();
+            tryVerify(() => sessionRow.menu.opened);
+            const enableRow = findChild(view, "enableRow");
+            const tip = enableRow.helpTip;
+            // The row takes its place with a later frame.
+            tryVerify(() => {
+                mouseMove(enableRow, 20, 10);
+                return tip.visible;
+            });
+            const shown = texts(view).concat(texts(sessionRow.menu.contentItem)).concat(texts(tip.contentItem));
+            compare(shown.length, row.isTimedSessionActive ? 14 : 13);
+            for (const text of shown) {
+                verify(text.text === "Tarvik" || (text.text.startsWith("⟦") && text.text.endsWith("⟧")), text.text);
+                tryVerify(() => !text.truncated, 1000, text.text);
+                tryVerify(() => text.contentWidth <= text.width + 0.5, 1000, `${text.text}: ${text.contentWidth} in ${text.width}`);
+                const end = text.mapToItem(null, text.width, 0).x;
+                verify(end <= view.width, `${text.text} ends at ${end}`);
+            }
+            mouseMove(root, 890, 890);
+            sessionRow.menu.close();
+            tryVerify(() => !sessionRow.menu.visible);
+        }
+
+        function test_screenReadersAreToldInTheSameLanguage() {
+            for (const name of ["sessionRow", "lockRow", "settingsRow", "quitRow"])
+                verify(findChild(view, name).Accessible.name.startsWith("⟦"), name);
+            verify(findChild(view, "settingsRow").Accessible.description.startsWith("⟦"));
+            verify(findChild(view, "enableRow").toggle.Accessible.description.startsWith("⟦"));
+        }
+    }
+}
