@@ -18,6 +18,7 @@
 #include "platform/linux/power/SysfsPowerSources.h"
 #include "platform/linux/power/UPowerPowerSources.h"
 #include "platform/linux/screenlock/DesktopScreenLock.h"
+#include "platform/linux/session/DisplaySessionLifetime.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 
 #include <QCoreApplication>
@@ -44,6 +45,13 @@ QStringList systemConfigDirectories()
 bool isWayland()
 {
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
+/// Empty when WAYLAND_DISPLAY names none.
+QString waylandSocket()
+{
+    const QString name = qEnvironmentVariable("WAYLAND_DISPLAY");
+    return name.isEmpty() ? QString() : QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).absoluteFilePath(name);
 }
 
 /// The application's icon as other programs find it: by its name where that is installed, else by its place.
@@ -79,6 +87,8 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory()))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
+    , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
+          DisplaySessionLifetime::Display{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()}, clock))
 {
 }
 

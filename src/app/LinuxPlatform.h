@@ -13,6 +13,7 @@
 #include "platform/ProcessTable.h"
 #include "platform/RunningApplications.h"
 #include "platform/ScreenLock.h"
+#include "platform/SessionLifetime.h"
 #include "platform/ThermalState.h"
 #include "platform/TrayItem.h"
 #include "platform/UiLauncher.h"
@@ -49,6 +50,7 @@ struct LinuxPlatform {
     std::unique_ptr<ScreenLock> screenLock;
     std::unique_ptr<TrayItem> trayItem;
     std::unique_ptr<UiLauncher> uiLauncher;
+    std::unique_ptr<SessionLifetime> sessionLifetime;
 };
 
 } // namespace Tarvik

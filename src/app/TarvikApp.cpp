@@ -48,6 +48,7 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
 {
     connectTray();
     offerOnBus(sessionBus);
+    m_platform.sessionLifetime->onEnd = [] { QCoreApplication::quit(); };
 }
 
 void TarvikApp::connectTray()

@@ -98,6 +98,19 @@ class EndingTest(TarvikTestCase):
         tarvik.end(signal.SIGKILL)
         eventually(is_not_held, "released", 1)
 
+    def test_it_ends_with_the_display_of_its_session(self):
+        self.programs.start("claude")
+        display = subprocess.Popen(["Xvfb", "-displayfd", "1", "-nolisten", "tcp"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        with display:
+            self.addCleanup(display.kill)
+            number = display.stdout.readline().strip()
+            tarvik = self.start_tarvik(environment={**os.environ, "DISPLAY": f":{number}"})
+            eventually(is_held, "held")
+            display.terminate()
+            self.assertEqual(tarvik.process.wait(program.PATIENCE), 0)
+        eventually(is_not_held, "released", 1)
+        self.assertIn("the display has gone", tarvik.log())
+
     def test_a_start_after_a_kill_goes_on_with_the_stored_journal(self):
         self.programs.start("claude")
         self.start_tarvik().end(signal.SIGKILL)
