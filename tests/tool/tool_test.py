@@ -53,7 +53,7 @@ class Bus:
         self.daemon = subprocess.Popen(
             arguments, env=environment, stderr=subprocess.DEVNULL, extra_groups=[] if become else None, **become
         )
-        eventually(self.socket.exists, "the bus listens")
+        eventually(self.is_listening, "the bus listens")
         self.lines = []
         self.monitor = subprocess.Popen(
             ["busctl", f"--address={self.address}", "--json=short", "monitor",
@@ -62,7 +62,11 @@ class Bus:
         )
         self.reader = threading.Thread(target=self.read, daemon=True)
         self.reader.start()
-        self.wait_for_monitor()
+
+    def is_listening(self):
+        # The socket's file is there before anybody accepts connections.
+        with socket.socket(socket.AF_UNIX) as client:
+            return client.connect_ex(str(self.socket)) == 0
 
     def wait_for_monitor(self):
         def is_heard():
@@ -119,6 +123,7 @@ class ToolTestCase(unittest.TestCase):
             os.chown(directory, user, user)
         bus = Bus(directory, user)
         self.addCleanup(bus.close)
+        bus.wait_for_monitor()
         return bus
 
     def run_tool(self, *arguments, environment=None, **options):
