@@ -40,7 +40,13 @@ public:
     }
     SignalBlock(const SignalBlock&) = delete;
     SignalBlock& operator=(const SignalBlock&) = delete;
-    ~SignalBlock() { sigprocmask(SIG_SETMASK, &m_previous, nullptr); }
+    ~SignalBlock()
+    {
+        // What the program has ended upon, or outlived, is not to end this process once more.
+        constexpr timespec none{};
+        while (sigtimedwait(&m_signals, nullptr, &none) > 0) { }
+        sigprocmask(SIG_SETMASK, &m_previous, nullptr);
+    }
 
     const sigset_t& signals() const { return m_signals; }
     const sigset_t& previous() const { return m_previous; }
