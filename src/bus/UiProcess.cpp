@@ -76,10 +76,13 @@ void UiProcess::send(const Wish& wish)
             launchFor(wish);
             return;
         }
-        qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
-        // It hangs. It has nothing to lose, and only its end lets the next click start another one.
-        if (error.type() == QDBusError::NoReply)
-            m_launcher.kill();
+        if (error.type() != QDBusError::NoReply) {
+            qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
+            return;
+        }
+        // It has nothing to lose, and only its end lets the next click start another one.
+        qCWarning(logSystem, "The windows' process does not answer and is killed");
+        m_launcher.kill();
     });
 }
 
