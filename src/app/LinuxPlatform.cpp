@@ -20,6 +20,7 @@
 #include "platform/linux/screenlock/DesktopScreenLock.h"
 #include "platform/linux/session/DisplaySessionLifetime.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
+#include "platform/linux/updates/PackageKitUpdateDriver.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -87,6 +88,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory()))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
+    , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath()))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
           DisplaySessionLifetime::Display{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()}, clock))
 {

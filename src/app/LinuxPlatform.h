@@ -17,6 +17,7 @@
 #include "platform/ThermalState.h"
 #include "platform/TrayItem.h"
 #include "platform/UiLauncher.h"
+#include "platform/UpdateDriver.h"
 #include "platform/UserNotifications.h"
 #include "platform/linux/TimerfdClock.h"
 #include "platform/linux/applications/DesktopFiles.h"
@@ -50,6 +51,7 @@ struct LinuxPlatform {
     std::unique_ptr<ScreenLock> screenLock;
     std::unique_ptr<TrayItem> trayItem;
     std::unique_ptr<UiLauncher> uiLauncher;
+    std::unique_ptr<UpdateDriver> updateDriver;
     std::unique_ptr<SessionLifetime> sessionLifetime;
 };
 

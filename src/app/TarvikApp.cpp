@@ -33,6 +33,7 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
               *m_platform.screenLock,
               m_platform.clock},
           {.home = m_platform.home, .tool = m_platform.bundle.toolPath()})
+    , m_updater(*m_platform.updateDriver, *m_platform.settingsStore, m_platform.clock)
     , m_status({m_coordinator,
                    m_power,
                    m_thermal,
@@ -73,6 +74,10 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     m_busObject.add(BusInterfaces::coordinator(m_coordinator, {.lockScreen = lock, .quit = quit}, sessionBus));
     m_busObject.add(BusInterfaces::settings(
         m_settings, {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled}, sessionBus));
+    m_busObject.add(BusInterfaces::power(m_power, sessionBus));
+    m_busObject.add(BusInterfaces::thermal(m_thermal, sessionBus));
+    m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
+    m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
     m_busObject.add(BusInterfaces::hooks({.home = m_platform.home, .tool = m_platform.bundle.toolPath()}, sessionBus));
 }
 

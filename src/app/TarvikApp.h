@@ -15,6 +15,7 @@
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
 #include "monitors/ThermalMonitor.h"
+#include "updates/Updater.h"
 
 namespace Tarvik {
 
@@ -38,6 +39,7 @@ private:
     HookMonitor m_hooks;
     HotKeyCenter m_hotKeys;
     AwakeCoordinator m_coordinator;
+    Updater m_updater;
     StatusObject m_status;
     TrayPresenter m_tray;
     UiProcess m_ui;

@@ -3,12 +3,18 @@
 #include "bus/BusInterfaces.h"
 
 #include "bus/BusInterface.h"
+#include "bus/ModelTypes.h"
 #include "bus/StatusObject.h"
 #include "bus/UiWire.h"
 #include "core/AppSettings.h"
 #include "engine/AwakeCoordinator.h"
+#include "engine/StatusText.h"
 #include "hooks/HookConfig.h"
+#include "journal/Journal.h"
+#include "monitors/PowerMonitor.h"
+#include "monitors/ThermalMonitor.h"
 #include "platform/StatusWire.h"
+#include "updates/Updater.h"
 
 #include <optional>
 #include <utility>
@@ -31,6 +37,18 @@ QStringList installedIds(const QString& home)
             ids.append(id);
     }
     return ids;
+}
+
+QList<JournalRow> rowsOf(const Journal& journal)
+{
+    QList<JournalRow> rows;
+    for (const Journal::Entry& entry : journal.entries()) {
+        rows.append({.id = entry.id.toString(QUuid::WithoutBraces),
+            .at = entry.at.time_since_epoch().count(),
+            .kind = journalKindName(entry.kind),
+            .reason = entry.reason});
+    }
+    return rows;
 }
 
 BusAnswer edit(const QString& id, const std::function<bool(const HookSpec& spec)>& change)
@@ -114,19 +132,85 @@ std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions ac
             settings.setBatteryThreshold(percent);
             return BusAnswer();
         });
+    registerModelTypes();
+    result->addProperty(u"allowlist"_s, [&settings] { return settings.allowlist(); });
+    QObject::connect(&settings, &AppSettings::allowlistChanged, result.get(), &BusInterface::announceSoon);
+    result->addMethod(u"AddToAllowlist"_s, [&settings](const QString& id, const QString& name) {
+        if (id.isEmpty())
+            return BusAnswer::invalidArguments(u"An application has an id."_s);
+        settings.addToAllowlist(id, name);
+        return BusAnswer();
+    });
+    result->addMethod(u"RemoveFromAllowlist"_s, [&settings](const QString& id) {
+        QList<AllowlistedApp> rest = settings.allowlist();
+        if (rest.removeIf([&id](const AllowlistedApp& app) { return app.bundleID == id; }) > 0)
+            settings.setAllowlist(rest);
+    });
+    return result;
+}
+
+std::unique_ptr<BusInterface> power(PowerMonitor& power, const QDBusConnection& bus)
+{
+    auto result = std::make_unique<BusInterface>(UiWire::powerInterface, bus);
+    result->addProperties(power);
+    result->addProperty(u"batteryPercent"_s, [&power] { return power.batteryPercent().value_or(-1); });
+    return result;
+}
+
+std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnection& bus)
+{
+    auto result = std::make_unique<BusInterface>(UiWire::thermalInterface, bus);
+    const auto state = [&thermal] { return static_cast<int>(thermal.state()); };
+    result->addProperties(thermal);
+    result->addProperty(u"state"_s, state);
+    result->addProperty(u"stateText"_s, [state] { return StatusText::thermalWord(state()); });
+    return result;
+}
+
+std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus)
+{
+    registerModelTypes();
+    auto result = std::make_unique<BusInterface>(UiWire::journalInterface, bus);
+    const auto entries = u"entries"_s;
+    result->addProperty(entries, [&journal] { return rowsOf(journal); });
+    result->announceWithoutValue(entries);
+    QObject::connect(&journal, &Journal::entriesChanged, result.get(), [interface = result.get(), entries] {
+        interface->invalidateSoon(entries);
+    });
+    result->addMethod(u"Clear"_s, [&journal] { journal.clear(); });
+    result->addMethod(u"ExportText"_s, [&journal] { return journal.exportText(); });
     return result;
 }
 
 std::unique_ptr<BusInterface> hooks(HookPaths paths, const QDBusConnection& bus)
 {
     auto result = std::make_unique<BusInterface>(UiWire::hooksInterface, bus);
-    result->addMethod(u"InstalledIds"_s, [home = paths.home] { return installedIds(home); });
-    result->addMethod(u"Install"_s, [paths](const QString& id) {
+    const auto property = u"installedIds"_s;
+    const auto read = [home = paths.home] { return installedIds(home); };
+    result->addProperty(property, read);
+    result->announceWithoutValue(property);
+    result->addMethod(u"InstalledIds"_s, read);
+    result->addMethod(u"Install"_s, [paths, property, interface = result.get()](const QString& id) {
+        interface->invalidateSoon(property);
         return edit(id, [&](const HookSpec& spec) { return HookConfig::install(spec, paths.home, paths.tool); });
     });
-    result->addMethod(u"Uninstall"_s, [paths](const QString& id) {
+    result->addMethod(u"Uninstall"_s, [paths, property, interface = result.get()](const QString& id) {
+        interface->invalidateSoon(property);
         return edit(id, [&](const HookSpec& spec) { return HookConfig::uninstall(spec, paths.home); });
     });
+    return result;
+}
+
+std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus)
+{
+    auto result = std::make_unique<BusInterface>(UiWire::updaterInterface, bus);
+    result->addProperties(updater);
+    result->addProperty(u"lastUpdateCheckDate"_s, [&updater] {
+        const auto date = updater.lastUpdateCheckDate();
+        return date ? date->time_since_epoch().count() : 0;
+    });
+    result->addMethod(u"Prepare"_s, [&updater] { updater.prepare(); });
+    result->addMethod(u"CheckForUpdates"_s, [&updater] { updater.checkForUpdates(); });
     return result;
 }
 

@@ -13,7 +13,11 @@ namespace Tarvik {
 class AppSettings;
 class AwakeCoordinator;
 class BusInterface;
+class Journal;
+class PowerMonitor;
 class StatusObject;
+class ThermalMonitor;
+class Updater;
 
 } // namespace Tarvik
 
@@ -45,6 +49,12 @@ struct SettingsActions {
 
 std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions actions, const QDBusConnection& bus);
 
+std::unique_ptr<BusInterface> power(PowerMonitor& power, const QDBusConnection& bus);
+
+std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnection& bus);
+
+std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus);
+
 /// Whose configuration is edited, and which tool it is to run.
 struct HookPaths {
     QString home;
@@ -52,5 +62,7 @@ struct HookPaths {
 };
 
 std::unique_ptr<BusInterface> hooks(HookPaths paths, const QDBusConnection& bus);
+
+std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus);
 
 } // namespace Tarvik::BusInterfaces

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace Tarvik {
 
 CoordinatorMirror::CoordinatorMirror(const QDBusConnection& bus)
-    : PropertyMirror(bus, staticMetaObject, QString::fromLatin1(UiWire::coordinatorInterface))
+    : PropertyMirror(bus, staticMetaObject, UiWire::coordinatorInterface)
 {
 }
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "bus/PropertyMirror.h"
 
+#include "bus/WireValue.h"
 #include "core/Logging.h"
 #include "platform/StatusWire.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -25,15 +25,18 @@ const auto objectPath = QString::fromLatin1(StatusWire::objectPath);
 
 } // namespace
 
-PropertyMirror::PropertyMirror(const QDBusConnection& bus, const QMetaObject& metaObject, const QString& interface)
+PropertyMirror::PropertyMirror(
+    const QDBusConnection& bus, const QMetaObject& metaObject, const char* interface, const QVariantMap& initial)
     : m_bus(bus)
     , m_metaObject(metaObject)
-    , m_interface(interface)
+    , m_interface(QString::fromLatin1(interface))
     , m_serviceWatcher(busName, bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
     for (int index = metaObject.propertyOffset(); index < metaObject.propertyCount(); ++index) {
         const QMetaProperty property = metaObject.property(index);
-        m_values[QString::fromLatin1(property.name())] = QVariant(property.metaType());
+        const QString name = QString::fromLatin1(property.name());
+        if (property.hasNotifySignal())
+            m_values[name] = initial.value(name, QVariant(property.metaType()));
     }
     connect(&m_serviceWatcher,
         &QDBusServiceWatcher::serviceOwnerChanged,
@@ -47,13 +50,13 @@ PropertyMirror::PropertyMirror(const QDBusConnection& bus, const QMetaObject& me
         QString(),
         this,
         SLOT(takeChanges(QString, QVariantMap, QStringList)));
-    readAll();
+    refresh();
 }
 
 void PropertyMirror::followOwner(const QString& newOwner)
 {
     if (!newOwner.isEmpty()) {
-        readAll();
+        refresh();
         return;
     }
     delete std::exchange(m_reading, nullptr);
@@ -61,7 +64,7 @@ void PropertyMirror::followOwner(const QString& newOwner)
     Q_EMIT lost();
 }
 
-void PropertyMirror::readAll()
+void PropertyMirror::refresh()
 {
     delete m_reading;
     m_reading = send(propertiesInterface, u"GetAll"_s, {m_interface});
@@ -79,9 +82,11 @@ void PropertyMirror::readAll()
     });
 }
 
-void PropertyMirror::takeChanges(const QString&, const QVariantMap& changed, const QStringList&)
+void PropertyMirror::takeChanges(const QString&, const QVariantMap& changed, const QStringList& invalidated)
 {
     take(changed);
+    if (!invalidated.isEmpty())
+        refresh();
 }
 
 void PropertyMirror::take(const QVariantMap& values)
@@ -91,13 +96,14 @@ void PropertyMirror::take(const QVariantMap& values)
         const auto known = m_values.find(it.key());
         if (known == m_values.end() || m_writes.contains(it.key()))
             continue;
-        if (it.value().metaType() != known->metaType()) {
+        const QVariant value = WireValue::as(known->metaType(), it.value());
+        if (!value.isValid()) {
             qCWarning(logSystem, "Tarvik sent %ls as %s", qUtf16Printable(it.key()), it.value().typeName());
             continue;
         }
-        if (*known == it.value())
+        if (*known == value)
             continue;
-        *known = it.value();
+        *known = value;
         changed.append(it.key());
     }
     for (const QString& name : std::as_const(changed))
@@ -128,19 +134,25 @@ void PropertyMirror::write(const char* property, const QVariant& value)
             return;
         m_writes.remove(name);
         if (m_isConnected)
-            readAll();
+            refresh();
     });
 }
 
-void PropertyMirror::call(const QString& method, const QVariantList& arguments)
+void PropertyMirror::call(
+    const QString& method, const QVariantList& arguments, std::function<void(const QDBusMessage& answer)> done)
 {
     auto* watcher = send(m_interface, method, arguments);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [method](QDBusPendingCallWatcher* call) {
-        call->deleteLater();
-        if (call->isError()) {
-            qCWarning(logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(call->error().message()));
-        }
-    });
+    connect(watcher,
+        &QDBusPendingCallWatcher::finished,
+        this,
+        [method, done = std::move(done)](QDBusPendingCallWatcher* call) {
+            call->deleteLater();
+            if (done)
+                done(call->reply());
+            else if (call->isError())
+                qCWarning(
+                    logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(call->error().message()));
+        });
 }
 
 void PropertyMirror::setConnected(bool connected)

@@ -3,10 +3,13 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QHash>
 #include <QObject>
 #include <QVariantMap>
+
+#include <functional>
 
 class QDBusPendingCallWatcher;
 
@@ -23,26 +26,36 @@ public:
     /// All values have been read and Tarvik is there.
     bool isConnected() const { return m_isConnected; }
 
+    /// Reads all values anew, for what may change without an announcement.
+    Q_INVOKABLE void refresh();
+
 Q_SIGNALS:
     void connectedChanged();
     /// Tarvik is gone, or was not there to begin with.
     void lost();
 
 protected:
-    /// `metaObject` is that of the mirror's own class, whose properties all have a NOTIFY signal.
-    PropertyMirror(const QDBusConnection& bus, const QMetaObject& metaObject, const QString& interface);
+    /// `metaObject` is that of the mirror's own class, whose properties with a NOTIFY signal are those of the
+    /// interface. `initial` holds the values that stand for "not known yet" where that is not the type's default, and
+    /// with them the types on the bus where those differ from the properties' own.
+    PropertyMirror(const QDBusConnection& bus,
+        const QMetaObject& metaObject,
+        const char* interface,
+        const QVariantMap& initial = {});
 
     QVariant value(const char* property) const { return m_values.value(QString::fromLatin1(property)); }
     /// Takes the value over at once and sends it; what Tarvik made of it is read back after its answer.
     void write(const char* property, const QVariant& value);
-    void call(const QString& method, const QVariantList& arguments = {});
+    /// `done` gets the answer, a reply or an error; without it an error is logged.
+    void call(const QString& method,
+        const QVariantList& arguments = {},
+        std::function<void(const QDBusMessage& answer)> done = {});
 
 private Q_SLOTS:
     void takeChanges(const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
 
 private:
     void followOwner(const QString& newOwner);
-    void readAll();
     void take(const QVariantMap& values);
     void notify(const QString& property);
     void setConnected(bool connected);

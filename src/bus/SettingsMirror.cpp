@@ -2,13 +2,38 @@
 // SPDX-License-Identifier: MIT
 #include "bus/SettingsMirror.h"
 
+#include "bus/ModelTypes.h"
 #include "bus/UiWire.h"
+
+using namespace Qt::StringLiterals;
 
 namespace Tarvik {
 
 SettingsMirror::SettingsMirror(const QDBusConnection& bus)
-    : PropertyMirror(bus, staticMetaObject, QString::fromLatin1(UiWire::settingsInterface))
+    : PropertyMirror(bus,
+        staticMetaObject,
+        UiWire::settingsInterface,
+        {{u"allowlist"_s, QVariant::fromValue(QList<AllowlistedApp>())}})
 {
+    registerModelTypes();
+}
+
+QVariantList SettingsMirror::allowlist() const
+{
+    QVariantList rows;
+    for (const auto& app : value("allowlist").value<QList<AllowlistedApp>>())
+        rows.append(QVariantMap{{u"bundleID"_s, app.bundleID}, {u"name"_s, app.name}});
+    return rows;
+}
+
+void SettingsMirror::addToAllowlist(const QString& bundleID, const QString& name)
+{
+    call(u"AddToAllowlist"_s, {bundleID, name});
+}
+
+void SettingsMirror::removeFromAllowlist(const QString& bundleID)
+{
+    call(u"RemoveFromAllowlist"_s, {bundleID});
 }
 
 } // namespace Tarvik

@@ -13,6 +13,7 @@ class SettingsMirror : public PropertyMirror {
     Q_PROPERTY(bool keepDisplayAwake READ keepDisplayAwake WRITE setKeepDisplayAwake NOTIFY keepDisplayAwakeChanged)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY launchAtLoginChanged)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setIsEnabled NOTIFY isEnabledChanged)
+    Q_PROPERTY(QVariantList allowlist READ allowlist NOTIFY allowlistChanged)
     Q_PROPERTY(bool watchAgents READ watchAgents WRITE setWatchAgents NOTIFY watchAgentsChanged)
     Q_PROPERTY(bool watchEditors READ watchEditors WRITE setWatchEditors NOTIFY watchEditorsChanged)
     Q_PROPERTY(bool requireAC READ requireAC WRITE setRequireAC NOTIFY requireACChanged)
@@ -35,6 +36,10 @@ public:
     void setLaunchAtLogin(bool on) { write("launchAtLogin", on); }
     bool isEnabled() const { return value("isEnabled").toBool(); }
     void setIsEnabled(bool on) { write("isEnabled", on); }
+    /// Objects with "bundleID" and "name".
+    QVariantList allowlist() const;
+    Q_INVOKABLE void addToAllowlist(const QString& bundleID, const QString& name);
+    Q_INVOKABLE void removeFromAllowlist(const QString& bundleID);
     bool watchAgents() const { return value("watchAgents").toBool(); }
     void setWatchAgents(bool on) { write("watchAgents", on); }
     bool watchEditors() const { return value("watchEditors").toBool(); }
@@ -62,6 +67,7 @@ Q_SIGNALS:
     void keepDisplayAwakeChanged();
     void launchAtLoginChanged();
     void isEnabledChanged();
+    void allowlistChanged();
     void watchAgentsChanged();
     void watchEditorsChanged();
     void requireACChanged();

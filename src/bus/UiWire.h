@@ -8,7 +8,11 @@ namespace Tarvik::UiWire {
 
 inline constexpr auto coordinatorInterface = "com.morvanta.Tarvik.Coordinator1";
 inline constexpr auto settingsInterface = "com.morvanta.Tarvik.Settings1";
+inline constexpr auto powerInterface = "com.morvanta.Tarvik.Power1";
+inline constexpr auto thermalInterface = "com.morvanta.Tarvik.Thermal1";
+inline constexpr auto journalInterface = "com.morvanta.Tarvik.Journal1";
 inline constexpr auto hooksInterface = "com.morvanta.Tarvik.Hooks1";
+inline constexpr auto updaterInterface = "com.morvanta.Tarvik.Updater1";
 
 inline constexpr auto uiBusName = "com.morvanta.TarvikUi";
 inline constexpr auto uiObjectPath = "/com/morvanta/TarvikUi";

@@ -26,4 +26,13 @@ QVariant as(QMetaType type, const QVariant& value)
     return isRead ? result : QVariant();
 }
 
+std::optional<QDateTime> toDateTime(double seconds)
+{
+    constexpr double first = -62'135'596'800;
+    constexpr double last = 253'402'300'799;
+    if (!(seconds >= first && seconds <= last))
+        return {};
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(seconds * 1000));
+}
+
 } // namespace Tarvik::WireValue

@@ -8,7 +8,9 @@
 #include "bus/StatusObject.h"
 #include "engine/CoordinatedMachine.h"
 #include "fakes/FakeTrayItem.h"
+#include "fakes/FakeUpdateDriver.h"
 #include "platform/StatusWire.h"
+#include "updates/Updater.h"
 
 #include <optional>
 
@@ -21,6 +23,7 @@ public:
     ServedTarvik()
     {
         machine.start();
+        updater.emplace(updateDriver, machine.store, machine.clock);
         status.emplace(StatusObject::Sources{*machine.coordinator,
                            *machine.power,
                            *machine.thermal,
@@ -50,8 +53,12 @@ public:
                 .setClamshellEnabled
                 = [this](bool on) { ask(on ? QStringLiteral("lid on") : QStringLiteral("lid off")); }},
             bus));
+        object->add(BusInterfaces::power(*machine.power, bus));
+        object->add(BusInterfaces::thermal(*machine.thermal, bus));
+        object->add(BusInterfaces::journal(*machine.journal, bus));
         object->add(BusInterfaces::hooks(
             {.home = machine.home.path(), .tool = QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")}, bus));
+        object->add(BusInterfaces::updater(*updater, bus));
         bus.registerService(QString::fromLatin1(StatusWire::busName));
     }
 
@@ -64,6 +71,8 @@ public:
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("server"));
     CoordinatedMachine machine;
     FakeTrayItem tray;
+    FakeUpdateDriver updateDriver;
+    std::optional<Updater> updater;
     std::optional<StatusObject> status;
     std::optional<BusObject> object;
     /// What has been asked for that is not the model's own to do.

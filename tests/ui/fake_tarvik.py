@@ -42,7 +42,7 @@ class FakeTarvik:
             info = Gio.DBusNodeInfo.new_for_xml((BUS_DIRECTORY / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
             for item in info.properties:
                 self.types[item.name] = item.signature
-                self.values[interface][item.name] = {"b": True, "i": 20, "s": "", "d": 0.0}[item.signature]
+                self.values[interface][item.name] = {"b": True, "i": 20, "s": "", "d": 0.0, "a(ss)": []}[item.signature]
             self.bus.register_object("/com/morvanta/Tarvik", info, self.called, self.get, self.set)
         self.enter(state)
         Gio.bus_own_name_on_connection(self.bus, "com.morvanta.Tarvik", Gio.BusNameOwnerFlags.NONE, lambda *_: self.say("ready"), None)

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/PowerMirror.h"
+
+#include "bus/UiWire.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+PowerMirror::PowerMirror(const QDBusConnection& bus)
+    : PropertyMirror(bus, staticMetaObject, UiWire::powerInterface, {{u"isOnAC"_s, true}, {u"batteryPercent"_s, -1}})
+{
+}
+
+QVariant PowerMirror::batteryPercent() const
+{
+    const QVariant percent = value("batteryPercent");
+    return percent.toInt() < 0 ? QVariant() : percent;
+}
+
+} // namespace Tarvik
