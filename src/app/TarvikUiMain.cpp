@@ -76,7 +76,7 @@ int main(int argc, char** argv)
     Tarvik::CoordinatorMirror coordinator(bus);
     Tarvik::SettingsMirror settings(bus);
     Tarvik::Appearance appearance(bus);
-    Tarvik::WindowKeeper keeper({coordinator, settings, appearance}, linger);
+    Tarvik::WindowKeeper keeper({coordinator, settings, appearance}, bus, linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
     QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);

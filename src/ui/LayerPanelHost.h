@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/PanelHost.h"
+#include "ui/PlasmaStruts.h"
 
 #include <QScopedPointer>
 #include <QTimer>
@@ -25,7 +26,7 @@ class LayerPanelHost : public PanelHost {
 
 public:
     /// `shell` must outlive the host.
-    LayerPanelHost(QWindow& panel, const LayerShell& shell);
+    LayerPanelHost(QQuickWindow& panel, const LayerShell& shell, const QDBusConnection& bus);
     ~LayerPanelHost() override;
 
     bool isComposited() const override { return true; }
@@ -38,15 +39,23 @@ private:
 
     void openAtClick();
     void openAt(QScreen& screen, QPoint point);
+    void place(QScreen& screen, QPoint point, const QMargins& reserved);
     void resize();
+    void showCursor();
     void dismiss();
     void close();
 
     const LayerShell& m_shell;
+    PlasmaStruts m_struts;
     QPoint m_click;
     std::vector<Cover> m_covers;
+    /// From when it is known where the panel goes until it is closed.
+    bool m_isPlaced = false;
     std::unique_ptr<LayerSurface> m_surface;
     QTimer m_pointerPatience;
+    /// Loading the theme of the cursor takes longer than all the rest; the first frame of the panel does not wait for
+    /// it.
+    bool m_hasCursor = false;
 };
 
 } // namespace Tarvik

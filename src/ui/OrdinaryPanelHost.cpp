@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/OrdinaryPanelHost.h"
 
-#include <QWindow>
+#include <QQuickWindow>
 
 namespace Tarvik {
 
-OrdinaryPanelHost::OrdinaryPanelHost(QWindow& panel)
+OrdinaryPanelHost::OrdinaryPanelHost(QQuickWindow& panel)
     : PanelHost(panel)
 {
     panel.setFlags(Qt::Dialog);

@@ -13,7 +13,7 @@ class OrdinaryPanelHost : public PanelHost {
     Q_OBJECT
 
 public:
-    explicit OrdinaryPanelHost(QWindow& panel);
+    explicit OrdinaryPanelHost(QQuickWindow& panel);
 
     bool isComposited() const override { return false; }
     bool isTransient() const override { return false; }

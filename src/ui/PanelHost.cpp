@@ -7,23 +7,23 @@
 #include "ui/X11PanelHost.h"
 
 #include <QGuiApplication>
+#include <QQuickWindow>
 #include <QVariant>
-#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
 
-std::unique_ptr<PanelHost> PanelHost::create(QWindow& panel, const LayerShell* shell)
+std::unique_ptr<PanelHost> PanelHost::create(QQuickWindow& panel, const LayerShell* shell, const QDBusConnection& bus)
 {
     if (shell != nullptr)
-        return std::make_unique<LayerPanelHost>(panel, *shell);
+        return std::make_unique<LayerPanelHost>(panel, *shell, bus);
     if (QGuiApplication::platformName() == "xcb"_L1)
         return std::make_unique<X11PanelHost>(panel);
     return std::make_unique<OrdinaryPanelHost>(panel);
 }
 
-PanelHost::PanelHost(QWindow& panel)
+PanelHost::PanelHost(QQuickWindow& panel)
     : m_panel(panel)
 {
 }

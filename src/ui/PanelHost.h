@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusConnection>
 #include <QMargins>
 #include <QObject>
 #include <QPoint>
@@ -9,7 +10,7 @@
 
 #include <memory>
 
-class QWindow;
+class QQuickWindow;
 
 namespace Tarvik {
 
@@ -22,7 +23,7 @@ class PanelHost : public QObject {
 
 public:
     /// The one for the platform that the application runs on. `shell` is null where there is none.
-    static std::unique_ptr<PanelHost> create(QWindow& panel, const LayerShell* shell);
+    static std::unique_ptr<PanelHost> create(QQuickWindow& panel, const LayerShell* shell, const QDBusConnection& bus);
 
     /// Whether transparent parts of the panel's window show what is below.
     virtual bool isComposited() const = 0;
@@ -32,16 +33,16 @@ public:
     virtual void open(QPoint click, const QString& activationToken) = 0;
 
 protected:
-    explicit PanelHost(QWindow& panel);
+    explicit PanelHost(QQuickWindow& panel);
 
-    QWindow& panel() const { return m_panel; }
+    QQuickWindow& panel() const { return m_panel; }
     /// What of the window is its shadow.
     QMargins shadow() const;
     /// The window without its shadow.
     QSize surfaceSize() const;
 
 private:
-    QWindow& m_panel;
+    QQuickWindow& m_panel;
 };
 
 } // namespace Tarvik

@@ -67,22 +67,22 @@ QPoint position(QPoint click, QSize window, const QRect& workArea)
         clampToSpan(corner.y(), window.height(), workArea.top(), workArea.height())};
 }
 
-Anchored anchored(QPoint click, QSize window, const QRect& screen)
+Anchored anchored(QPoint click, QSize window, const QRect& screen, const QMargins& reserved)
 {
-    const Qt::Edge edge = edgeOf(click, screen);
+    const Qt::Edge edge = edgeOf(click, screen.marginsRemoved(reserved));
     // Of the other two edges, the nearer one: the window cannot reach the one that is farther away.
     const QPoint fromStart = click - screen.topLeft();
     const QPoint fromEnd = screen.bottomRight() + QPoint(1, 1) - click;
-    const auto centred = [](int distance, int length) { return std::max(margin, distance - length / 2); };
-    Anchored place{.edges = edge, .margins = {margin, margin, margin, margin}};
+    Anchored place{.edges = edge, .margins = reserved + margin};
+    QMargins& margins = place.margins;
     if (edge == Qt::TopEdge || edge == Qt::BottomEdge) {
         place.edges |= fromStart.x() < fromEnd.x() ? Qt::LeftEdge : Qt::RightEdge;
-        place.margins.setLeft(centred(fromStart.x(), window.width()));
-        place.margins.setRight(centred(fromEnd.x(), window.width()));
+        margins.setLeft(std::max(margins.left(), fromStart.x() - window.width() / 2));
+        margins.setRight(std::max(margins.right(), fromEnd.x() - window.width() / 2));
     } else {
         place.edges |= fromStart.y() < fromEnd.y() ? Qt::TopEdge : Qt::BottomEdge;
-        place.margins.setTop(centred(fromStart.y(), window.height()));
-        place.margins.setBottom(centred(fromEnd.y(), window.height()));
+        margins.setTop(std::max(margins.top(), fromStart.y() - window.height() / 2));
+        margins.setBottom(std::max(margins.bottom(), fromEnd.y() - window.height() / 2));
     }
     return place;
 }

@@ -38,7 +38,8 @@ struct Anchored {
     QMargins margins;
 };
 
-/// As position(), with the edges of the work area meant where the screen's are told.
-Anchored anchored(QPoint click, QSize window, const QRect& screen);
+/// As position(). The margins count from the edges of the space that whoever places the window keeps clear of panels,
+/// and `reserved` is what panels take that it does not know of.
+Anchored anchored(QPoint click, QSize window, const QRect& screen, const QMargins& reserved = {});
 
 } // namespace Tarvik::PanelPlacement

@@ -34,8 +34,9 @@ constexpr bool hasSettingsWindow = false;
 
 } // namespace
 
-WindowKeeper::WindowKeeper(const Models& models, std::chrono::milliseconds linger)
+WindowKeeper::WindowKeeper(const Models& models, const QDBusConnection& bus, std::chrono::milliseconds linger)
     : m_models(models)
+    , m_bus(bus)
     , m_layerShell(LayerShell::ofApplication())
 {
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
@@ -120,7 +121,7 @@ bool WindowKeeper::createPanel()
     connect(panel, SIGNAL(quit()), &m_models.coordinator, SLOT(quit()));
     connect(panel, SIGNAL(openSettings()), this, SLOT(openSettings()));
     connect(panel, &QWindow::visibleChanged, this, &WindowKeeper::panelVisibleChanged);
-    m_panelHost = PanelHost::create(*panel, m_layerShell.get());
+    m_panelHost = PanelHost::create(*panel, m_layerShell.get(), m_bus);
     connect(panel, &QWindow::activeChanged, this, [this, panel] {
         if (panel->isActive() || !panel->isVisible() || !m_panelHost->isTransient())
             return;

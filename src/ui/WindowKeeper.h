@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusConnection>
 #include <QElapsedTimer>
 #include <QPoint>
 #include <QQmlEngine>
@@ -35,7 +36,7 @@ public:
         Appearance& appearance;
     };
 
-    WindowKeeper(const Models& models, std::chrono::milliseconds linger);
+    WindowKeeper(const Models& models, const QDBusConnection& bus, std::chrono::milliseconds linger);
     ~WindowKeeper() override;
 
     /// See com.morvanta.TarvikUi.Windows1.xml.
@@ -62,6 +63,7 @@ private:
     void panelVisibleChanged(bool visible);
 
     Models m_models;
+    QDBusConnection m_bus;
     QQmlEngine m_engine;
     /// Null on other platforms.
     std::unique_ptr<LayerShell> m_layerShell;

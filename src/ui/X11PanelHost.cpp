@@ -7,8 +7,8 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QQuickWindow>
 #include <QScreen>
-#include <QWindow>
 
 namespace Tarvik {
 
@@ -26,7 +26,7 @@ PanelPlacement::Screen describe(const QScreen& screen)
 
 } // namespace
 
-X11PanelHost::X11PanelHost(QWindow& panel)
+X11PanelHost::X11PanelHost(QQuickWindow& panel)
     : PanelHost(panel)
 {
     panel.setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);

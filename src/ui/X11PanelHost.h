@@ -11,7 +11,7 @@ class X11PanelHost : public PanelHost {
     Q_OBJECT
 
 public:
-    explicit X11PanelHost(QWindow& panel);
+    explicit X11PanelHost(QQuickWindow& panel);
 
     bool isComposited() const override;
     /// `click` is in physical pixels.

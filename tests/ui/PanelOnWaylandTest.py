@@ -14,6 +14,7 @@ from virtual_seat import VirtualSeat
 
 UI = os.environ["TARVIK_UI"]
 FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
+FAKE_PLASMA = str(pathlib.Path(__file__).parent / "fake_plasmashell.py")
 NAME = "com.morvanta.TarvikUi"
 DEADLINE = 10
 MARGIN = 6
@@ -31,6 +32,7 @@ def await_true(condition, what):
 
 class PanelTest(unittest.TestCase):
     bar = "top"
+    environment = {}
 
     def setUp(self):
         directory = tempfile.TemporaryDirectory()
@@ -44,7 +46,7 @@ class PanelTest(unittest.TestCase):
         self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
         self.assertEqual(self.fake.stdout.readline(), "ready\n")
         # An X server, which is not there, must not be tried.
-        self.ui = self.start(UI, env={**os.environ, "DISPLAY": ":65000"})
+        self.ui = self.start(UI, env={**os.environ, "DISPLAY": ":65000", **self.environment})
         await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
                    "the windows' process did not come up")
 
@@ -104,6 +106,20 @@ class PanelAtTheBottomTest(PanelTest):
         self.tell_fake("asleep")
         _x, y, _width, smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
         self.assertEqual(y + smaller, 800 - BAR_HEIGHT - MARGIN)
+
+
+class PanelOnPlasma5Test(PanelTest):
+    environment = {"KDE_SESSION_VERSION": "5"}
+
+    def test_keeps_clear_of_panels_that_only_plasma_knows_of(self):
+        plasma = self.start("/usr/bin/python3", FAKE_PLASMA, "0", "50", "1280", "750", stdout=subprocess.PIPE, text=True)
+        self.assertEqual(plasma.stdout.readline(), "ready\n")
+        _x, y, _width, _height = self.open()
+        self.assertEqual(plasma.stdout.readline(), "HEADLESS-1\n")
+        self.assertEqual(y, BAR_HEIGHT + 50 + MARGIN)
+
+    def test_opens_without_an_answer(self):
+        self.assertEqual(self.open()[1], BAR_HEIGHT + MARGIN)
 
 
 class PanelAtTheTopTest(PanelTest):

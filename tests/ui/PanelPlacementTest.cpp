@@ -74,6 +74,19 @@ private Q_SLOTS:
         QCOMPARE(window.topLeft(), PanelPlacement::position(click, size, screen));
     }
 
+    void anAnchoredPanelKeepsClearOfReservedSpace()
+    {
+        const QRect screen(0, 0, 1280, 800);
+        const QMargins reserved(40, 0, 0, 44);
+        const auto above = PanelPlacement::anchored(QPoint(900, 780), QSize(300, 260), screen, reserved);
+        QCOMPARE(above.edges, Qt::BottomEdge | Qt::RightEdge);
+        QCOMPARE(above.margins.bottom(), 44 + PanelPlacement::margin);
+        QCOMPARE(above.margins.right(), 1280 - 900 - 150);
+        const auto inTheCorner = PanelPlacement::anchored(QPoint(60, 780), QSize(300, 260), screen, reserved);
+        QCOMPARE(inTheCorner.edges, Qt::BottomEdge | Qt::LeftEdge);
+        QCOMPARE(inTheCorner.margins.left(), 40 + PanelPlacement::margin);
+    }
+
     void aPanelTooLargeForTheScreenShowsItsTopLeft()
     {
         QCOMPARE(PanelPlacement::position(QPoint(600, 790), QSize(1400, 900), QRect(0, 28, 1280, 772)), QPoint(6, 34));

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QMargins>
+#include <QObject>
+#include <QRect>
+
+#include <functional>
+
+namespace Tarvik {
+
+/// What the panels of Plasma 5 take of a screen, by org.kde.PlasmaShell.StrutManager of plasmashell. Its compositor
+/// keeps windows of the layer shell clear of other such windows only, and its panels are none before Plasma 6.
+class PlasmaStruts : public QObject {
+    Q_OBJECT
+
+public:
+    /// `sessionVersion` is what KDE_SESSION_VERSION says; nothing is asked unless it is "5".
+    PlasmaStruts(const QDBusConnection& bus, const QByteArray& sessionVersion);
+
+    /// Calls `answer` with the space at the edges of the screen, at once where there is nothing to ask, and with none
+    /// where there is no answer soon.
+    void ask(const QString& screen, const QRect& geometry, const std::function<void(QMargins)>& answer);
+
+private:
+    QDBusConnection m_bus;
+    bool m_isPlasma5;
+};
+
+} // namespace Tarvik
