@@ -23,18 +23,21 @@ namespace {
 constexpr auto linger = 60s;
 
 /// Before the application object. On Wayland a client may place its windows by a layer shell only; where there is none,
-/// it may through Xwayland. In software nothing needs the driver libraries that Wayland's buffer integration would
-/// load.
+/// it may through Xwayland.
 void choosePlatform()
 {
+    bool isOrdinary = false;
     if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         const bool isPlaced = Tarvik::LayerShell::isOffered();
         const bool hasXwayland = qEnvironmentVariableIsSet("DISPLAY");
-        qputenv("QT_QPA_PLATFORM", isPlaced || !hasXwayland ? "wayland;xcb" : "xcb");
+        isOrdinary = !isPlaced && !hasXwayland;
+        qputenv("QT_QPA_PLATFORM", isPlaced || isOrdinary ? "wayland;xcb" : "xcb");
     }
     // A window with this hint is left for the layer shell to place.
     qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
-    if (!qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"))
+    // In software nothing needs the driver libraries that the buffer integration would load, except the title bar that
+    // Qt draws where the compositor draws none.
+    if (!isOrdinary && !qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"))
         qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
