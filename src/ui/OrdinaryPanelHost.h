@@ -18,9 +18,6 @@ public:
     bool isComposited() const override { return false; }
     bool isTransient() const override { return false; }
     void open(QPoint click, const QString& activationToken) override;
-
-private:
-    void fixSize();
 };
 
 } // namespace Tarvik

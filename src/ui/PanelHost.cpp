@@ -18,9 +18,9 @@ std::unique_ptr<PanelHost> PanelHost::create(QQuickWindow& panel, const LayerShe
 {
     if (shell != nullptr)
         return std::make_unique<LayerPanelHost>(panel, *shell, bus);
-    if (QGuiApplication::platformName() == "xcb"_L1)
-        return std::make_unique<X11PanelHost>(panel);
-    return std::make_unique<OrdinaryPanelHost>(panel);
+    if (QGuiApplication::platformName().startsWith("wayland"_L1))
+        return std::make_unique<OrdinaryPanelHost>(panel);
+    return std::make_unique<X11PanelHost>(panel);
 }
 
 PanelHost::PanelHost(QQuickWindow& panel)

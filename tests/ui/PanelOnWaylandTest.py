@@ -78,8 +78,8 @@ class PanelTest(unittest.TestCase):
         inside = [at for at, row in enumerate(rows) if PANEL_COLOUR * 9 in row]
         if not inside:
             return None
-        below_the_corners = rows[inside[0] + 16 * scale]
-        left, right = below_the_corners.find(PANEL_COLOUR * 9) // 3, below_the_corners.rfind(PANEL_COLOUR * 9) // 3 + 9
+        left = min(rows[at].find(PANEL_COLOUR * 9) for at in inside) // 3
+        right = max(rows[at].rfind(PANEL_COLOUR * 9) for at in inside) // 3 + 9
         return left - scale, inside[0] - scale, right - left + 2 * scale, inside[-1] - inside[0] + 1 + 2 * scale
 
     def await_surface(self, screen="HEADLESS-1"):
