@@ -3,8 +3,9 @@
 # SPDX-License-Identifier: MIT
 """panel_open.py TARVIK_UI [OPENINGS]: what the panel costs. Run it inside scripts/desktop.
 
-Prints, for a click on the tray: milliseconds to the mapped panel with a cold and with a lingering process; memory (PSS)
-with the panel open and closed; CPU with the dot pulsing and with the panel closed; growth over many openings.
+One row each, with what it should be: milliseconds from a click on the tray to the first frame, with a process that is
+started for it and with one that lingers; CPU of the open panel with the dot pulsing and with an idle one, the X server's
+apart; CPU and wake-ups of the closed one; memory (PSS) open and closed, and how it grows over many openings.
 """
 import ctypes
 import os
@@ -19,39 +20,59 @@ from gi.repository import Gio, GLib
 FAKE = str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "ui" / "fake_tarvik.py")
 NAME = "com.morvanta.TarvikUi"
 EXPOSE_WAIT = 10
-COLD_RUNS = 7
-MEASURED_SECONDS = 10
+COLD_RUNS = 9
+MEASURED_SECONDS = 20
+CLICK = (1150, 14)
+# Inside the panel that this click opens, and free of text.
+BLANK = (1120, 180)
+SURFACE = 0xFBFBFC
 
 x11 = ctypes.CDLL("libX11.so.6")
 x11.XOpenDisplay.restype = ctypes.c_void_p
 x11.XDefaultRootWindow.restype = ctypes.c_ulong
+x11.XGetImage.restype = ctypes.c_void_p
+x11.XGetPixel.restype = ctypes.c_ulong
 
 
 class Screen:
     """Looks at one pixel of the display where the panel's surface comes to lie."""
 
-    def __init__(self, x, y):
+    def __init__(self):
         self.display = ctypes.c_void_p(x11.XOpenDisplay(None))
         self.root = ctypes.c_ulong(x11.XDefaultRootWindow(self.display))
-        self.at = (x, y)
-        x11.XGetImage.restype = ctypes.c_void_p
-        x11.XGetPixel.restype = ctypes.c_ulong
 
     def pixel(self):
-        image = ctypes.c_void_p(x11.XGetImage(self.display, self.root, *self.at, 1, 1, ctypes.c_ulong(0xFFFFFFFF), 2))
+        image = ctypes.c_void_p(x11.XGetImage(self.display, self.root, *BLANK, 1, 1, ctypes.c_ulong(0xFFFFFFFF), 2))
         value = x11.XGetPixel(image, 0, 0) & 0xFFFFFF
         x11.XFree(image)
         return value
 
-    def shows_panel(self):
-        return self.pixel() == 0xFBFBFC
-
     def wait(self, shown):
         deadline = time.monotonic() + EXPOSE_WAIT
-        while self.shows_panel() != shown:
+        while (self.pixel() == SURFACE) != shown:
             if time.monotonic() > deadline:
                 sys.exit(f"The panel is not {'shown' if shown else 'gone'} after {EXPOSE_WAIT} s: pixel {self.pixel():06x}.")
             time.sleep(0.0005)
+
+
+class Process:
+    """What one process has used so far."""
+
+    def __init__(self, pid):
+        self.directory = pathlib.Path(f"/proc/{pid}")
+
+    def pss(self):
+        rollup = (self.directory / "smaps_rollup").read_text(encoding="utf-8")
+        return int(next(line.split()[1] for line in rollup.splitlines() if line.startswith("Pss:"))) / 1024
+
+    def cpu_seconds(self):
+        # Of all threads, in nanoseconds; the ticks of "stat" are too coarse.
+        return sum(int((task / "schedstat").read_text(encoding="utf-8").split()[0]) for task in (self.directory / "task").iterdir()) / 1e9
+
+    def wakeups(self):
+        return sum(int(line.split()[1]) for task in (self.directory / "task").iterdir()
+                   for line in (task / "status").read_text(encoding="utf-8").splitlines()
+                   if line.startswith("voluntary_ctxt_switches"))
 
 
 class Ui:
@@ -71,31 +92,15 @@ class Ui:
 
     def click(self):
         self.bus.call_sync(NAME, "/com/morvanta/TarvikUi", NAME + ".Windows1", "ShowPanel",
-                           GLib.Variant("(iis)", (1150, 14, "")), None, 0, -1, None)
+                           GLib.Variant("(iis)", (*CLICK, "")), None, 0, -1, None)
 
     def stop(self):
         self.process.terminate()
         self.process.wait()
 
-    def pss(self):
-        rollup = pathlib.Path(f"/proc/{self.process.pid}/smaps_rollup").read_text(encoding="utf-8")
-        return int(next(line.split()[1] for line in rollup.splitlines() if line.startswith("Pss:"))) / 1024
 
-    def cpu_seconds(self):
-        fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text(encoding="utf-8").rpartition(")")[2].split()
-        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
-
-    def wakeups(self):
-        return sum(int(line.split()[1]) for task in pathlib.Path(f"/proc/{self.process.pid}/task").iterdir()
-                   for line in (task / "status").read_text(encoding="utf-8").splitlines()
-                   if line.startswith("voluntary_ctxt_switches"))
-
-    def cost(self):
-        """CPU percent and wake-ups a second."""
-        cpu, wakeups, began = self.cpu_seconds(), self.wakeups(), time.monotonic()
-        time.sleep(MEASURED_SECONDS)
-        seconds = time.monotonic() - began
-        return 100 * (self.cpu_seconds() - cpu) / seconds, (self.wakeups() - wakeups) / seconds
+def row(what, value, target=""):
+    print(f"{what:<58} {value:<28} {target}", flush=True)
 
 
 def milliseconds(action):
@@ -105,13 +110,38 @@ def milliseconds(action):
 
 
 def summary(values):
-    return f"{statistics.median(values):.0f} ({min(values):.0f}-{max(values):.0f})"
+    return f"{statistics.median(values):.0f} ms ({min(values):.0f}-{max(values):.0f})"
+
+
+def settle(process):
+    """Until it has had nothing to do for a second."""
+    while True:
+        before = process.wakeups()
+        time.sleep(1)
+        if process.wakeups() == before:
+            return
+
+
+def cost(*processes):
+    """Percent of one core and wake-ups a second of each."""
+    before = [(process.cpu_seconds(), process.wakeups()) for process in processes]
+    began = time.monotonic()
+    time.sleep(MEASURED_SECONDS)
+    seconds = time.monotonic() - began
+    return [(100 * (process.cpu_seconds() - cpu) / seconds, (process.wakeups() - wakeups) / seconds)
+            for process, (cpu, wakeups) in zip(processes, before)]
 
 
 def main(executable, openings):
     fake = subprocess.Popen(["/usr/bin/python3", FAKE, "awake"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
     fake.stdout.readline()
-    screen, ui = Screen(1120, 180), Ui(executable)
+    screen, ui = Screen(), Ui(executable)
+    server = Process(int(subprocess.run(["pgrep", "-x", "Xvfb"], capture_output=True, text=True, check=True).stdout))
+
+    def enter(state):
+        fake.stdin.write(state + "\n")
+        fake.stdin.flush()
+        fake.stdout.readline()
 
     def open_panel():
         ui.click()
@@ -126,23 +156,36 @@ def main(executable, openings):
         cold.append(milliseconds(lambda: (ui.start(), open_panel())))
         close_panel()
         ui.stop()
-    print(f"click to panel, process started for it: {summary(cold)} ms")
+    row(f"Click to first frame, process started for it (of {COLD_RUNS})", summary(cold), "at most 150 ms")
 
     ui.start()
+    process = Process(ui.process.pid)
     open_panel()
-    time.sleep(1)
-    print(f"open: {ui.pss():.1f} MB PSS; pulsing: {'%.1f %% CPU, %.0f wake-ups/s' % ui.cost()}")
+    # The first seconds are those of opening.
+    time.sleep(2)
+    (cpu, wakeups), (server_cpu, _) = cost(process, server)
+    row("Open, the dot pulsing: CPU", f"{cpu:.1f} %, {wakeups:.0f} wake-ups/s", "at most 2 %")
+    row("  the X server meanwhile", f"{server_cpu:.1f} %")
+    row("Open: PSS", f"{process.pss():.1f} MB")
+    enter("asleep")
+    settle(process)
+    (cpu, wakeups), (server_cpu, _) = cost(process, server)
+    row("Open, nothing moving: CPU", f"{cpu:.2f} %, {wakeups:.1f} wake-ups/s", "none")
+    enter("awake")
     close_panel()
-    time.sleep(1)
-    print(f"closed: {ui.pss():.1f} MB PSS; {'%.1f %% CPU, %.1f wake-ups/s' % ui.cost()}")
+    settle(process)
+    (cpu, wakeups), (server_cpu, _) = cost(process, server)
+    row("Closed: CPU", f"{cpu:.2f} %, {wakeups:.1f} wake-ups/s", "none")
+    row("Closed: PSS", f"{process.pss():.1f} MB")
+
     warm, sizes = [], []
-    for count in range(openings):
+    for count in range(1, openings + 1):
         warm.append(milliseconds(open_panel))
         close_panel()
-        if count in (openings // 10, openings - 1):
-            sizes.append(ui.pss())
-    print(f"click to panel, process lingering: {summary(warm)} ms")
-    print(f"after {openings // 10} openings {sizes[0]:.1f} MB, after {openings} {sizes[-1]:.1f} MB")
+        if count in (openings // 10, openings):
+            sizes.append(process.pss())
+    row(f"Click to first frame, process lingering (of {openings})", summary(warm), "at most 30 ms")
+    row(f"PSS after {openings // 10} openings, and after {openings}", f"{sizes[0]:.1f} MB, {sizes[1]:.1f} MB", "the same")
     ui.stop()
     fake.kill()
 
@@ -150,4 +193,4 @@ def main(executable, openings):
 if __name__ == "__main__":
     if len(sys.argv) < 2:
         sys.exit(__doc__)
-    main(sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 200)
+    main(sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 1000)
