@@ -54,7 +54,12 @@ WindowKeeper::WindowKeeper(const Models& models, const QDBusConnection& bus, std
     m_linger.start();
 }
 
-WindowKeeper::~WindowKeeper() = default;
+WindowKeeper::~WindowKeeper()
+{
+    // An open panel hides when it goes, when nothing is left to act on that.
+    if (m_panel)
+        m_panel->disconnect(this);
+}
 
 void WindowKeeper::showPanel(QPoint click, const QString& activationToken)
 {
