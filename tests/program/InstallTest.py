@@ -5,6 +5,7 @@
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -24,6 +25,7 @@ DATA = (
     "lib/tarvik/Contents/Resources/icons/hicolor/symbolic/apps/tarvik-active-symbolic.svg",
     "lib/tarvik/Contents/Resources/icons/pixmaps/tarvik-active-symbolic-22.argb",
     "share/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
+    "share/icons/hicolor/48x48/apps/com.morvanta.Tarvik.png",
     "share/metainfo/com.morvanta.Tarvik.metainfo.xml",
     "share/man/man1/tarvik.1",
     "share/bash-completion/completions/tarvik",
@@ -75,6 +77,14 @@ class InstallTest(unittest.TestCase):
         self.assertTrue((prefix / "bin/tarvik").samefile(prefix / PROGRAMS[-1]))
         self.assertIn(f"Exec={prefix / EXECUTABLE}\n", (prefix / ENTRY).read_text(encoding="utf-8"))
         subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+
+    def test_desktops_that_cannot_draw_svg_have_pictures_of_each_size_that_is_promised(self):
+        self.install(self.directory / "prefix")
+        icons = self.directory / "prefix/share/icons/hicolor"
+        sizes = {}
+        for picture in icons.glob("*/apps/com.morvanta.Tarvik.png"):
+            sizes[picture.parents[1].name] = struct.unpack(">II", picture.read_bytes()[16:24])
+        self.assertEqual(sizes, {"48x48": (48, 48), "128x128": (128, 128)})
 
     def test_a_relative_prefix_is_made_absolute(self):
         subprocess.run([CMAKE, "--install", BUILD, "--prefix", "prefix"], check=True, stdout=subprocess.DEVNULL, cwd=self.directory)
