@@ -60,7 +60,7 @@ QString hotKeyStatusText(HotKeyStatus status);
 
 /// How a shortcut is held, for people to read.
 struct HotKeyState {
-    /// Who delivers it: "KGlobalAccel", "X11", "desktop portal"; empty when nobody does.
+    /// Who delivers it: "KGlobalAccel", "X11", "desktop portal", "GNOME's custom shortcuts"; empty when nobody does.
     QString provider;
     HotKeyStatus status = HotKeyStatus::pending;
 

@@ -4,6 +4,7 @@
 
 #include "fakes/FakeKGlobalAccel.h"
 #include "fakes/FakePortal.h"
+#include "support/GnomeShortcutSchemas.h"
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
@@ -17,7 +18,11 @@ class DesktopHotKeysTest : public QObject {
     static constexpr std::uint16_t superAlt = XCB_MOD_MASK_4 | XCB_MOD_MASK_1;
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_server.isRunning()); }
+    void initTestCase()
+    {
+        QVERIFY(m_schemas.isReady());
+        QVERIFY(m_server.isRunning());
+    }
 
     void init()
     {
@@ -70,6 +75,39 @@ private Q_SLOTS:
         QTRY_COMPARE(m_pressed, QList<std::uint32_t>{1});
         const XClient other(m_server);
         QVERIFY(other.grab(keyA, superAlt));
+    }
+
+    void gnomeWhosePortalHasNoShortcutsGetsACustomOne()
+    {
+        FakePortal portal(m_others);
+        portal.version = 0;
+        QVERIFY(portal.appear());
+        start({.x11 = m_server.display(), .isWayland = true});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::notAvailable}));
+        QVERIFY(m_services.registerService(mediaKeys));
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"GNOME's custom shortcuts"_s, HotKeyStatus::registered}));
+        QVERIFY(m_services.unregisterService(mediaKeys));
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::notAvailable}));
+    }
+
+    void gnomeWhosePortalHasShortcutsGetsThePortals()
+    {
+        FakePortal portal(m_others);
+        QVERIFY(portal.appear());
+        QVERIFY(m_services.registerService(mediaKeys));
+        start({.x11 = {}, .isWayland = true});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::registered}));
+        QVERIFY(m_services.unregisterService(mediaKeys));
+    }
+
+    void gnomeUnderX11GetsAKeyGrab()
+    {
+        QVERIFY(m_services.registerService(mediaKeys));
+        start({.x11 = m_server.display()});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+        QVERIFY(m_services.unregisterService(mediaKeys));
+        QCoreApplication::processEvents();
+        QCOMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
     }
 
     void anXServerThatCannotBeReachedGivesNone()
@@ -145,6 +183,8 @@ private Q_SLOTS:
     }
 
 private:
+    const QString mediaKeys = u"org.gnome.SettingsDaemon.MediaKeys"_s;
+
     static HotKeyRequest lock()
     {
         return {.id = 1,
@@ -161,6 +201,7 @@ private:
         m_registration = m_hotKeys->registerHotKey(lock());
     }
 
+    GnomeShortcutSchemas m_schemas;
     VirtualXServer m_server;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);

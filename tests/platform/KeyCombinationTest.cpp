@@ -21,6 +21,7 @@ private Q_SLOTS:
         QCOMPARE(*keys, (KeyCombination{.letter = 'a', .super = true, .alt = true}));
         QCOMPARE(keys->qtKey(), 402653249);
         QCOMPARE(keys->xdgTrigger(), u"LOGO+ALT+a"_s);
+        QCOMPARE(keys->gtkAccelerator(), u"<Super><Alt>a"_s);
     }
 
     void everyModifierIsTranslated()
@@ -32,6 +33,7 @@ private Q_SLOTS:
             static_cast<int>(Qt::META) | static_cast<int>(Qt::ALT) | static_cast<int>(Qt::SHIFT)
                 | static_cast<int>(Qt::CTRL) | static_cast<int>(Qt::Key_S));
         QCOMPARE(keys->xdgTrigger(), u"LOGO+CTRL+ALT+SHIFT+s"_s);
+        QCOMPARE(keys->gtkAccelerator(), u"<Super><Control><Alt><Shift>s"_s);
     }
 
     void lettersAreFoundAtTheirCarbonCodes_data()

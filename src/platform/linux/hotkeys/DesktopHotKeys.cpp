@@ -3,10 +3,12 @@
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 
 #include "platform/linux/dbus/BusNames.h"
+#include "platform/linux/hotkeys/GnomeHotKeys.h"
 #include "platform/linux/hotkeys/KGlobalAccelHotKeys.h"
 #include "platform/linux/hotkeys/PortalHotKeys.h"
 #include "platform/linux/hotkeys/X11HotKeys.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Tarvik {
@@ -80,10 +82,14 @@ private:
 DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display)
     : m_bus(std::move(sessionBus))
     , m_display(std::move(display))
-    , m_names(m_bus, {BusNames::kglobalaccel})
+    , m_names(m_bus, {BusNames::kglobalaccel, BusNames::gnomeMediaKeys})
 {
     m_names.onKnown = [this] { choose(); };
-    m_names.onOwnerChange = [this](const QString&) { choose(); };
+    m_names.onOwnerChange = [this](const QString& name) {
+        // To an X server's grabs GNOME's daemon is nothing.
+        if (name == BusNames::kglobalaccel || m_display.isWayland)
+            choose();
+    };
     // Without a bus nobody will tell.
     if (m_names.isKnown())
         choose();
@@ -102,12 +108,32 @@ void DesktopHotKeys::choose()
 {
     // Before the next one asks for the same keys.
     use(nullptr);
+    m_isOnPortal = false;
     if (m_names.isOwned(BusNames::kglobalaccel))
         use(std::make_unique<KGlobalAccelHotKeys>(m_bus));
-    else if (m_display.isWayland)
-        use(m_bus.isConnected() ? std::make_unique<PortalOnOwnConnection>() : nullptr);
-    else if (!m_display.x11.isEmpty())
+    else if (m_display.isWayland && m_bus.isConnected()) {
+        m_isOnPortal = true;
+        use(std::make_unique<PortalOnOwnConnection>());
+    } else if (!m_display.isWayland && !m_display.x11.isEmpty())
         use(X11HotKeys::connect(m_display.x11));
+    if (onStateChange)
+        onStateChange();
+}
+
+bool DesktopHotKeys::isRefusedByPortal() const
+{
+    return m_isOnPortal && m_names.isOwned(BusNames::gnomeMediaKeys)
+        && std::ranges::any_of(m_registrations, [](const Registration* registration) {
+               return registration->state().status == HotKeyStatus::notAvailable;
+           });
+}
+
+void DesktopHotKeys::fallBackFromPortal()
+{
+    if (!isRefusedByPortal())
+        return;
+    m_isOnPortal = false;
+    use(std::make_unique<GnomeHotKeys>(m_bus));
     if (onStateChange)
         onStateChange();
 }
@@ -120,6 +146,10 @@ void DesktopHotKeys::use(std::unique_ptr<HotKeys> provider)
                 onPressed(id);
         };
         provider->onStateChange = [this] {
+            // Not at once: it is the provider that is speaking.
+            if (isRefusedByPortal())
+                QMetaObject::invokeMethod(
+                    &m_eventLoop, [this] { fallBackFromPortal(); }, Qt::QueuedConnection);
             if (onStateChange)
                 onStateChange();
         };

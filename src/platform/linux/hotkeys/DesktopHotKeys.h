@@ -14,7 +14,8 @@
 namespace Tarvik {
 
 /// Shortcuts of whichever desktop is running: KGlobalAccel where its name is owned, also when it appears later; else
-/// key grabs on an X server; else, under Wayland, the desktop portal; else none.
+/// key grabs on an X server; else, under Wayland, the desktop portal; else, where that has none and GNOME's settings
+/// daemon runs, GNOME's custom shortcuts; else none.
 class DesktopHotKeys final : public HotKeys {
 public:
     struct Display {
@@ -35,6 +36,8 @@ private:
     class Registration;
 
     void choose();
+    bool isRefusedByPortal() const;
+    void fallBackFromPortal();
     void use(std::unique_ptr<HotKeys> provider);
 
     QDBusConnection m_bus;
@@ -42,6 +45,8 @@ private:
     std::unique_ptr<HotKeys> m_provider;
     std::vector<Registration*> m_registrations;
     BusNameWatch m_names;
+    bool m_isOnPortal = false;
+    QObject m_eventLoop;
 };
 
 } // namespace Tarvik

@@ -62,4 +62,18 @@ QString KeyCombination::xdgTrigger() const
     return trigger + QLatin1Char(letter);
 }
 
+QString KeyCombination::gtkAccelerator() const
+{
+    QString accelerator;
+    if (super)
+        accelerator += "<Super>"_L1;
+    if (control)
+        accelerator += "<Control>"_L1;
+    if (alt)
+        accelerator += "<Alt>"_L1;
+    if (shift)
+        accelerator += "<Shift>"_L1;
+    return accelerator + QLatin1Char(letter);
+}
+
 } // namespace Tarvik

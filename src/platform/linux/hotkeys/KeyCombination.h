@@ -27,6 +27,9 @@ struct KeyCombination {
     /// As the XDG shortcuts specification writes it: "LOGO+ALT+a".
     QString xdgTrigger() const;
 
+    /// As GTK writes accelerators: "<Super><Alt>a".
+    QString gtkAccelerator() const;
+
     bool operator==(const KeyCombination&) const = default;
 };
 
