@@ -46,6 +46,13 @@ QPoint toLogical(const Screen& screen, QPoint physical)
     return origin + (QPointF(physical - origin) / screen.devicePixelRatio).toPoint();
 }
 
+bool mayBeOnPanel(const Screen& screen, QPoint logical)
+{
+    constexpr int thickPanel = 64;
+    const QMargins edges(thickPanel, thickPanel, thickPanel, thickPanel);
+    return !screen.workArea.contains(logical) || !screen.geometry.marginsRemoved(edges).contains(logical);
+}
+
 QPoint position(QPoint click, QSize window, const QRect& workArea)
 {
     QPoint corner = click - QPoint(window.width() / 2, window.height() / 2);

@@ -26,6 +26,10 @@ bool contains(const Screen& screen, QPoint physical);
 /// A point in physical pixels in the screen's logical ones.
 QPoint toLogical(const Screen& screen, QPoint physical);
 
+/// Whether a desktop's panel may be at a point in logical pixels. The work area does not tell of panels that hide, nor,
+/// as Qt knows it, of any when there are several screens.
+bool mayBeOnPanel(const Screen& screen, QPoint logical);
+
 /// The top left corner of a window of this size that opens from a click at `click`: at the edge of the work area from
 /// where the click came, centred on it as far as the work area allows. A window that is too large starts at its top
 /// left.

@@ -43,7 +43,7 @@ bool X11PanelHost::isComposited() const
 
 void X11PanelHost::open(QPoint click, const QString& activationToken)
 {
-    m_click = click;
+    locate(click);
     m_insistence = attempts;
     place();
     panel().create();
@@ -53,22 +53,31 @@ void X11PanelHost::open(QPoint click, const QString& activationToken)
     panel().requestActivate();
 }
 
+void X11PanelHost::locate(QPoint click)
+{
+    m_click = QCursor::pos();
+    m_screen = QGuiApplication::screenAt(m_click);
+    if (m_screen == nullptr)
+        m_screen = QGuiApplication::primaryScreen();
+    // A tray that does not know where it was clicked says 0, 0. One that counts from its own corner, as MATE's does, is
+    // found out by the pointer, which then is on a panel. Xwayland does not know where the pointer is.
+    const bool isPointerKnown = m_screen != nullptr && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (click.isNull() || (isPointerKnown && PanelPlacement::mayBeOnPanel(describe(*m_screen), m_click)))
+        return;
+    for (QScreen* candidate : QGuiApplication::screens()) {
+        if (PanelPlacement::contains(describe(*candidate), click)) {
+            m_screen = candidate;
+            m_click = PanelPlacement::toLogical(describe(*candidate), click);
+            return;
+        }
+    }
+}
+
 void X11PanelHost::place()
 {
-    // A tray that does not know where it was clicked says 0, 0, or counts from its own corner.
-    const QScreen* screen = nullptr;
-    for (const QScreen* candidate : QGuiApplication::screens()) {
-        if (!m_click.isNull() && PanelPlacement::contains(describe(*candidate), m_click))
-            screen = candidate;
-    }
-    QPoint click = screen != nullptr ? PanelPlacement::toLogical(describe(*screen), m_click) : QCursor::pos();
-    if (screen == nullptr)
-        screen = QGuiApplication::screenAt(click);
-    if (screen == nullptr)
-        screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr)
+    if (m_screen == nullptr)
         return;
-    m_position = PanelPlacement::position(click, surfaceSize(), screen->availableGeometry())
+    m_position = PanelPlacement::position(m_click, surfaceSize(), m_screen->availableGeometry())
         - QPoint(shadow().left(), shadow().top());
     panel().setPosition(m_position);
 }

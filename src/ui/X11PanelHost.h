@@ -4,6 +4,9 @@
 
 #include "ui/PanelHost.h"
 
+#include <QPointer>
+#include <QScreen>
+
 namespace Tarvik {
 
 /// On X11, and through Xwayland: the window is put where it belongs, and is gone when another one gets the focus.
@@ -18,10 +21,13 @@ public:
     void open(QPoint click, const QString& activationToken) override;
 
 private:
+    void locate(QPoint click);
     void place();
     void insistOnPosition();
 
+    /// Where the panel comes from, in logical pixels, and the screen that this is on.
     QPoint m_click;
+    QPointer<QScreen> m_screen;
     QPoint m_position;
     int m_insistence = 0;
 };

@@ -87,6 +87,13 @@ class PanelOnDesktopTest(unittest.TestCase):
         self.assertGreater(top_of_work_area, 0)
         self.assertEqual((x, y, width), (900 - 150, top_of_work_area + MARGIN, 300))
 
+    def test_opens_below_the_pointer_when_the_tray_counts_from_its_own_corner(self):
+        top_of_work_area = int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1])
+        self.addCleanup(subprocess.run, ["xdotool", "mousemove", "640", "400"], check=True, timeout=DEADLINE)
+        subprocess.run(["xdotool", "mousemove", "900", "14"], check=True, timeout=DEADLINE)
+        x, y, width, _height = self.surface(self.open(0, 25))
+        self.assertEqual((x, y, width), (900 - 150, top_of_work_area + MARGIN, 300))
+
     def test_stays_on_the_screen(self):
         x, _y, width, _height = self.surface(self.open(1279, 14))
         self.assertEqual(x + width, 1280 - MARGIN)

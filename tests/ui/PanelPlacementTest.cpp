@@ -45,6 +45,26 @@ private Q_SLOTS:
         QVERIFY(workArea.contains(QRect(position, QSize(300, 260))));
     }
 
+    void panelsAreOutsideTheWorkAreaOrAtAnEdge_data()
+    {
+        QTest::addColumn<QPoint>("point");
+        QTest::addColumn<bool>("expected");
+        QTest::newRow("on the panel that reserves space") << QPoint(1280 + 900, 80) << true;
+        QTest::newRow("beside it") << QPoint(1280 + 900, 110) << false;
+        QTest::newRow("where a hidden panel is: at the bottom") << QPoint(1280 + 900, 1070) << true;
+        QTest::newRow("at the left") << QPoint(1280 + 20, 500) << true;
+        QTest::newRow("at the right") << QPoint(1280 + 1900, 500) << true;
+        QTest::newRow("in the middle") << QPoint(1280 + 900, 500) << false;
+    }
+
+    void panelsAreOutsideTheWorkAreaOrAtAnEdge()
+    {
+        QFETCH(QPoint, point);
+        const PanelPlacement::Screen screen{
+            .geometry = {1280, 0, 1920, 1080}, .workArea = {1280, 96, 1920, 984}, .devicePixelRatio = 1};
+        QTEST(PanelPlacement::mayBeOnPanel(screen, point), "expected");
+    }
+
     void edgesAndMarginsTellTheSamePlaceAsAPosition_data()
     {
         QTest::addColumn<QPoint>("click");
