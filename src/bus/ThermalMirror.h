@@ -19,7 +19,7 @@ public:
     bool isHot() const { return value("isHot").toBool(); }
     /// 0 nominal to 3 critical.
     int state() const { return value("state").toInt(); }
-    /// "normal", "warm", "hot" or "very hot".
+    /// "normal", "warm", "hot" or "very hot", in the language of the user.
     QString stateText() const { return value("stateText").toString(); }
 
 Q_SIGNALS:
