@@ -4,12 +4,18 @@
 
 #include <QQuickWindow>
 
+#include <algorithm>
+
 namespace Tarvik {
 
 OrdinaryPanelHost::OrdinaryPanelHost(QQuickWindow& panel)
     : PanelHost(panel)
 {
     panel.setFlags(Qt::Dialog);
+    // The content may grow while the compositor still confirms the size before, which would cut the last row off.
+    connect(&panel, &QWindow::heightChanged, this, [&panel] {
+        panel.setMinimumHeight(std::max(panel.minimumHeight(), panel.height()));
+    });
 }
 
 void OrdinaryPanelHost::open(QPoint, const QString& activationToken)
