@@ -13,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QQmlComponent>
+#include <QQuickItem>
 #include <QQuickWindow>
 
 #include <utility>
@@ -31,6 +32,14 @@ constexpr qint64 sameClickMilliseconds = 250;
 
 /// The panel offers it only once there is one.
 constexpr bool hasSettingsWindow = false;
+
+/// Lays out what would otherwise be laid out with the first frame, so that the window has its size before it is shown.
+void layOut(QQuickItem& item)
+{
+    for (QQuickItem* child : item.childItems())
+        layOut(*child);
+    item.ensurePolished();
+}
 
 } // namespace
 
@@ -103,6 +112,7 @@ void WindowKeeper::openPanel(const Click& click)
     if (!m_panel && !createPanel())
         return;
     m_panel->setProperty("isComposited", m_panelHost->isComposited());
+    layOut(*m_panel->contentItem());
     m_panelHost->open(click.point, click.activationToken);
 }
 
