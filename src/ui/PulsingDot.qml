@@ -20,7 +20,7 @@ Item {
 
     Accessible.ignored: true
 
-    // A picture at its largest size: the software renderer draws a rounded rectangle that is scaled with corners.
+    // Pictures, the halo's at its largest size: the software renderer gives small rounded rectangles corners.
     Icon {
         anchors.fill: parent
         color: root.theme.awake
@@ -31,12 +31,13 @@ Item {
         sourceSize: Qt.size(2.5 * width * Screen.devicePixelRatio, 2.5 * height * Screen.devicePixelRatio)
         theme: root.theme
     }
-    Rectangle {
+    Icon {
         anchors.fill: parent
-        antialiasing: true
         color: root.active ? root.theme.awake : root.theme.secondaryText
+        name: "circle.fill"
         objectName: "core"
-        radius: width / 2
+        sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+        theme: root.theme
     }
     Timer {
         interval: 33
