@@ -9,6 +9,7 @@
 #include "ui/Appearance.h"
 #include "ui/LayerShell.h"
 #include "ui/WindowKeeper.h"
+#include "ui/X11Scale.h"
 
 #include <QDBusConnection>
 #include <QFontDatabase>
@@ -43,6 +44,15 @@ void choosePlatform()
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+/// Before the application object.
+void chooseScale()
+{
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qEnvironmentVariableIsSet("QT_SCALE_FACTOR"))
+        return;
+    if (const int factor = Tarvik::X11Scale::missingFactor(qgetenv("DISPLAY")); factor > 1)
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(factor));
+}
+
 /// A desktop that names a font of its own gets it; the last resort of the font configuration is no such choice.
 void chooseFont()
 {
@@ -60,6 +70,7 @@ int main(int argc, char** argv)
 {
     Tarvik::installLogSink();
     choosePlatform();
+    chooseScale();
     QGuiApplication application(argc, argv);
     const Tarvik::Translation translation;
     QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
