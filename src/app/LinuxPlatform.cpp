@@ -11,6 +11,7 @@
 #include "platform/linux/applications/DesktopRunningApplications.h"
 #include "platform/linux/applications/XdgAutostartLoginItem.h"
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
+#include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
 #include "platform/linux/heat/SysfsThermalState.h"
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 #include "platform/linux/power/FallbackPowerSources.h"
@@ -48,6 +49,14 @@ bool isWayland()
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
 }
 
+DesktopPowerAssertions::X11ScreenSaver x11ScreenSaver(Clock& clock)
+{
+    const QByteArray display = qgetenv("DISPLAY");
+    if (isWayland() || display.isEmpty())
+        return {};
+    return [display, &clock] { return std::make_unique<X11ScreenSaverInhibitor>(display, clock); };
+}
+
 /// Empty when WAYLAND_DISPLAY names none.
 QString waylandSocket()
 {
@@ -78,8 +87,8 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , runningApplications(
           std::make_unique<DesktopRunningApplications>(sessionBus, qgetenv("DISPLAY"), desktopFiles, clock))
     , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
-    , powerAssertions(
-          std::make_unique<DesktopPowerAssertions>(systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP")))
+    , powerAssertions(std::make_unique<DesktopPowerAssertions>(
+          systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(clock)))
     , loginItem(std::make_unique<XdgAutostartLoginItem>(
           configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
     , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus, findableIcon(bundle)))

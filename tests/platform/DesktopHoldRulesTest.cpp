@@ -70,6 +70,15 @@ private Q_SLOTS:
         QTest::newRow("LXQt on systemd 252")
             << with(lxqt, &DesktopFacts::systemdVersion, 252) << Holds{logindIdle} << Holds{logindIdle};
 
+        QTest::newRow("LXQt on X11") << with(lxqt, &DesktopFacts::x11Screen, true) << Holds{logindSleep}
+                                     << Holds{x11ScreenSaver, logindIdle};
+        QTest::newRow("a window manager without a desktop on X11") << DesktopFacts{
+            .logind = true, .x11Screen = true} << Holds{logindIdle} << Holds{x11ScreenSaver, logindIdle};
+        QTest::newRow("an X11 session without logind")
+            << DesktopFacts{.x11Screen = true} << Holds{} << Holds{x11ScreenSaver};
+        QTest::newRow("XFCE on X11") << with(xfce, &DesktopFacts::x11Screen, true) << Holds{logindIdle}
+                                     << Holds{xfcePowerManagement};
+
         const DesktopFacts sway{.logind = true, .idleDaemonSuspends = true, .systemdVersion = 257};
         QTest::newRow("swayidle on systemd 257") << sway << Holds{logindSleep} << Holds{logindIdle};
         QTest::newRow("swayidle on systemd 256")

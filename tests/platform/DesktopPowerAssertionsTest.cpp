@@ -29,6 +29,27 @@ QVariantList sessionManagerArguments(uint flags)
     return {u"Tarvik"_s, 0U, why, flags};
 }
 
+/// In effect at once.
+class CountedInhibitor final : public Inhibitor {
+public:
+    explicit CountedInhibitor(int& held)
+        : m_held(held)
+    {
+        ++m_held;
+    }
+    ~CountedInhibitor() override { --m_held; }
+    CountedInhibitor(const CountedInhibitor&) = delete;
+    CountedInhibitor& operator=(const CountedInhibitor&) = delete;
+
+    QString service() const override { return {}; }
+    State state() const override { return State::effective; }
+    int error() const override { return 0; }
+    void setServed(bool) override { }
+
+private:
+    int& m_held;
+};
+
 /// The names of what is held, a "-" before what is not in effect.
 QStringList summary(const PowerAssertions& assertions)
 {
@@ -156,6 +177,36 @@ private Q_SLOTS:
         auto system = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
         QTRY_COMPARE(summary(*m_assertions), QStringList{u"logind idle"_s});
         QCOMPARE(logind.held(), (Requests{logindArguments(u"idle"_s)}));
+    }
+
+    void withoutADesktopTheXServerKeepsItsDisplayOn()
+    {
+        FakeLogind logind(m_services);
+        QVERIFY(logind.appear());
+        int held = 0;
+        start({}, m_system, m_session, [&] { return std::make_unique<CountedInhibitor>(held); });
+        auto system = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(summary(*m_assertions), QStringList{u"logind idle"_s});
+        QCOMPARE(held, 0);
+        auto display = m_assertions->create(preventUserIdleDisplaySleep, u"Tarvik"_s);
+        QTRY_COMPARE(
+            summary(*m_assertions), (QStringList{u"logind idle"_s, u"X server screen saver"_s, u"logind idle"_s}));
+        QCOMPARE(held, 1);
+        display.reset();
+        QCOMPARE(held, 0);
+    }
+
+    void aDesktopThatAppearsLaterRelievesTheXServer()
+    {
+        int held = 0;
+        start({}, m_system, m_session, [&] { return std::make_unique<CountedInhibitor>(held); });
+        const auto display = m_assertions->create(preventUserIdleDisplaySleep, u"Tarvik"_s);
+        QTRY_COMPARE(held, 1);
+        FakeXfce xfce(m_services, u"4.18.1"_s);
+        FakeCookieInhibitor powerManagement = fakePowerManagement();
+        QVERIFY(powerManagement.appear() && xfce.appear());
+        QTRY_COMPARE(held, 0);
+        QTRY_COMPARE(summary(*m_assertions), QStringList{u"XFCE power management inhibit"_s});
     }
 
     void aCookieThatComesTooLateIsGivenBack()
@@ -427,9 +478,12 @@ private:
 
     void start(const QString& desktop) { start(desktop, m_system, m_session); }
 
-    void start(const QString& desktop, const QDBusConnection& system, const QDBusConnection& session)
+    void start(const QString& desktop,
+        const QDBusConnection& system,
+        const QDBusConnection& session,
+        DesktopPowerAssertions::X11ScreenSaver x11ScreenSaver = {})
     {
-        m_assertions = std::make_unique<DesktopPowerAssertions>(system, session, desktop);
+        m_assertions = std::make_unique<DesktopPowerAssertions>(system, session, desktop, std::move(x11ScreenSaver));
         m_assertions->onFailure = [this](PowerAssertionType type, int code) { m_failures.append({type, code}); };
         m_assertions->onHoldsChange = [this] { ++m_changes; };
     }

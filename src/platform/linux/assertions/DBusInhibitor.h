@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/assertions/Inhibitor.h"
 #include "platform/linux/dbus/DBusCall.h"
 
 #include <QDBusUnixFileDescriptor>
@@ -26,31 +27,17 @@ struct InhibitorRequest {
 
 /// One inhibitor of one service: asked for while the service is there, given back on destruction, also when the service
 /// answers only after that.
-class DBusInhibitor final {
+class DBusInhibitor final : public Inhibitor {
 public:
-    enum class State {
-        /// The service is not there.
-        waiting,
-        /// The service has been asked.
-        pending,
-        effective,
-        /// The service has answered with an error.
-        refused,
-    };
-
     DBusInhibitor(QDBusConnection bus, InhibitorRequest request, std::function<void()> onChange);
-    ~DBusInhibitor();
+    ~DBusInhibitor() override;
     DBusInhibitor(const DBusInhibitor&) = delete;
     DBusInhibitor& operator=(const DBusInhibitor&) = delete;
 
-    const QString& service() const { return m_request.service; }
-    State state() const { return m_state; }
-
-    /// Why the service refused, a positive errno; 0 in every other state.
-    int error() const { return m_error; }
-
-    /// The service has got an owner, perhaps another one than before, or lost it.
-    void setServed(bool served);
+    QString service() const override { return m_request.service; }
+    State state() const override { return m_state; }
+    int error() const override { return m_error; }
+    void setServed(bool served) override;
 
 private:
     void take();

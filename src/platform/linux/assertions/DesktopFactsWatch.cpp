@@ -11,7 +11,7 @@ namespace Tarvik {
 using namespace Qt::StringLiterals;
 
 DesktopFactsWatch::DesktopFactsWatch(
-    QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop)
+    QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop, bool x11Screen)
     : m_systemBus(std::move(systemBus))
     , m_sessionBus(std::move(sessionBus))
     , m_systemNames(m_systemBus, {BusNames::logind})
@@ -23,6 +23,7 @@ DesktopFactsWatch::DesktopFactsWatch(
               BusNames::powerManagement,
               BusNames::screenSaver})
 {
+    m_facts.x11Screen = x11Screen;
     m_facts.idleDaemonSuspends = DesktopHoldRules::namesIdleDaemonDesktop(currentDesktop);
     m_systemNames.onKnown = [this] {
         if (m_systemNames.isOwned(BusNames::logind))

@@ -14,8 +14,9 @@ namespace Tarvik {
 /// Follows what can be told about the desktop.
 class DesktopFactsWatch final {
 public:
-    /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP.
-    DesktopFactsWatch(QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop);
+    /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP. `x11Screen` is a fact as it stands.
+    DesktopFactsWatch(
+        QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop, bool x11Screen);
     DesktopFactsWatch(const DesktopFactsWatch&) = delete;
     DesktopFactsWatch& operator=(const DesktopFactsWatch&) = delete;
 

@@ -61,6 +61,8 @@ QString serviceLabel(DesktopHold hold)
         return u"XFCE power management"_s;
     case DesktopHold::screenSaver:
         return u"screen saver"_s;
+    case DesktopHold::x11ScreenSaver:
+        return u"X server"_s;
     }
     Q_UNREACHABLE();
 }
@@ -79,6 +81,8 @@ QString what(DesktopHold hold)
     case DesktopHold::xfcePowerManagement:
     case DesktopHold::screenSaver:
         return u"inhibit"_s;
+    case DesktopHold::x11ScreenSaver:
+        return u"screen saver"_s;
     }
     Q_UNREACHABLE();
 }
@@ -106,6 +110,8 @@ InhibitorRequest request(DesktopHold hold, const QString& who)
             who);
     case DesktopHold::screenSaver:
         return cookie(BusNames::screenSaver, u"/org/freedesktop/ScreenSaver"_s, u"org.freedesktop.ScreenSaver"_s, who);
+    case DesktopHold::x11ScreenSaver:
+        break;
     }
     Q_UNREACHABLE();
 }

@@ -21,6 +21,8 @@ enum class DesktopHold {
     xfcePowerManagement,
     /// org.freedesktop.ScreenSaver.Inhibit.
     screenSaver,
+    /// What the X server takes for activity.
+    x11ScreenSaver,
 };
 
 namespace DesktopHolds {
@@ -34,7 +36,7 @@ QString what(DesktopHold hold);
 /// On the system bus, not on the session bus.
 bool isOnSystemBus(DesktopHold hold);
 
-/// The call that takes `hold` for the program `who`.
+/// The call that takes `hold`, which must be one of those on a bus, for the program `who`.
 InhibitorRequest request(DesktopHold hold, const QString& who);
 
 } // namespace DesktopHolds

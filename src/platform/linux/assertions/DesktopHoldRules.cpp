@@ -60,8 +60,10 @@ QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts)
         return {DesktopHold::xfcePowerManagement};
     if (facts.sessionManager)
         return {DesktopHold::sessionManagerIdle};
-    // Some idle daemons listen to the one, some to the other, and which of them runs cannot be told.
-    return (facts.screenSaver ? QList{DesktopHold::screenSaver} : QList<DesktopHold>{})
+    // LXQt, and window managers without a desktop, go by the X server. Of the others, some idle daemons listen to the
+    // one, some to the other, and which of them runs cannot be told.
+    return (facts.x11Screen ? QList{DesktopHold::x11ScreenSaver} : QList<DesktopHold>{})
+        + (facts.screenSaver ? QList{DesktopHold::screenSaver} : QList<DesktopHold>{})
         + logindOnly(facts, DesktopHold::logindIdle);
 }
 

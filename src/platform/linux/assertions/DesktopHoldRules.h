@@ -23,6 +23,8 @@ struct DesktopFacts {
     bool powerManagement = false;
     /// org.freedesktop.ScreenSaver.
     bool screenSaver = false;
+    /// An X server has the screen; it is no guest of a Wayland compositor.
+    bool x11Screen = false;
     /// A desktop whose idle daemon runs a suspend command: compositors without a power manager, COSMIC.
     bool idleDaemonSuspends = false;
     /// XFCE is set to suspend after a time without activity; by default it is not.

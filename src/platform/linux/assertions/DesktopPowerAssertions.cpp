@@ -39,7 +39,7 @@ public:
             return std::nullopt;
         int lastError = EHOSTUNREACH;
         for (const Hold& hold : m_holds) {
-            if (hold.inhibitor->state() != DBusInhibitor::State::refused)
+            if (hold.inhibitor->state() != Inhibitor::State::refused)
                 return std::nullopt;
             lastError = hold.inhibitor->error();
         }
@@ -55,7 +55,7 @@ public:
             list.append({.type = m_type,
                 .service = DesktopHolds::serviceLabel(hold.kind),
                 .what = DesktopHolds::what(hold.kind),
-                .effective = hold.inhibitor->state() == DBusInhibitor::State::effective});
+                .effective = hold.inhibitor->state() == Inhibitor::State::effective});
         }
     }
 
@@ -69,8 +69,7 @@ public:
             ? DesktopHoldRules::againstSystemSleep(watch.facts())
             : DesktopHoldRules::againstDisplaySleep(watch.facts());
         // What a vanished service held is kept for its return: it may only be restarting.
-        std::erase_if(m_holds,
-            [&](const Hold& hold) { return !wanted.contains(hold.kind) && watch.isServed(hold.inhibitor->service()); });
+        std::erase_if(m_holds, [&](const Hold& hold) { return !wanted.contains(hold.kind) && isServed(hold); });
         for (const Hold& hold : m_holds) {
             if (hold.inhibitor->service() == changedService)
                 hold.inhibitor->setServed(watch.isServed(changedService));
@@ -87,11 +86,21 @@ public:
 private:
     struct Hold {
         DesktopHold kind;
-        std::unique_ptr<DBusInhibitor> inhibitor;
+        std::unique_ptr<Inhibitor> inhibitor;
     };
+
+    bool isServed(const Hold& hold) const
+    {
+        const QString service = hold.inhibitor->service();
+        return service.isEmpty() || m_owner->m_watch.isServed(service);
+    }
 
     void add(DesktopHold kind)
     {
+        if (kind == DesktopHold::x11ScreenSaver) {
+            m_holds.push_back({kind, m_owner->m_x11ScreenSaver()});
+            return;
+        }
         const auto& bus = DesktopHolds::isOnSystemBus(kind) ? m_owner->m_systemBus : m_owner->m_sessionBus;
         auto inhibitor = std::make_unique<DBusInhibitor>(bus, DesktopHolds::request(kind, m_name), [this] {
             if (m_owner != nullptr)
@@ -109,10 +118,11 @@ private:
 };
 
 DesktopPowerAssertions::DesktopPowerAssertions(
-    QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop)
+    QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop, X11ScreenSaver x11ScreenSaver)
     : m_systemBus(std::move(systemBus))
     , m_sessionBus(std::move(sessionBus))
-    , m_watch(m_systemBus, m_sessionBus, currentDesktop)
+    , m_x11ScreenSaver(std::move(x11ScreenSaver))
+    , m_watch(m_systemBus, m_sessionBus, currentDesktop, m_x11ScreenSaver != nullptr)
 {
     m_watch.onChange = [this](const QString& service) {
         for (Assertion* assertion : m_assertions)

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 namespace Tarvik {
@@ -15,8 +17,14 @@ namespace Tarvik {
 /// Calls `onFailure` once for an assertion, and both callbacks from the event loop only.
 class DesktopPowerAssertions final : public PowerAssertions {
 public:
+    /// Makes what keeps an X server's screen on; none where no X server has the screen.
+    using X11ScreenSaver = std::function<std::unique_ptr<Inhibitor>()>;
+
     /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP. Either bus may be without connection.
-    DesktopPowerAssertions(QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop);
+    DesktopPowerAssertions(QDBusConnection systemBus,
+        QDBusConnection sessionBus,
+        const QString& currentDesktop,
+        X11ScreenSaver x11ScreenSaver);
     ~DesktopPowerAssertions() override;
     DesktopPowerAssertions(const DesktopPowerAssertions&) = delete;
     DesktopPowerAssertions& operator=(const DesktopPowerAssertions&) = delete;
@@ -32,6 +40,7 @@ private:
 
     QDBusConnection m_systemBus;
     QDBusConnection m_sessionBus;
+    X11ScreenSaver m_x11ScreenSaver;
     DesktopFactsWatch m_watch;
     std::vector<Assertion*> m_assertions;
     bool m_publishingScheduled = false;

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
+
+#include "fakes/FakeClock.h"
+#include "support/TestSupport.h"
+#include "support/VirtualXServer.h"
+
+#include <xcb/screensaver.h>
+
+#include <cerrno>
+
+using namespace Tarvik;
+
+namespace {
+
+std::uint32_t idleMilliseconds(const XClient& client)
+{
+    const auto cookie = xcb_screensaver_query_info(client.connection(), client.root());
+    const std::unique_ptr<xcb_screensaver_query_info_reply_t, decltype(&std::free)> reply(
+        xcb_screensaver_query_info_reply(client.connection(), cookie, nullptr), &std::free);
+    return reply->ms_since_user_input;
+}
+
+} // namespace
+
+class X11ScreenSaverInhibitorTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { TARVIK_FAIL_ON_WARNINGS(); }
+
+    void theServerBelievesInActivityAgainAndAgain()
+    {
+        const VirtualXServer server;
+        QVERIFY(server.isRunning());
+        const XClient other(server);
+        FakeClock clock;
+        QTRY_VERIFY(idleMilliseconds(other) > longEnough);
+        const X11ScreenSaverInhibitor inhibitor(server.display(), clock);
+        QCOMPARE(inhibitor.state(), Inhibitor::State::effective);
+        QCOMPARE(inhibitor.error(), 0);
+        for (int time = 0; time < 3; ++time) {
+            QTRY_VERIFY(idleMilliseconds(other) < longEnough);
+            QTRY_VERIFY(idleMilliseconds(other) > longEnough);
+            clock.advance(Seconds{25});
+        }
+        QTRY_VERIFY(idleMilliseconds(other) < longEnough);
+    }
+
+    void itStopsWhenItIsDestroyed()
+    {
+        const VirtualXServer server;
+        FakeClock clock;
+        auto inhibitor = std::make_unique<X11ScreenSaverInhibitor>(server.display(), clock);
+        inhibitor.reset();
+        QCOMPARE(clock.pending(), 0U);
+    }
+
+    void aServerThatCannotBeReachedRefuses()
+    {
+        FakeClock clock;
+        const X11ScreenSaverInhibitor inhibitor(":4711", clock);
+        QCOMPARE(inhibitor.state(), Inhibitor::State::refused);
+        QCOMPARE(inhibitor.error(), ECONNREFUSED);
+        clock.advance(Seconds{25});
+    }
+
+    void aServerThatHasGoneRefuses()
+    {
+        VirtualXServer server;
+        FakeClock clock;
+        const X11ScreenSaverInhibitor inhibitor(server.display(), clock);
+        QCOMPARE(inhibitor.state(), Inhibitor::State::effective);
+        server.kill();
+        clock.advance(Seconds{25});
+        QTRY_COMPARE(inhibitor.state(), Inhibitor::State::refused);
+    }
+
+private:
+    /// Longer than the server needs for an answer.
+    static constexpr std::uint32_t longEnough = 300;
+};
+
+QTEST_GUILESS_MAIN(X11ScreenSaverInhibitorTest)
+#include "X11ScreenSaverInhibitorTest.moc"
