@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QGuiApplication>
+#include <QMargins>
 #include <QString>
 #include <QWindow>
 
@@ -54,6 +55,26 @@ void skipTaskbar(QWindow& window)
         32,
         states.size(),
         states.data());
+}
+
+void setShadow(QWindow& window, const QMargins& shadow)
+{
+    xcb_connection_t* x11 = connection();
+    if (x11 == nullptr)
+        return;
+    const QMarginsF physical = QMarginsF(shadow) * window.devicePixelRatio();
+    const std::array extents{static_cast<uint32_t>(qRound(physical.left())),
+        static_cast<uint32_t>(qRound(physical.right())),
+        static_cast<uint32_t>(qRound(physical.top())),
+        static_cast<uint32_t>(qRound(physical.bottom()))};
+    xcb_change_property(x11,
+        XCB_PROP_MODE_REPLACE,
+        static_cast<xcb_window_t>(window.winId()),
+        atom(x11, "_GTK_FRAME_EXTENTS"),
+        XCB_ATOM_CARDINAL,
+        32,
+        extents.size(),
+        extents.data());
 }
 
 void setStartupId(QWindow& window, const QString& id)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+class QMargins;
 class QString;
 class QWindow;
 
@@ -10,6 +11,10 @@ namespace Tarvik::X11Hints {
 
 /// Keeps a window that is not shown yet out of task bars and pagers.
 void skipTaskbar(QWindow& window);
+
+/// Tells how much of a window that is not shown yet is shadow, in its logical pixels, so that the window manager does
+/// not keep that clear of panels and edges. By the hint that GTK has introduced.
+void setShadow(QWindow& window, const QMargins& shadow);
 
 /// Ties a window that is not shown yet to what the user did to open it, by the startup notification protocol. An empty
 /// `id` changes nothing.

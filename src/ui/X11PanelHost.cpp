@@ -48,6 +48,7 @@ void X11PanelHost::open(QPoint click, const QString& activationToken)
     place();
     panel().create();
     X11Hints::skipTaskbar(panel());
+    X11Hints::setShadow(panel(), shadow());
     X11Hints::setStartupId(panel(), activationToken);
     panel().show();
     panel().requestActivate();

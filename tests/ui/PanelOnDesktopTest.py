@@ -120,6 +120,27 @@ class PanelOnDesktopTest(unittest.TestCase):
             self.tell(state)
             await_true(lambda wanted=height: self.surface(window)[3] == wanted, f"the panel is as high as {state} needs")
 
+    @staticmethod
+    def run_window_manager(compositor):
+        before = output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
+        process = subprocess.Popen(["xfwm4", "--replace", f"--compositor={compositor}"], env={**os.environ, "NO_AT_BRIDGE": "1"},
+                                   start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # It serves the tests that follow and ends with the virtual desktop.
+        process.returncode = 0
+        await_true(lambda: output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK") not in (before, ""), "the window manager did not come up")
+
+    def test_its_shadow_may_lie_on_panels_and_beyond_the_screen(self):
+        self.addCleanup(self.run_window_manager, "off")
+        self.run_window_manager("on")
+        window = self.open(900, 790)
+        extents = output("xprop", "-id", window, "_GTK_FRAME_EXTENTS").partition("=")[2]
+        left, right, top, bottom = map(int, extents.split(","))
+        self.assertGreater(min(left, right, bottom), 0)
+        x, y, width, height = self.surface(window)
+        self.assertEqual((x + left, width - left - right), (900 - 150, 300))
+        self.assertEqual(y + height - bottom, 800 - MARGIN)
+        self.assertGreaterEqual(top, 0)
+
     def test_is_not_in_task_bars(self):
         states = output("xprop", "-id", self.open(), "_NET_WM_STATE")
         self.assertIn("_NET_WM_STATE_SKIP_TASKBAR", states)
