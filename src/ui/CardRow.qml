@@ -9,19 +9,30 @@ Item {
     required property Theme theme
     required property string title
     property string caption
-    property bool isFirst: false
+    /// The caption tells of something that went wrong.
+    property bool isCaptionAlarming: false
+    /// For a row whose control is named after it.
+    property bool areTextsIgnored: false
     default property alias control: controlPlace.data
 
-    implicitHeight: Math.max(40, texts.height + 20, controlPlace.childrenRect.height + 12)
+    /// A click beside the control.
+    signal tapped
+
+    implicitHeight: Math.max(40, texts.height + 20, controlPlace.height + 12)
     width: parent ? parent.width : implicitWidth
 
+    TapHandler {
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+
+        onTapped: root.tapped()
+    }
     Separator {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
         inset: 12
         theme: root.theme
-        visible: !root.isFirst
+        visible: root.y > 0
     }
     Column {
         id: texts
@@ -31,6 +42,7 @@ Item {
         anchors.right: controlPlace.left
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
+        opacity: root.enabled ? 1 : 0.5
         spacing: 2
 
         Label {
@@ -38,15 +50,19 @@ Item {
             theme: root.theme
             width: parent.width
             wrapMode: Text.Wrap
+
+            Accessible.ignored: root.areTextsIgnored
         }
         Label {
-            color: root.theme.tertiaryText
+            color: root.isCaptionAlarming ? root.theme.danger : root.theme.tertiaryText
             font.pixelSize: root.theme.captionSize
             text: root.caption
             theme: root.theme
             visible: text
             width: parent.width
             wrapMode: Text.Wrap
+
+            Accessible.ignored: root.areTextsIgnored
         }
     }
     Item {

@@ -34,6 +34,11 @@ QtObject {
     readonly property color accent: appearance.accent.valid ? appearance.accent : isDark ? "#366ee0" : "#2363d8"
     /// What is written on the accent colour.
     readonly property color accentText: luminance(accent) > 0.2 ? "#1a1a1c" : "#ffffff"
+    /// The accent colour for text and icons; the user's own may be too close to the surface.
+    readonly property color accentOnSurface: isDark ? "#7aa5ff" : "#2363d8"
+    /// Behind what is chosen.
+    readonly property color selection: isDark ? "#2b3a55" : "#e7eefb"
+    readonly property color attention: isDark ? "#f0a03c" : "#a85a00"
     readonly property color focusRing: isDark ? "#7aa5ff" : "#2363d8"
     readonly property color switchOff: isHighContrast ? tertiaryText : isDark ? "#7c7d85" : "#8a8a92"
     /// Around a switch whose colour, chosen by the user, can hardly be told from what is behind it.

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// A card with an optional heading above it and an optional explanation below.
+Column {
+    id: root
+
+    required property Theme theme
+    property string heading
+    property string footer
+    default property alias rows: card.rows
+
+    spacing: 6
+    width: parent ? parent.width : implicitWidth
+
+    Label {
+        font.weight: Font.DemiBold
+        leftPadding: 4
+        text: root.heading
+        theme: root.theme
+        visible: text
+        width: parent.width
+        wrapMode: Text.Wrap
+
+        Accessible.ignored: !text
+        Accessible.name: text
+        Accessible.role: Accessible.Heading
+    }
+    Card {
+        id: card
+
+        theme: root.theme
+        width: parent.width
+    }
+    Label {
+        color: root.theme.tertiaryText
+        font.pixelSize: root.theme.captionSize
+        leftPadding: 4
+        rightPadding: 4
+        text: root.footer
+        theme: root.theme
+        visible: text
+        width: parent.width
+        wrapMode: Text.Wrap
+
+        Accessible.ignored: !text
+    }
+}

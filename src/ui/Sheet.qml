@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// A small window's worth of content that comes over its window and has to be left before the window can be used again.
+T.Popup {
+    id: root
+
+    required property Theme theme
+
+    anchors.centerIn: parent
+    closePolicy: T.Popup.CloseOnEscape
+    focus: true
+    modal: true
+    padding: 16
+
+    T.Overlay.modal: Rectangle {
+        color: root.theme.isDark ? "#99000000" : "#59000000"
+    }
+    background: Rectangle {
+        border.color: root.theme.outline
+        border.width: 1
+        color: root.theme.window
+        radius: root.theme.windowRadius
+    }
+}

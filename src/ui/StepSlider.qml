@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// A slider that only stops at multiples of its step.
+T.Slider {
+    id: root
+
+    required property Theme theme
+
+    hoverEnabled: true
+    implicitHeight: theme.scaled(20)
+    implicitWidth: theme.scaled(168)
+    snapMode: T.Slider.SnapAlways
+
+    background: Rectangle {
+        color: root.theme.switchOff
+        height: 4
+        radius: 2
+        width: root.availableWidth
+        y: (root.height - height) / 2
+
+        Rectangle {
+            color: root.theme.accent
+            height: parent.height
+            radius: parent.radius
+            width: root.position * parent.width
+            x: root.mirrored ? parent.width - width : 0
+        }
+    }
+    handle: Rectangle {
+        border.color: root.theme.outline
+        border.width: 1
+        color: root.theme.knob
+        height: root.theme.scaled(16)
+        radius: height / 2
+        width: height
+        x: root.visualPosition * (root.availableWidth - width)
+        y: (root.height - height) / 2
+
+        FocusRing {
+            anchors.margins: -3
+            radius: parent.radius + 3
+            theme: root.theme
+            visible: root.visualFocus
+        }
+    }
+}

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// A row of a card with a switch. It shows what `isOn` says and asks for a change; a refusal puts the switch back.
+CardRow {
+    id: root
+
+    property bool isOn: false
+
+    /// The user wants it on or off.
+    signal switched(bool on)
+
+    areTextsIgnored: true
+
+    onTapped: toggle.toggle()
+
+    ToggleSwitch {
+        id: toggle
+
+        checked: root.isOn
+        objectName: "toggle"
+        theme: root.theme
+
+        Accessible.description: root.caption
+        Accessible.name: root.title
+
+        onCheckedChanged: {
+            if (checked !== root.isOn)
+                root.switched(checked);
+        }
+    }
+
+    /// Shows again what is, after a change that did not come about.
+    function restore() {
+        toggle.checked = Qt.binding(() => root.isOn);
+    }
+}

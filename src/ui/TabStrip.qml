@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// The tabs of a window: an icon above a label each, side by side, all of the same width.
+T.TabBar {
+    id: root
+
+    required property Theme theme
+
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: 6
+    spacing: 4
+
+    Accessible.role: Accessible.PageTabList
+    Keys.onLeftPressed: move(mirrored ? 1 : -1)
+    Keys.onRightPressed: move(mirrored ? -1 : 1)
+
+    background: Rectangle {
+        color: root.theme.panel
+
+        Rectangle {
+            anchors.bottom: parent.bottom
+            color: root.theme.separator
+            height: 1
+            width: parent.width
+        }
+    }
+    contentItem: ListView {
+        currentIndex: root.currentIndex
+        interactive: false
+        model: root.contentModel
+        orientation: ListView.Horizontal
+        spacing: root.spacing
+    }
+
+    function move(step: int) {
+        setCurrentIndex(Math.max(0, Math.min(count - 1, currentIndex + step)));
+        currentItem.forceActiveFocus(Qt.TabFocusReason);
+    }
+}

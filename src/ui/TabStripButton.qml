@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// One tab of a TabStrip.
+T.TabButton {
+    id: root
+
+    required property Theme theme
+    required property string systemImage
+
+    readonly property color contentColor: checked ? theme.accentOnSurface : theme.secondaryText
+
+    bottomPadding: 6
+    focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
+    font.family: theme.fontFamily
+    font.pixelSize: theme.captionSize
+    font.weight: checked ? Font.DemiBold : Font.Normal
+    hoverEnabled: true
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    leftPadding: 4
+    rightPadding: 4
+    topPadding: 8
+
+    Accessible.name: text
+    // In this version of Qt a press by a screen reader reaches the control but does nothing.
+    Accessible.onPressAction: toggle()
+    Accessible.role: Accessible.PageTab
+    Accessible.selected: checked
+
+    background: Rectangle {
+        color: root.checked ? root.theme.selection : root.hovered ? root.theme.hover : "transparent"
+        radius: root.theme.buttonRadius
+
+        FocusRing {
+            radius: parent.radius
+            theme: root.theme
+            visible: root.visualFocus
+        }
+    }
+    contentItem: Column {
+        spacing: 4
+
+        Icon {
+            anchors.horizontalCenter: parent.horizontalCenter
+            color: root.contentColor
+            name: root.systemImage
+            size: root.theme.scaled(18)
+            theme: root.theme
+        }
+        Label {
+            color: root.checked ? root.contentColor : root.theme.text
+            font: root.font
+            horizontalAlignment: Text.AlignHCenter
+            text: root.text
+            theme: root.theme
+            width: parent.width
+
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// A field for one line of text.
+T.TextField {
+    id: root
+
+    required property Theme theme
+
+    bottomPadding: 5
+    color: theme.text
+    font.family: theme.fontFamily
+    font.pixelSize: theme.bodySize
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    implicitWidth: theme.scaled(200)
+    leftPadding: 9
+    placeholderTextColor: theme.tertiaryText
+    rightPadding: 9
+    selectByMouse: true
+    selectedTextColor: theme.accentText
+    selectionColor: theme.accent
+    topPadding: 5
+
+    Accessible.name: placeholderText
+    Accessible.role: Accessible.EditableText
+
+    background: Rectangle {
+        border.color: root.activeFocus ? root.theme.focusRing : root.theme.outline
+        border.width: root.activeFocus ? 2 : 1
+        color: root.theme.card
+        radius: root.theme.buttonRadius
+    }
+
+    Label {
+        color: root.placeholderTextColor
+        text: root.placeholderText
+        theme: root.theme
+        verticalAlignment: Text.AlignVCenter
+        visible: !root.length && !root.preeditText
+        width: root.availableWidth
+        x: root.leftPadding
+        y: root.topPadding
+
+        Accessible.ignored: true
+    }
+}
