@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik
+
+/// What Tarvik keeps awake besides the computer, when it starts, and what it tells the user.
+Form {
+    id: root
+
+    required property QtObject settings
+
+    Section {
+        theme: root.theme
+
+        SwitchRow {
+            isOn: root.settings.keepDisplayAwake
+            objectName: "keepDisplayAwake"
+            theme: root.theme
+            title: qsTr("Also keep the display awake")
+
+            onSwitched: on => root.settings.keepDisplayAwake = on
+        }
+        SwitchRow {
+            isOn: root.settings.launchAtLogin
+            objectName: "launchAtLogin"
+            theme: root.theme
+            title: qsTr("Launch Tarvik at login")
+
+            onSwitched: on => root.settings.launchAtLogin = on
+        }
+    }
+    Section {
+        footer: qsTr("Every change is recorded in the Journal tab either way.")
+        heading: qsTr("Notifications")
+        theme: root.theme
+
+        SwitchRow {
+            isOn: root.settings.notifyOnToggle
+            objectName: "notifyOnToggle"
+            theme: root.theme
+            title: qsTr("Notify every time Tarvik starts or stops")
+
+            onSwitched: on => root.settings.notifyOnToggle = on
+        }
+        SwitchRow {
+            isOn: root.settings.notifyOnPause
+            objectName: "notifyOnPause"
+            theme: root.theme
+            title: qsTr("Notify when paused by battery or heat")
+
+            onSwitched: on => root.settings.notifyOnPause = on
+        }
+    }
+}

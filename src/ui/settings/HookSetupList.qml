@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik
+
+/// A switch for each agent that can announce its turns. Which are on is what the agents' own files say.
+Section {
+    id: root
+
+    required property QtObject hooks
+    /// The ids of agents whose file could not be written the last time.
+    property var failed: []
+
+    footer: qsTr("Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent's config file and nothing else — and Tarvik stops watching for that agent's process, since its turns are the better signal. Turning it off removes the entry and restores process detection.")
+    heading: qsTr("Lifecycle hooks")
+
+    Repeater {
+        id: rows
+
+        model: root.hooks.agents
+
+        SwitchRow {
+            required property var modelData
+
+            readonly property bool hasFailed: root.failed.includes(modelData.id)
+
+            caption: hasFailed ? qsTr("Couldn't write ~/%1. If you've edited it by hand, check it's valid JSON — Tarvik won't overwrite a file it can't read.").arg(modelData.configPath) : ""
+            isCaptionAlarming: hasFailed
+            isOn: root.hooks.installedIds.includes(modelData.id)
+            objectName: modelData.id
+            theme: root.theme
+            title: modelData.label
+
+            onSwitched: on => on ? root.hooks.install(modelData.id) : root.hooks.uninstall(modelData.id)
+        }
+    }
+    Connections {
+        function onChanged(id, succeeded) {
+            root.failed = root.failed.filter(other => other !== id).concat(succeeded ? [] : [id]);
+            for (let index = 0; index < rows.count; ++index) {
+                if (rows.itemAt(index).objectName === id)
+                    rows.itemAt(index).restore();
+            }
+        }
+
+        target: root.hooks
+    }
+}

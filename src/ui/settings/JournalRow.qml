@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik
+
+/// One entry of the history: what happened, why, and when.
+Item {
+    id: root
+
+    required property Theme theme
+    required property int index
+    required property date at
+    required property string reason
+    required property string iconName
+    required property string iconColor
+
+    implicitHeight: Math.max(36, texts.implicitHeight + 16)
+
+    Accessible.name: qsTr("%1, %2").arg(reason).arg(time.text)
+    Accessible.role: Accessible.ListItem
+
+    Separator {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        inset: 12
+        theme: root.theme
+        visible: root.index > 0
+    }
+    Icon {
+        id: icon
+
+        anchors.left: parent.left
+        anchors.leftMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.iconColor === "orange" ? root.theme.attention : root.theme.secondaryText
+        name: root.iconName
+        theme: root.theme
+    }
+    Label {
+        id: texts
+
+        anchors.left: icon.right
+        anchors.leftMargin: 10
+        anchors.right: time.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.reason
+        theme: root.theme
+        wrapMode: Text.Wrap
+
+        Accessible.ignored: true
+    }
+    Label {
+        id: time
+
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.theme.tertiaryText
+        font.pixelSize: root.theme.captionSize
+        text: root.timeText()
+        theme: root.theme
+
+        Accessible.ignored: true
+    }
+
+    function timeText(): string {
+        const clock = Qt.formatTime(root.at, Qt.locale().timeFormat(Locale.ShortFormat));
+        if (root.at.toDateString() === new Date().toDateString())
+            return qsTr("Today %1").arg(clock);
+        return qsTr("%1 %2").arg(Qt.formatDate(root.at, Qt.locale().dateFormat(Locale.ShortFormat))).arg(clock);
+    }
+}

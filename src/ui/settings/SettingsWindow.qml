@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik
+
+/// The window of the settings, of a fixed size.
+Window {
+    id: root
+
+    required property QtObject appearance
+    required property QtObject settings
+    required property QtObject power
+    required property QtObject thermal
+    required property QtObject journal
+    required property QtObject hooks
+    required property QtObject updater
+    /// How many coding agents the catalogue knows.
+    required property int agentCount
+
+    /// The installed applications; set after `applicationsWanted`.
+    property var applications: []
+
+    signal applicationsWanted
+    /// Puts the text on the clipboard.
+    signal copyText(string text)
+
+    color: theme.window
+    height: theme.scaled(440)
+    maximumHeight: height
+    maximumWidth: width
+    minimumHeight: height
+    minimumWidth: width
+    title: qsTr("Tarvik Settings")
+    width: theme.scaled(480)
+
+    Theme {
+        id: theme
+
+        appearance: root.appearance
+    }
+    SettingsView {
+        agentCount: root.agentCount
+        anchors.fill: parent
+        applications: root.applications
+        focus: true
+        hooks: root.hooks
+        journal: root.journal
+        power: root.power
+        settings: root.settings
+        theme: theme
+        thermal: root.thermal
+        updater: root.updater
+
+        Keys.onEscapePressed: root.close()
+        onApplicationsWanted: root.applicationsWanted()
+        onCopyText: text => root.copyText(text)
+    }
+    Shortcut {
+        sequences: [StandardKey.Close]
+
+        onActivated: root.close()
+    }
+}

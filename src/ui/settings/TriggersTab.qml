@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik
+
+/// What counts as work: agents, their hooks, editors and chosen applications.
+Form {
+    id: root
+
+    required property QtObject settings
+    required property QtObject hooks
+    required property int agentCount
+    required property var applications
+
+    signal applicationsWanted
+
+    Section {
+        heading: qsTr("Coding agents")
+        theme: root.theme
+
+        SwitchRow {
+            caption: qsTr("Keep the Mac awake while any of %1 known coding agents is running.").arg(root.agentCount)
+            isOn: root.settings.watchAgents
+            objectName: "watchAgents"
+            theme: root.theme
+            title: qsTr("Watch coding agents")
+
+            onSwitched: on => root.settings.watchAgents = on
+        }
+    }
+    HookSetupList {
+        hooks: root.hooks
+        theme: root.theme
+    }
+    Section {
+        footer: qsTr("Cursor, Zed, Warp and friends run their agent inside the editor, so Tarvik can only tell that the app is open — not that it's working. Your Mac stays awake for as long as the editor is running.")
+        theme: root.theme
+
+        SwitchRow {
+            isOn: root.settings.watchEditors
+            objectName: "watchEditors"
+            theme: root.theme
+            title: qsTr("Keep awake while an AI editor is open")
+
+            onSwitched: on => root.settings.watchEditors = on
+        }
+    }
+    AllowedApps {
+        applications: root.applications
+        settings: root.settings
+        theme: root.theme
+
+        onApplicationsWanted: root.applicationsWanted()
+    }
+}

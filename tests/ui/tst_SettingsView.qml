@@ -1,0 +1,354 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tarvik
+import Tarvik.Settings
+
+Item {
+    id: root
+
+    height: 440
+    width: 480
+
+    PlainAppearance {
+        id: appearance
+    }
+    Theme {
+        id: theme
+
+        appearance: appearance
+    }
+    Component {
+        id: plainComponent
+
+        PlainSettings {}
+    }
+    PlainSettings {
+        id: initial
+    }
+    SettingsView {
+        id: view
+
+        property string copied
+
+        agentCount: 29
+        applications: []
+        anchors.fill: parent
+        hooks: initial.hooks
+        journal: initial.journal
+        power: initial.power
+        settings: initial.settings
+        theme: theme
+        thermal: initial.thermal
+        updater: initial.updater
+
+        onApplicationsWanted: applications = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "fr.handbrake", name: "HandBrake"}, {bundleID: "org.gimp", name: "GIMP"}]
+        onCopyText: text => copied = text
+    }
+    TestCase {
+        id: test
+
+        name: "SettingsView"
+        when: windowShown
+
+        readonly property var tabs: ["General", "Triggers", "Power", "Journal", "Updates"]
+        property PlainSettings plain
+
+        function init() {
+            plain = plainComponent.createObject(root);
+            for (const name of ["settings", "power", "thermal", "journal", "hooks", "updater"])
+                view[name] = plain[name];
+            view.currentTab = 0;
+            view.copied = "";
+            waitForRendering(view);
+        }
+
+        function show(tab) {
+            view.currentTab = tabs.indexOf(tab);
+        }
+
+        function find(name) {
+            const item = findChild(view, name);
+            verify(item, name);
+            return item;
+        }
+
+        function texts(item) {
+            let found = item.visible && item.text ? [item.text] : [];
+            for (let index = 0; index < item.children.length; ++index)
+                found = found.concat(texts(item.children[index]));
+            return found;
+        }
+
+        function scrollTo(item) {
+            view.currentPage.show(item);
+            waitForRendering(view);
+        }
+
+        function tryItem(list, index) {
+            tryVerify(() => list.itemAtIndex(index) !== null);
+            return list.itemAtIndex(index);
+        }
+
+        function click(name) {
+            const item = find(name);
+            scrollTo(item);
+            mouseClick(item, item.width - 20, item.height / 2);
+        }
+
+        function test_tabsAreInOrder() {
+            const bar = find("tabs");
+            compare(Array.from({length: bar.count}, (_, index) => bar.itemAt(index).text), tabs);
+        }
+
+        function test_tabsChangeByClickAndKey() {
+            const bar = find("tabs");
+            mouseClick(bar.itemAt(2));
+            compare(view.currentTab, 2);
+            keyClick(Qt.Key_Right);
+            compare(view.currentTab, 3);
+            verify(bar.itemAt(3).activeFocus);
+            keyClick(Qt.Key_Right);
+            keyClick(Qt.Key_Right);
+            compare(view.currentTab, 4);
+            keyClick(Qt.Key_Left);
+            compare(view.currentTab, 3);
+        }
+
+        function test_switchesWriteAtOnce_data() {
+            return [
+                {tag: "keepDisplayAwake", tab: "General", title: "Also keep the display awake"},
+                {tag: "launchAtLogin", tab: "General", title: "Launch Tarvik at login"},
+                {tag: "notifyOnToggle", tab: "General", title: "Notify every time Tarvik starts or stops"},
+                {tag: "notifyOnPause", tab: "General", title: "Notify when paused by battery or heat"},
+                {tag: "watchAgents", tab: "Triggers", title: "Watch coding agents"},
+                {tag: "watchEditors", tab: "Triggers", title: "Keep awake while an AI editor is open"},
+                {tag: "requireAC", tab: "Power", title: "Only keep awake while on AC power"},
+                {tag: "batteryLimitEnabled", tab: "Power", title: "Stop keeping awake below a battery level"},
+                {tag: "enableOnAC", tab: "Power", title: "Turn Tarvik on when plugged in"},
+                {tag: "pauseWhenHot", tab: "Power", title: "Pause when the Mac gets hot"},
+            ];
+        }
+
+        function test_switchesWriteAtOnce(data) {
+            show(data.tab);
+            const row = find(data.tag);
+            compare(row.title, data.title);
+            scrollTo(row);
+            const before = plain.settings[data.tag];
+            mouseClick(row, row.width - 20, row.height / 2);
+            compare(plain.settings[data.tag], !before);
+            compare(row.isOn, !before);
+            // The whole row is the switch's.
+            mouseClick(row, 30, row.height / 2);
+            compare(plain.settings[data.tag], before);
+        }
+
+        function test_aChangeFromElsewhereIsShown() {
+            const toggle = findChild(find("keepDisplayAwake"), "toggle");
+            compare(toggle.checked, false);
+            plain.settings.keepDisplayAwake = true;
+            compare(toggle.checked, true);
+        }
+
+        function test_theNumberOfAgentsIsTold() {
+            show("Triggers");
+            compare(find("watchAgents").caption, "Keep the Mac awake while any of 29 known coding agents is running.");
+        }
+
+        function test_aHookIsInstalledAndRemoved() {
+            show("Triggers");
+            scrollTo(find("codex"));
+            click("codex");
+            compare(plain.hooks.installedIds, ["claude", "codex"]);
+            click("claude");
+            compare(plain.hooks.installedIds, ["codex"]);
+            compare(find("codex").caption, "");
+        }
+
+        function test_aFileThatCannotBeWrittenIsToldUntilItCan() {
+            show("Triggers");
+            const row = find("codex");
+            scrollTo(row);
+            plain.hooks.broken = ["codex"];
+            click("codex");
+            compare(plain.hooks.installedIds, ["claude"]);
+            compare(row.caption, "Couldn't write ~/.codex/hooks.json. If you've edited it by hand, check it's valid JSON — Tarvik won't overwrite a file it can't read.");
+            verify(!findChild(row, "toggle").checked);
+            compare(find("claude").caption, "");
+
+            plain.hooks.broken = [];
+            click("codex");
+            compare(plain.hooks.installedIds, ["claude", "codex"]);
+            compare(row.caption, "");
+            verify(findChild(row, "toggle").checked);
+        }
+
+        function test_anEntryThatIsGoneFromTheFileShowsAsOff() {
+            show("Triggers");
+            plain.hooks.installedIds = [];
+            verify(!findChild(find("claude"), "toggle").checked);
+        }
+
+        function test_appsAreListedAndRemoved() {
+            show("Triggers");
+            verify(texts(view).includes("No apps added. Keep awake while a chosen app is running."));
+            plain.settings.allowlist = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "fr.handbrake", name: "HandBrake"}];
+            verify(!texts(view).includes("No apps added. Keep awake while a chosen app is running."));
+            const shown = texts(view);
+            verify(shown.indexOf("Blender") >= 0 && shown.indexOf("Blender") < shown.indexOf("HandBrake"));
+            const remove = find("remove");
+            scrollTo(remove);
+            mouseClick(remove);
+            compare(plain.settings.allowlist, [{bundleID: "fr.handbrake", name: "HandBrake"}]);
+        }
+
+        function test_anAppIsAdded_data() {
+            return [
+                {tag: "by click"},
+                {tag: "by Return"},
+            ];
+        }
+
+        function test_anAppIsAdded(data) {
+            show("Triggers");
+            const add = find("addApp");
+            scrollTo(add);
+            mouseClick(add);
+            const chooser = find("appChooser");
+            tryCompare(chooser, "opened", true);
+            const list = findChild(chooser.contentItem, "appList");
+            compare(list.count, 3);
+            keyClick("h");
+            keyClick("a");
+            keyClick("n");
+            tryCompare(list, "count", 1);
+            if (data.tag === "by click")
+                mouseClick(tryItem(list, 0));
+            else
+                keyClick(Qt.Key_Return);
+            compare(plain.settings.allowlist, [{bundleID: "fr.handbrake", name: "HandBrake"}]);
+            tryCompare(chooser, "visible", false);
+        }
+
+        function test_choosingAnAppCanBeCancelled() {
+            show("Triggers");
+            scrollTo(find("addApp"));
+            mouseClick(find("addApp"));
+            const chooser = find("appChooser");
+            tryCompare(chooser, "opened", true);
+            keyClick("x");
+            tryCompare(findChild(chooser.contentItem, "appList"), "count", 0);
+            keyClick(Qt.Key_Return);
+            verify(chooser.opened);
+            keyClick(Qt.Key_Escape);
+            tryCompare(chooser, "visible", false);
+            compare(plain.settings.allowlist, []);
+        }
+
+        function test_theBatteryLevelIsThereOnlyWithItsLimit() {
+            show("Power");
+            verify(find("batteryThreshold").visible);
+            plain.settings.batteryLimitEnabled = false;
+            verify(!find("batteryThreshold").visible);
+        }
+
+        function test_theBatteryLevelStaysFrom5To95InStepsOf5() {
+            show("Power");
+            const slider = find("batteryThreshold");
+            waitForRendering(view);
+            mousePress(slider, slider.width / 2, slider.height / 2);
+            mouseMove(slider, slider.width / 2 + 31, slider.height / 2);
+            compare(plain.settings.batteryThreshold % 5, 0);
+            mouseMove(slider, -100, slider.height / 2);
+            compare(plain.settings.batteryThreshold, 5);
+            compare(find("batteryThresholdText").text, "5%");
+            mouseMove(slider, slider.width + 100, slider.height / 2);
+            mouseRelease(slider, slider.width + 100, slider.height / 2);
+            compare(plain.settings.batteryThreshold, 95);
+            keyClick(Qt.Key_Right);
+            compare(plain.settings.batteryThreshold, 95);
+            keyClick(Qt.Key_Left);
+            compare(plain.settings.batteryThreshold, 90);
+        }
+
+        function test_theBatteryIsTold_data() {
+            const none = "No internal battery detected — these conditions have no effect.";
+            return [
+                {tag: "on battery", hasBattery: true, percent: 80, isOnAC: false, text: "Currently 80% • on battery"},
+                {tag: "on AC power", hasBattery: true, percent: 7, isOnAC: true, text: "Currently 7% • on AC power"},
+                {tag: "empty", hasBattery: true, percent: 0, isOnAC: false, text: "Currently 0% • on battery"},
+                {tag: "unknown level", hasBattery: true, percent: undefined, isOnAC: false, text: none},
+                {tag: "no battery", hasBattery: false, percent: undefined, isOnAC: true, text: none},
+            ];
+        }
+
+        function test_theBatteryIsTold(data) {
+            show("Power");
+            plain.power.hasBattery = data.hasBattery;
+            plain.power.batteryPercent = data.percent;
+            plain.power.isOnAC = data.isOnAC;
+            compare(find("battery").footer, data.text);
+            verify(find("requireAC").enabled);
+        }
+
+        function test_theTemperatureIsTold() {
+            show("Power");
+            plain.thermal.stateText = "very hot";
+            compare(find("heat").footer, "Temperature is currently very hot. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.");
+        }
+
+        function test_theJournalIsListedCopiedAndCleared() {
+            show("Journal");
+            verify(find("noEntries").visible);
+            compare(find("noEntries").text, "Nothing yet. Tarvik records every time it starts, stops, or pauses.");
+            verify(!find("copy").enabled);
+            plain.journal.record(new Date(), "Paused — on battery", "pause.circle", "orange");
+            plain.journal.record(new Date(2025, 0, 31, 17, 4), "Awake · 1 agent", "bolt.fill", "secondary");
+            compare(find("entries").count, 2);
+            tryVerify(() => !find("noEntries").visible);
+            tryVerify(() => find("entries").itemAtIndex(0) && find("entries").itemAtIndex(1));
+            const rows = [0, 1].map(index => find("entries").itemAtIndex(index));
+            compare(rows.map(row => row.reason), ["Awake · 1 agent", "Paused — on battery"]);
+            verify(!rows[0].timeText().startsWith("Today "));
+            verify(rows[1].timeText().startsWith("Today "), rows[1].timeText());
+            mouseClick(find("copy"));
+            compare(view.copied, "the journal");
+            mouseClick(find("clear"));
+            compare(find("entries").count, 0);
+        }
+
+        function test_updatesAreLookedForOnlyWhenPossible() {
+            show("Updates");
+            plain.updater.canCheckForUpdates = false;
+            verify(!find("check").enabled);
+            plain.updater.canCheckForUpdates = true;
+            mouseClick(find("check"));
+            compare(plain.updater.checks, 1);
+            click("automaticallyChecks");
+            compare(plain.updater.automaticallyChecksForUpdates, false);
+            click("automaticallyDownloads");
+            compare(plain.updater.automaticallyDownloadsUpdates, true);
+        }
+
+        function test_theLastCheckIsTold_data() {
+            return [
+                {tag: "now", seconds: 0, text: "Last checked 0 seconds ago"},
+                {tag: "a minute", seconds: 61, text: "Last checked 1 minute ago"},
+                {tag: "hours", seconds: 2 * 3600 + 1800, text: "Last checked 2 hours ago"},
+                {tag: "days", seconds: 6 * 86400, text: "Last checked 6 days ago"},
+                {tag: "a week", seconds: 7 * 86400, text: "Last checked 1 week ago"},
+                {tag: "years", seconds: 800 * 86400, text: "Last checked 2 years ago"},
+            ];
+        }
+
+        function test_theLastCheckIsTold(data) {
+            show("Updates");
+            const now = new Date();
+            compare(view.currentPage.lastCheck(now), "Not checked yet.");
+            plain.updater.lastUpdateCheckDate = new Date(now - data.seconds * 1000);
+            compare(view.currentPage.lastCheck(now), data.text);
+        }
+    }
+}
