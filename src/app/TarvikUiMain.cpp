@@ -6,6 +6,8 @@
 #include "bus/UiWire.h"
 #include "bus/WindowsAdaptor.h"
 #include "core/Translation.h"
+#include "platform/linux/InstalledAppBundle.h"
+#include "platform/linux/applications/InstalledApplications.h"
 #include "ui/Appearance.h"
 #include "ui/LayerShell.h"
 #include "ui/WindowKeeper.h"
@@ -75,6 +77,7 @@ int main(int argc, char** argv)
     const Tarvik::Translation translation;
     QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
     QGuiApplication::setApplicationName(u"Tarvik"_s);
+    QGuiApplication::setApplicationVersion(Tarvik::installedAppBundle().shortVersion);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     chooseFont();
 
@@ -90,7 +93,7 @@ int main(int argc, char** argv)
     Tarvik::CoordinatorMirror coordinator(bus);
     Tarvik::SettingsMirror settings(bus);
     Tarvik::Appearance appearance(bus);
-    Tarvik::WindowKeeper keeper({coordinator, settings, appearance}, bus, linger);
+    Tarvik::WindowKeeper keeper({coordinator, settings, appearance, Tarvik::installedApplications}, bus, linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
     QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);

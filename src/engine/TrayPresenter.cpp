@@ -124,9 +124,6 @@ TrayMenu TrayPresenter::menu() const
     statusLine.isEnabled = false;
     TrayMenuEntry onOffSwitch = command(Entry::onOff, u"Tarvik"_s);
     onOffSwitch.isChecked = m_settings.isEnabled();
-    TrayMenuEntry settings = command(Entry::openSettings, QCoreApplication::translate("TrayPresenter", "Settings…"));
-    // There is no settings window yet.
-    settings.isEnabled = false;
     return {
         statusLine,
         separator(Entry::separatorAboveSwitch),
@@ -134,7 +131,7 @@ TrayMenu TrayPresenter::menu() const
         sessionEntry(),
         command(Entry::lockAndLeave, QCoreApplication::translate("TrayPresenter", "Lock & leave")),
         separator(Entry::separatorAboveSettings),
-        settings,
+        command(Entry::openSettings, QCoreApplication::translate("TrayPresenter", "Settings…")),
         command(Entry::quit, QCoreApplication::translate("TrayPresenter", "Quit Tarvik")),
     };
 }

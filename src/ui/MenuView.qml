@@ -12,8 +12,6 @@ FocusScope {
     required property QtObject coordinator
     /// isEnabled, read and written.
     required property QtObject settings
-    /// Whether there is a settings window to open.
-    required property bool hasSettingsWindow
 
     readonly property bool sessionHovered: sessionRow.hovered
 
@@ -102,35 +100,17 @@ FocusScope {
                 width: column.rowWidth
             }
             MenuRow {
-                id: settingsRow
-
                 objectName: "settingsRow"
                 systemImage: "gearshape"
                 theme: root.theme
                 title: qsTr("Settings…")
                 width: column.rowWidth
 
-                Accessible.description: settingsTip.text
-
                 action: T.Action {
-                    enabled: root.hasSettingsWindow
-
                     onTriggered: {
                         root.openSettings();
                         root.dismissed();
                     }
-                }
-
-                HelpTip {
-                    id: settingsTip
-
-                    isMirrored: settingsRow.mirrored
-                    objectName: "settingsTip"
-                    text: root.hasSettingsWindow ? "" : qsTr("There is no settings window yet.")
-                    theme: root.theme
-                    visible: text && settingsRow.hovered
-                    x: (settingsRow.width - width) / 2
-                    y: settingsRow.height + 2
                 }
             }
             MenuRow {

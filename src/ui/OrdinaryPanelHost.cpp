@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/OrdinaryPanelHost.h"
 
+#include "ui/WindowActivation.h"
+
 #include <QQuickWindow>
 
 #include <algorithm>
@@ -20,11 +22,7 @@ OrdinaryPanelHost::OrdinaryPanelHost(QQuickWindow& panel)
 
 void OrdinaryPanelHost::open(QPoint, const QString& activationToken)
 {
-    panel().show();
-    // By this Qt tells the compositor that the user wanted the window.
-    if (!activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    panel().requestActivate();
+    showAndActivate(panel(), activationToken);
 }
 
 } // namespace Tarvik

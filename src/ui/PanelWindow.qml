@@ -9,7 +9,6 @@ Window {
     required property QtObject appearance
     required property QtObject coordinator
     required property QtObject settings
-    required property bool hasSettingsWindow
     /// Whether transparent windows are possible.
     required property bool isComposited
 
@@ -61,7 +60,6 @@ Window {
 
             anchors.fill: parent
             coordinator: root.coordinator
-            hasSettingsWindow: root.hasSettingsWindow
             settings: root.settings
             theme: theme
 

@@ -4,17 +4,10 @@
 
 #include "bus/CoordinatorMirror.h"
 #include "bus/SettingsMirror.h"
-#include "core/Logging.h"
 #include "ui/Appearance.h"
 #include "ui/IconProvider.h"
-#include "ui/LayerShell.h"
-#include "ui/PanelHost.h"
+#include "ui/SettingsWindow.h"
 #include "ui/ShadowProvider.h"
-
-#include <QCoreApplication>
-#include <QQmlComponent>
-#include <QQuickItem>
-#include <QQuickWindow>
 
 #include <utility>
 
@@ -25,28 +18,15 @@ namespace Tarvik {
 
 namespace {
 
-/// The portal may have to be started; the panel does not wait for that long.
+/// The portal may have to be started; a window does not wait for that long.
 constexpr auto patience = 200ms;
-/// A click on the tray takes the focus from the panel before the tray reports it.
-constexpr qint64 sameClickMilliseconds = 250;
-
-/// The panel offers it only once there is one.
-constexpr bool hasSettingsWindow = false;
-
-/// Lays out what would otherwise be laid out with the first frame, so that the window has its size before it is shown.
-void layOut(QQuickItem& item)
-{
-    for (QQuickItem* child : item.childItems())
-        layOut(*child);
-    item.ensurePolished();
-}
 
 } // namespace
 
-WindowKeeper::WindowKeeper(const Models& models, const QDBusConnection& bus, std::chrono::milliseconds linger)
-    : m_models(models)
+WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chrono::milliseconds linger)
+    : m_models(std::move(models))
     , m_bus(bus)
-    , m_layerShell(LayerShell::ofApplication())
+    , m_panel(m_engine, {m_models.coordinator, m_models.settings, m_models.appearance}, bus)
 {
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
     m_engine.addImageProvider(u"icons"_s, new IconProvider);
@@ -56,43 +36,29 @@ WindowKeeper::WindowKeeper(const Models& models, const QDBusConnection& bus, std
     m_linger.setInterval(linger);
     connect(&m_patience, &QTimer::timeout, this, &WindowKeeper::openWhenReady);
     connect(&m_linger, &QTimer::timeout, this, &WindowKeeper::finished);
-    connect(&models.appearance, &Appearance::known, this, &WindowKeeper::openWhenReady);
-    connect(&models.coordinator, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
-    connect(&models.settings, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
+    connect(&m_models.appearance, &Appearance::known, this, &WindowKeeper::openWhenReady);
+    connect(&m_models.coordinator, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
+    connect(&m_models.settings, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
+    connect(&m_panel, &Panel::visibleChanged, this, &WindowKeeper::followVisibility);
+    connect(&m_panel, &Panel::settingsWanted, this, [this] { showSettings({}); });
     m_patience.start(patience);
     m_linger.start();
 }
 
-WindowKeeper::~WindowKeeper()
-{
-    // An open panel hides when it goes, when nothing is left to act on that.
-    if (m_panel)
-        m_panel->disconnect(this);
-}
+WindowKeeper::~WindowKeeper() = default;
 
 void WindowKeeper::showPanel(QPoint click, const QString& activationToken)
 {
-    const bool isInFront = m_panel && m_panel->isVisible() && (m_panel->isActive() || m_panelHost->isTransient());
-    if (isInFront) {
-        m_panel->close();
+    if (m_panel.closeByClick())
         return;
-    }
-    if (m_sinceFocusLoss.isValid() && !m_sinceFocusLoss.hasExpired(sameClickMilliseconds)) {
-        m_sinceFocusLoss.invalidate();
-        return;
-    }
     m_wantedPanel = Click{click, activationToken};
     openWhenReady();
 }
 
-void WindowKeeper::showSettings(const QString&)
+void WindowKeeper::showSettings(const QString& activationToken)
 {
-    qCWarning(logSystem, "The settings window is not there yet");
-}
-
-void WindowKeeper::openSettings()
-{
-    showSettings({});
+    m_wantedSettings = activationToken;
+    openWhenReady();
 }
 
 bool WindowKeeper::isReady() const
@@ -103,59 +69,31 @@ bool WindowKeeper::isReady() const
 
 void WindowKeeper::openWhenReady()
 {
-    if (m_wantedPanel && isReady())
-        openPanel(*std::exchange(m_wantedPanel, std::nullopt));
-}
-
-void WindowKeeper::openPanel(const Click& click)
-{
-    if (!m_panel && !createPanel())
+    if (!isReady())
         return;
-    m_panel->setProperty("isComposited", m_panelHost->isComposited());
-    layOut(*m_panel->contentItem());
-    m_panelHost->open(click.point, click.activationToken);
+    if (const auto click = std::exchange(m_wantedPanel, std::nullopt))
+        m_panel.open(click->point, click->activationToken);
+    if (const auto activationToken = std::exchange(m_wantedSettings, std::nullopt))
+        openSettings(*activationToken);
 }
 
-bool WindowKeeper::createPanel()
+void WindowKeeper::openSettings(const QString& activationToken)
 {
-    QQmlComponent component(&m_engine, QUrl(u"qrc:/qt/qml/Tarvik/PanelWindow.qml"_s));
-    QObject* object = component.createWithInitialProperties({
-        {u"appearance"_s, QVariant::fromValue<QObject*>(&m_models.appearance)},
-        {u"coordinator"_s, QVariant::fromValue<QObject*>(&m_models.coordinator)},
-        {u"settings"_s, QVariant::fromValue<QObject*>(&m_models.settings)},
-        {u"hasSettingsWindow"_s, hasSettingsWindow},
-        {u"isComposited"_s, true},
-    });
-    m_panel.reset(qobject_cast<QQuickWindow*>(object));
-    if (!m_panel) {
-        qCWarning(logSystem, "The panel cannot be shown: %ls", qUtf16Printable(component.errorString()));
-        return false;
+    if (!m_settings) {
+        m_settings = std::make_unique<SettingsWindow>(m_engine,
+            SettingsWindow::Models{m_models.settings, m_models.appearance, m_models.installedApplications},
+            m_bus);
+        connect(m_settings.get(), &SettingsWindow::visibleChanged, this, &WindowKeeper::followVisibility);
     }
-    QQuickWindow* panel = m_panel.get();
-    connect(panel, SIGNAL(lockScreen()), &m_models.coordinator, SLOT(lockScreen()));
-    connect(panel, SIGNAL(quit()), &m_models.coordinator, SLOT(quit()));
-    connect(panel, SIGNAL(openSettings()), this, SLOT(openSettings()));
-    connect(panel, &QWindow::visibleChanged, this, &WindowKeeper::panelVisibleChanged);
-    m_panelHost = PanelHost::create(*panel, m_layerShell.get(), m_bus);
-    connect(panel, &QWindow::activeChanged, this, [this, panel] {
-        if (panel->isActive() || !panel->isVisible() || !m_panelHost->isTransient())
-            return;
-        m_sinceFocusLoss.start();
-        panel->close();
-    });
-    return true;
+    m_settings->show(activationToken);
 }
 
-void WindowKeeper::panelVisibleChanged(bool visible)
+void WindowKeeper::followVisibility()
 {
-    if (visible) {
+    if (m_panel.isVisible() || (m_settings && m_settings->isVisible()))
         m_linger.stop();
-        return;
-    }
-    m_linger.start();
-    // Nobody tells a hidden window that the pointer has left it; what was under the pointer would stay highlighted.
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(m_panel.get(), &leave);
+    else
+        m_linger.start();
 }
 
 } // namespace Tarvik

@@ -2,26 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/AllowlistedApp.h"
+#include "ui/Panel.h"
+
 #include <QDBusConnection>
-#include <QElapsedTimer>
 #include <QPoint>
 #include <QQmlEngine>
 #include <QString>
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
-class QQuickWindow;
-
 namespace Tarvik {
 
-class Appearance;
-class CoordinatorMirror;
-class LayerShell;
-class PanelHost;
-class SettingsMirror;
+class SettingsWindow;
 
 /// Tarvik's windows, each at most once. They are kept when they are closed, so that they open quickly the next time;
 /// some time after the last one was closed the keeper is `finished`.
@@ -34,9 +31,11 @@ public:
         CoordinatorMirror& coordinator;
         SettingsMirror& settings;
         Appearance& appearance;
+        /// Called when the user is about to choose one.
+        std::function<QList<AllowlistedApp>()> installedApplications;
     };
 
-    WindowKeeper(const Models& models, const QDBusConnection& bus, std::chrono::milliseconds linger);
+    WindowKeeper(Models models, const QDBusConnection& bus, std::chrono::milliseconds linger);
     ~WindowKeeper() override;
 
     /// See com.morvanta.TarvikUi.Windows1.xml.
@@ -47,9 +46,6 @@ Q_SIGNALS:
     /// No window has been open for a while.
     void finished();
 
-private Q_SLOTS:
-    void openSettings();
-
 private:
     struct Click {
         QPoint point;
@@ -58,20 +54,17 @@ private:
 
     bool isReady() const;
     void openWhenReady();
-    void openPanel(const Click& click);
-    bool createPanel();
-    void panelVisibleChanged(bool visible);
+    void openSettings(const QString& activationToken);
+    void followVisibility();
 
     Models m_models;
     QDBusConnection m_bus;
     QQmlEngine m_engine;
-    /// Null on other platforms.
-    std::unique_ptr<LayerShell> m_layerShell;
-    std::unique_ptr<QQuickWindow> m_panel;
-    std::unique_ptr<PanelHost> m_panelHost;
-    /// Waits until everything is known that the panel shows.
+    Panel m_panel;
+    std::unique_ptr<SettingsWindow> m_settings;
+    /// Wait until everything is known that all windows show.
     std::optional<Click> m_wantedPanel;
-    QElapsedTimer m_sinceFocusLoss;
+    std::optional<QString> m_wantedSettings;
     QTimer m_patience;
     QTimer m_linger;
 };

@@ -3,6 +3,7 @@
 #include "ui/X11PanelHost.h"
 
 #include "ui/PanelPlacement.h"
+#include "ui/WindowActivation.h"
 #include "ui/X11Hints.h"
 
 #include <QCursor>
@@ -49,9 +50,7 @@ void X11PanelHost::open(QPoint click, const QString& activationToken)
     panel().create();
     X11Hints::skipTaskbar(panel());
     X11Hints::setShadow(panel(), shadow());
-    X11Hints::setStartupId(panel(), activationToken);
-    panel().show();
-    panel().requestActivate();
+    showAndActivate(panel(), activationToken);
 }
 
 void X11PanelHost::locate(QPoint click)

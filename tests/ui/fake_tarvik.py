@@ -17,6 +17,8 @@ from gi.repository import Gio, GLib
 BUS_DIRECTORY = pathlib.Path(__file__).resolve().parents[2] / "src" / "bus"
 COORDINATOR = "com.morvanta.Tarvik.Coordinator1"
 SETTINGS = "com.morvanta.Tarvik.Settings1"
+OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "Power", "Thermal", "Updater"))
+INITIAL = {"b": True, "i": 20, "s": "", "d": 0.0, "as": [], "a(ss)": [], "a(sdss)": []}
 
 # isAwake, isPaused, title, statusReason, statusSubtitle, statusDetails, isTimedSessionActive
 STATES = {
@@ -37,12 +39,13 @@ class FakeTarvik:
         self.loop = GLib.MainLoop()
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         self.types = {}
-        self.values = {COORDINATOR: {}, SETTINGS: {}}
-        for interface in (COORDINATOR, SETTINGS):
+        self.values = {}
+        for interface in (COORDINATOR, SETTINGS, *OTHERS):
+            self.values[interface] = {}
             info = Gio.DBusNodeInfo.new_for_xml((BUS_DIRECTORY / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
             for item in info.properties:
                 self.types[item.name] = item.signature
-                self.values[interface][item.name] = {"b": True, "i": 20, "s": "", "d": 0.0, "a(ss)": []}[item.signature]
+                self.values[interface][item.name] = INITIAL[item.signature]
             self.bus.register_object("/com/morvanta/Tarvik", info, self.called, self.get, self.set)
         self.enter(state)
         Gio.bus_own_name_on_connection(self.bus, "com.morvanta.Tarvik", Gio.BusNameOwnerFlags.NONE, lambda *_: self.say("ready"), None)

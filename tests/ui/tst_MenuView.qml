@@ -41,7 +41,6 @@ Item {
         id: view
 
         coordinator: coordinator
-        hasSettingsWindow: true
         height: implicitHeight
         settings: settings
         theme: theme
@@ -74,7 +73,6 @@ Item {
             coordinator.isTimedSessionActive = false;
             coordinator.sessions = [];
             settings.isEnabled = true;
-            view.hasSettingsWindow = true;
             view.LayoutMirroring.enabled = false;
             sessionRow.menu.close();
             tryVerify(() => !sessionRow.menu.visible);
@@ -232,27 +230,6 @@ Item {
         function test_settingsOpensAndThenCloses() {
             mouseClick(findChild(view, "settingsRow"));
             compare(signalled, ["openSettings", "dismissed"]);
-        }
-
-        function test_settingsCannotBeOpenedWithoutAWindowForThem() {
-            const row = findChild(view, "settingsRow");
-            const tip = findChild(view, "settingsTip");
-            compare(row.contentItem.opacity, 1);
-            mouseMove(row, 40, row.height / 2);
-            tryVerify(() => row.hovered);
-            compare(tip.visible, false);
-            view.hasSettingsWindow = false;
-            compare(row.contentItem.opacity, 0.5);
-            compare(findChild(row, "highlight").color, "#00000000");
-            mouseClick(row);
-            row.Accessible.pressAction();
-            compare(signalled, []);
-            tryVerify(() => tip.visible);
-            compare(tip.text, "There is no settings window yet.");
-            compare(row.Accessible.description, tip.text);
-            for (let step = 0; step < 4; ++step)
-                keyClick(Qt.Key_Down);
-            compare(focusedName(), "quitRow");
         }
 
         function test_quitOnlyAsks() {

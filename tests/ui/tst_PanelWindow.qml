@@ -29,7 +29,6 @@ TestCase {
 
         appearance: appearance
         coordinator: coordinator
-        hasSettingsWindow: true
         isComposited: false
         settings: settings
     }

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPoint>
+
+#include <memory>
+
+class QQmlEngine;
+class QQuickWindow;
+
+namespace Tarvik {
+
+class Appearance;
+class CoordinatorMirror;
+class LayerShell;
+class PanelHost;
+class SettingsMirror;
+
+/// The panel's window, made when it is first opened and kept from then on.
+class Panel : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the panel shows; must outlive it, as must the engine.
+    struct Models {
+        CoordinatorMirror& coordinator;
+        SettingsMirror& settings;
+        Appearance& appearance;
+    };
+
+    Panel(QQmlEngine& engine, const Models& models, const QDBusConnection& bus);
+    ~Panel() override;
+
+    bool isVisible() const;
+    /// Closes the panel if it is in front. Also true when the click that is reported now has closed it already.
+    bool closeByClick();
+    /// See com.morvanta.TarvikUi.Windows1.xml.
+    void open(QPoint click, const QString& activationToken);
+
+Q_SIGNALS:
+    void visibleChanged();
+    void settingsWanted();
+
+private:
+    bool create();
+    void forgetPointer();
+
+    QQmlEngine& m_engine;
+    Models m_models;
+    QDBusConnection m_bus;
+    /// Null on other platforms.
+    std::unique_ptr<LayerShell> m_layerShell;
+    std::unique_ptr<QQuickWindow> m_window;
+    std::unique_ptr<PanelHost> m_host;
+    QElapsedTimer m_sinceFocusLoss;
+};
+
+} // namespace Tarvik

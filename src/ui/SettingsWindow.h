@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bus/HooksMirror.h"
+#include "bus/JournalMirror.h"
+#include "bus/PowerMirror.h"
+#include "bus/ThermalMirror.h"
+#include "bus/UpdaterMirror.h"
+#include "core/AllowlistedApp.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QQmlEngine;
+class QQuickWindow;
+
+namespace Tarvik {
+
+class Appearance;
+class SettingsMirror;
+
+/// The window of the settings with what only it shows of Tarvik.
+class SettingsWindow : public QObject {
+    Q_OBJECT
+
+public:
+    /// What others show as well; must outlive the window, as must the engine.
+    struct Models {
+        SettingsMirror& settings;
+        Appearance& appearance;
+        std::function<QList<AllowlistedApp>()> installedApplications;
+    };
+
+    SettingsWindow(QQmlEngine& engine, Models models, const QDBusConnection& bus);
+    ~SettingsWindow() override;
+
+    bool isVisible() const;
+    /// Once everything is known that the window shows; one that is open comes to the front.
+    void show(const QString& activationToken);
+
+Q_SIGNALS:
+    void visibleChanged();
+
+private Q_SLOTS:
+    void listApplications();
+    void copyText(const QString& text);
+
+private:
+    void showWhenReady();
+    bool create();
+
+    QQmlEngine& m_engine;
+    Models m_models;
+    PowerMirror m_power;
+    ThermalMirror m_thermal;
+    JournalMirror m_journal;
+    HooksMirror m_hooks;
+    UpdaterMirror m_updater;
+    std::array<PropertyMirror*, 5> m_mirrors;
+    std::unique_ptr<QQuickWindow> m_window;
+    /// The activation token of a window that is wanted but not shown yet.
+    std::optional<QString> m_wanted;
+};
+
+} // namespace Tarvik
