@@ -77,7 +77,8 @@ int main(int argc, char** argv)
     const Tarvik::Translation translation;
     QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
     QGuiApplication::setApplicationName(u"Tarvik"_s);
-    QGuiApplication::setApplicationVersion(Tarvik::installedAppBundle().shortVersion);
+    const Tarvik::AppBundle bundle = Tarvik::installedAppBundle();
+    QGuiApplication::setApplicationVersion(bundle.shortVersion);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     chooseFont();
 
@@ -93,7 +94,8 @@ int main(int argc, char** argv)
     Tarvik::CoordinatorMirror coordinator(bus);
     Tarvik::SettingsMirror settings(bus);
     Tarvik::Appearance appearance(bus);
-    Tarvik::WindowKeeper keeper({coordinator, settings, appearance, Tarvik::installedApplications}, bus, linger);
+    Tarvik::WindowKeeper keeper(
+        {coordinator, settings, appearance, Tarvik::installedApplications, bundle.iconDirectory()}, bus, linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
     QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);

@@ -10,6 +10,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQmlComponent>
 #include <QQuickWindow>
 
@@ -19,6 +20,19 @@
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
+
+namespace {
+
+/// For desktops that do not find it by the name of the desktop file.
+QIcon applicationIcon(const QString& directory)
+{
+    QIcon icon;
+    for (const int size : {48, 128})
+        icon.addFile(u"%1/hicolor/%2x%2/apps/com.morvanta.Tarvik.png"_s.arg(directory).arg(size));
+    return icon;
+}
+
+} // namespace
 
 SettingsWindow::SettingsWindow(QQmlEngine& engine, Models models, const QDBusConnection& bus)
     : m_engine(engine)
@@ -85,6 +99,7 @@ bool SettingsWindow::create()
         qCWarning(logSystem, "The settings cannot be shown: %ls", qUtf16Printable(component.errorString()));
         return false;
     }
+    m_window->setIcon(applicationIcon(m_models.iconDirectory));
     connect(m_window.get(), SIGNAL(applicationsWanted()), this, SLOT(listApplications()));
     connect(m_window.get(), SIGNAL(copyText(QString)), this, SLOT(copyText(QString)));
     connect(m_window.get(), &QWindow::visibleChanged, this, &SettingsWindow::visibleChanged);

@@ -32,6 +32,8 @@ public:
         SettingsMirror& settings;
         Appearance& appearance;
         std::function<QList<AllowlistedApp>()> installedApplications;
+        /// Where the theme "hicolor" with the application's icon is.
+        QString iconDirectory;
     };
 
     SettingsWindow(QQmlEngine& engine, Models models, const QDBusConnection& bus);

@@ -81,7 +81,8 @@ void WindowKeeper::openSettings(const QString& activationToken)
 {
     if (!m_settings) {
         m_settings = std::make_unique<SettingsWindow>(m_engine,
-            SettingsWindow::Models{m_models.settings, m_models.appearance, m_models.installedApplications},
+            SettingsWindow::Models{
+                m_models.settings, m_models.appearance, m_models.installedApplications, m_models.iconDirectory},
             m_bus);
         connect(m_settings.get(), &SettingsWindow::visibleChanged, this, &WindowKeeper::followVisibility);
     }

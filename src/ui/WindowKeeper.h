@@ -33,6 +33,8 @@ public:
         Appearance& appearance;
         /// Called when the user is about to choose one.
         std::function<QList<AllowlistedApp>()> installedApplications;
+        /// Where the theme "hicolor" with the application's icon is.
+        QString iconDirectory;
     };
 
     WindowKeeper(Models models, const QDBusConnection& bus, std::chrono::milliseconds linger);

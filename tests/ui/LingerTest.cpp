@@ -45,7 +45,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_keeper.emplace(WindowKeeper::Models{m_coordinator, m_settings, m_appearance, {}}, m_bus, linger);
+        m_keeper.emplace(WindowKeeper::Models{m_coordinator, m_settings, m_appearance, {}, {}}, m_bus, linger);
         m_finished.emplace(&*m_keeper, &WindowKeeper::finished);
     }
 
