@@ -126,8 +126,10 @@ private:
     }
 
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"observer"_s);
-    DesktopPowerAssertions m_assertions{
-        QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"subject"_s), QDBusConnection(u"nowhere"_s), {}};
+    DesktopPowerAssertions m_assertions{QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"subject"_s),
+        QDBusConnection(u"nowhere"_s),
+        {},
+        nullptr};
 };
 
 QTEST_GUILESS_MAIN(RealLogindTest)
