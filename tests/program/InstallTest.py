@@ -60,9 +60,13 @@ class InstallTest(unittest.TestCase):
 
     def quit(self):
         """Ends Tarvik, and with it its windows' process."""
-        subprocess.run(["busctl", "--user", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik", "com.morvanta.Tarvik.Coordinator1",
-                        "Quit"], check=False, capture_output=True)
-        eventually(lambda: executable_of("com.morvanta.Tarvik") is None, "Tarvik ends")
+        def is_gone():
+            # It has its name on the bus a moment before it listens.
+            subprocess.run(["busctl", "--user", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik",
+                            "com.morvanta.Tarvik.Coordinator1", "Quit"], check=False, capture_output=True)
+            return executable_of("com.morvanta.Tarvik") is None
+
+        eventually(is_gone, "Tarvik ends")
         eventually(lambda: executable_of("com.morvanta.TarvikUi") is None, "its windows end")
 
     def test_everything_lies_below_the_prefix_given_when_installing(self):
