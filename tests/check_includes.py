@@ -26,8 +26,12 @@ ALLOWED = {
     "monitors": {"core", "platform"} | SERVICES,
     "engine": {"core", "platform", "monitors"} | SERVICES,
     "bus": {"core", "platform", "monitors", "engine"} | SERVICES,
-    "ui": {"core", "bus"},
-    "app": {"core", "platform", LINUX, "monitors", "engine", "bus", "ui"} | SERVICES,
+    "ui/design": {"core", "bus"},
+    "ui/placement": {"core", "bus"},
+    "ui/panel": {"core", "bus", "ui/design", "ui/placement"},
+    "ui/settings": {"core", "bus", "ui/design", "ui/placement"},
+    "ui": {"core", "bus", "ui/design", "ui/panel", "ui/settings"},
+    "app": {"core", "platform", LINUX, "monitors", "engine", "bus", "ui", "ui/design", "ui/placement"} | SERVICES,
 }
 # The tool and the helper are not Qt programs: of src/ they see only these headers, which need no Qt.
 WITHOUT_QT = {"hooks/HookSpec.h", "platform/HookWire.h", "platform/StatusWire.h", "platform/linux/kernel/FileDescriptor.h"}

@@ -8,10 +8,10 @@
 #include "core/Translation.h"
 #include "platform/linux/InstalledAppBundle.h"
 #include "platform/linux/applications/InstalledApplications.h"
-#include "ui/Appearance.h"
-#include "ui/LayerShell.h"
 #include "ui/WindowKeeper.h"
-#include "ui/X11Scale.h"
+#include "ui/design/Appearance.h"
+#include "ui/placement/LayerShell.h"
+#include "ui/placement/X11Scale.h"
 
 #include <QDBusConnection>
 #include <QFontDatabase>

@@ -4,10 +4,10 @@
 
 #include "bus/CoordinatorMirror.h"
 #include "bus/SettingsMirror.h"
-#include "ui/Appearance.h"
-#include "ui/IconProvider.h"
-#include "ui/SettingsWindow.h"
-#include "ui/ShadowProvider.h"
+#include "ui/design/Appearance.h"
+#include "ui/design/IconProvider.h"
+#include "ui/design/ShadowProvider.h"
+#include "ui/settings/SettingsWindow.h"
 
 #include <utility>
 

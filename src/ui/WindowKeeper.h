@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/AllowlistedApp.h"
-#include "ui/Panel.h"
+#include "ui/panel/Panel.h"
 
 #include <QDBusConnection>
 #include <QPoint>

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtTest
-import Tarvik
+import Tarvik.Design
+import Tarvik.Panel
 import "../ui"
 
 /// Under a translation that marks every text and makes it longer.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "ui/Appearance.h"
+#include "ui/design/Appearance.h"
 
 #include "fakes/FakeDBusService.h"
 #include "support/TestSupport.h"

@@ -4,8 +4,8 @@
 #include "bus/SettingsMirror.h"
 #include "fakes/FakeDBusService.h"
 #include "support/TestSupport.h"
-#include "ui/Appearance.h"
 #include "ui/WindowKeeper.h"
+#include "ui/design/Appearance.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>

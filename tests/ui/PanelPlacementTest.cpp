@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "ui/PanelPlacement.h"
+#include "ui/placement/PanelPlacement.h"
 
 #include "support/TestSupport.h"
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 #include "core/Translation.h"
-#include "ui/IconProvider.h"
-#include "ui/ShadowProvider.h"
+#include "ui/design/IconProvider.h"
+#include "ui/design/ShadowProvider.h"
 
 #include <QQmlEngine>
 #include <QtQuickTest>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "ui/X11Scale.h"
+#include "ui/placement/X11Scale.h"
 
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"

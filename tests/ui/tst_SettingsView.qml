@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtTest
-import Tarvik
+import Tarvik.Design
 import Tarvik.Settings
 
 Item {

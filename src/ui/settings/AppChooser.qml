@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
-import Tarvik
+import Tarvik.Design
 
 /// Chooses one of the installed applications.
 Sheet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tarvik
+import Tarvik.Design
 
 /// What Tarvik keeps awake besides the computer, when it starts, and what it tells the user.
 Form {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tarvik
+import Tarvik.Design
 
 /// A switch for each agent that can announce its turns. Which are on is what the agents' own files say.
 Section {

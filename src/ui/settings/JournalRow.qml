@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tarvik
+import Tarvik.Design
 
 /// One entry of the history: what happened, why, and when.
 Item {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
-import Tarvik
+import Tarvik.Design
 
 /// The history, newest first.
 Item {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tarvik
+import Tarvik.Design
 
 /// The rules that pause Tarvik, and the one that switches it on.
 Form {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tarvik
+import Tarvik.Design
 
 /// The content of the settings window: five tabs, each a form. Every change takes effect at once.
 FocusScope {

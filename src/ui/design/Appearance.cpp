@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/design/Appearance.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+namespace {
+
+const auto portalName = u"org.freedesktop.portal.Desktop"_s;
+const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
+const auto settingsInterface = u"org.freedesktop.portal.Settings"_s;
+
+const auto appearanceGroup = u"org.freedesktop.appearance"_s;
+const auto interfaceGroup = u"org.gnome.desktop.interface"_s;
+const auto accessibilityGroup = u"org.gnome.desktop.a11y.interface"_s;
+
+using Groups = QMap<QString, QVariantMap>;
+
+/// Three components from 0 to 1; anything else means that no colour is chosen.
+QColor accentFrom(const QVariant& value)
+{
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != "(ddd)"_L1)
+        return {};
+    double red = -1;
+    double green = -1;
+    double blue = -1;
+    argument.beginStructure();
+    argument >> red >> green >> blue;
+    argument.endStructure();
+    const auto fits = [](double component) { return component >= 0 && component <= 1; };
+    if (!fits(red) || !fits(green) || !fits(blue))
+        return {};
+    return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
+}
+
+template <typename T>
+bool assign(T& field, const T& value)
+{
+    return std::exchange(field, value) != value;
+}
+
+} // namespace
+
+Appearance::Appearance(const QDBusConnection& bus)
+    : m_bus(bus)
+    , m_serviceWatcher(portalName, bus, QDBusServiceWatcher::WatchForRegistration)
+{
+    qRegisterMetaType<QDBusVariant>();
+    qDBusRegisterMetaType<Groups>();
+    connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this, &Appearance::read);
+    m_bus.connect(portalName,
+        portalPath,
+        settingsInterface,
+        u"SettingChanged"_s,
+        this,
+        SLOT(takeChange(QString, QString, QDBusVariant)));
+    read();
+}
+
+bool Appearance::isDark() const
+{
+    if (m_colorScheme != 0)
+        return m_colorScheme == 1;
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+void Appearance::read()
+{
+    auto message = QDBusMessage::createMethodCall(portalName, portalPath, settingsInterface, u"ReadAll"_s);
+    message << QStringList{appearanceGroup, interfaceGroup, accessibilityGroup};
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
+        call->deleteLater();
+        const QDBusPendingReply<Groups> reply = *call;
+        bool hasChanged = false;
+        const Groups groups = reply.isError() ? Groups() : reply.value();
+        for (auto group = groups.begin(); group != groups.end(); ++group) {
+            for (auto setting = group->begin(); setting != group->end(); ++setting)
+                hasChanged = take(group.key(), setting.key(), setting.value()) || hasChanged;
+        }
+        if (hasChanged)
+            Q_EMIT changed();
+        if (!std::exchange(m_isKnown, true))
+            Q_EMIT known();
+    });
+}
+
+void Appearance::takeChange(const QString& group, const QString& key, const QDBusVariant& value)
+{
+    if (take(group, key, value.variant()))
+        Q_EMIT changed();
+}
+
+bool Appearance::take(const QString& group, const QString& key, const QVariant& value)
+{
+    const auto holds = [&](QMetaType::Type type) { return value.typeId() == type; };
+    if (group == appearanceGroup && key == "color-scheme"_L1 && holds(QMetaType::UInt))
+        return assign(m_colorScheme, value.toUInt());
+    if (group == appearanceGroup && key == "accent-color"_L1)
+        return assign(m_accent, accentFrom(value));
+    if (group == appearanceGroup && key == "contrast"_L1 && holds(QMetaType::UInt))
+        return assign(m_isHighContrast, value.toUInt() == 1);
+    if (group == accessibilityGroup && key == "high-contrast"_L1 && holds(QMetaType::Bool))
+        return assign(m_isHighContrast, value.toBool());
+    if (group == interfaceGroup && key == "enable-animations"_L1 && holds(QMetaType::Bool))
+        return assign(m_isAnimated, value.toBool());
+    if (group == interfaceGroup && key == "text-scaling-factor"_L1 && holds(QMetaType::Double))
+        return assign(m_textScale, std::clamp(value.toDouble(), 0.5, 3.0));
+    return false;
+}
+
+} // namespace Tarvik

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik.Design
+
+/// The switch of the whole application.
+Item {
+    id: root
+
+    required property Theme theme
+    required property QtObject settings
+
+    readonly property string help: qsTr("Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.")
+    readonly property alias toggle: toggleSwitch
+    readonly property alias helpTip: helpTip
+    readonly property alias hovered: hover.hovered
+
+    implicitHeight: Math.max(28, label.implicitHeight + 8)
+
+    Label {
+        id: label
+
+        anchors.left: parent.left
+        anchors.leftMargin: 10
+        anchors.right: toggleSwitch.left
+        anchors.verticalCenter: parent.verticalCenter
+        font.pixelSize: root.theme.subheadlineSize
+        font.weight: Font.Medium
+        text: "Tarvik"
+        theme: root.theme
+
+        Accessible.ignored: true
+    }
+    ToggleSwitch {
+        id: toggleSwitch
+
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        checked: root.settings.isEnabled
+        theme: root.theme
+
+        Accessible.description: root.help
+        Accessible.name: label.text
+
+        onCheckedChanged: {
+            if (root.settings.isEnabled !== checked)
+                root.settings.isEnabled = checked;
+        }
+    }
+    HoverHandler {
+        id: hover
+    }
+    HelpTip {
+        id: helpTip
+
+        isMirrored: toggleSwitch.mirrored
+        text: root.help
+        theme: root.theme
+        visible: hover.hovered
+        x: (root.width - width) / 2
+        y: root.height + 2
+    }
+}

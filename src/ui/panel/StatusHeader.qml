@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tarvik.Design
+
+/// The status light and up to three lines beside it.
+Item {
+    id: root
+
+    required property Theme theme
+    required property bool isAwake
+    required property string headline
+    required property string subtitle
+    required property string details
+
+    /// Something of the texts does not fit; the help text then has all of them.
+    readonly property bool isCut: headlineText.truncated || subtitleText.truncated || detailsText.truncated
+    readonly property alias helpTip: helpTip
+
+    implicitHeight: texts.height + 8
+
+    HoverHandler {
+        id: hover
+    }
+    HelpTip {
+        id: helpTip
+
+        isMirrored: root.LayoutMirroring.enabled
+        text: [root.headline, root.subtitle, root.details].filter(line => line).join("\n")
+        theme: root.theme
+        visible: hover.hovered && root.isCut
+        x: (root.width - width) / 2
+        y: root.height + 2
+    }
+    Item {
+        id: dotFrame
+
+        anchors.left: parent.left
+        // The texts begin where those of the rows below do.
+        anchors.leftMargin: 10 + root.theme.iconSize + 8 - texts.anchors.leftMargin - width
+        height: 22
+        width: 22
+        y: texts.y + (headlineText.firstLineHeight - height) / 2
+
+        PulsingDot {
+            active: root.isAwake
+            anchors.centerIn: parent
+            height: 9
+            objectName: "dot"
+            period: 1.6
+            theme: root.theme
+            width: 9
+        }
+    }
+    Column {
+        id: texts
+
+        anchors.left: dotFrame.right
+        anchors.leftMargin: 10
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        spacing: 1
+        y: 4
+
+        Label {
+            id: headlineText
+
+            readonly property double firstLineHeight: contentHeight / Math.max(1, lineCount)
+
+            font.pixelSize: root.theme.headlineSize
+            font.weight: Font.DemiBold
+            maximumLineCount: 3
+            objectName: "headline"
+            text: root.headline
+            theme: root.theme
+            width: parent.width
+            wrapMode: Text.Wrap
+
+            Accessible.name: text
+            Accessible.role: Accessible.Heading
+        }
+        Label {
+            id: subtitleText
+
+            color: root.theme.secondaryText
+            font.pixelSize: root.theme.subheadlineSize
+            maximumLineCount: 3
+            objectName: "subtitle"
+            text: root.subtitle
+            theme: root.theme
+            width: parent.width
+            wrapMode: Text.Wrap
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
+        }
+        Label {
+            id: detailsText
+
+            color: root.theme.tertiaryText
+            font.pixelSize: root.theme.captionSize
+            maximumLineCount: 3
+            objectName: "details"
+            text: root.details
+            theme: root.theme
+            visible: text
+            width: parent.width
+            wrapMode: Text.Wrap
+
+            Accessible.ignored: !visible
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
+        }
+    }
+}

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/placement/LayerPanelHost.h"
+
+#include "ui/placement/LayerSurface.h"
+#include "ui/placement/PanelPlacement.h"
+#include "ui/placement/ScreenCover.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QQuickWindow>
+#include <QScreen>
+
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace Tarvik {
+
+namespace {
+
+/// A compositor tells a new window under the pointer so within a few milliseconds.
+constexpr auto pointerPatience = 40ms;
+
+} // namespace
+
+LayerPanelHost::LayerPanelHost(QQuickWindow& panel, const LayerShell& shell, const QDBusConnection& bus)
+    : PanelHost(panel)
+    , m_shell(shell)
+    , m_struts(bus, qgetenv("KDE_SESSION_VERSION"))
+{
+    panel.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+    m_pointerPatience.setSingleShot(true);
+    m_pointerPatience.setInterval(pointerPatience);
+    connect(&m_pointerPatience, &QTimer::timeout, this, &LayerPanelHost::openAtClick);
+    connect(&panel, &QWindow::heightChanged, this, &LayerPanelHost::resize);
+    connect(&panel, &QWindow::widthChanged, this, &LayerPanelHost::resize);
+    connect(&panel, &QQuickWindow::frameSwapped, this, &LayerPanelHost::showCursor);
+    // Comes before the window's surface goes, and the place must go first.
+    connect(&panel, &QWindow::visibleChanged, this, [this](bool visible) {
+        if (!visible)
+            close();
+    });
+}
+
+LayerPanelHost::~LayerPanelHost() = default;
+
+void LayerPanelHost::open(QPoint click, const QString&)
+{
+    if (!m_covers.empty())
+        return;
+    m_click = click;
+    for (QScreen* screen : QGuiApplication::screens()) {
+        Cover cover(new ScreenCover(m_shell, *screen));
+        if (!m_hasCursor)
+            cover->setCursor(Qt::BlankCursor);
+        connect(cover.get(), &ScreenCover::entered, this, [this, screen](QPoint point) { openAt(*screen, point); });
+        connect(cover.get(), &ScreenCover::pressed, this, &LayerPanelHost::dismiss);
+        m_covers.push_back(std::move(cover));
+    }
+    m_pointerPatience.start();
+}
+
+void LayerPanelHost::openAtClick()
+{
+    for (QScreen* screen : QGuiApplication::screens()) {
+        if (!m_click.isNull() && screen->geometry().contains(m_click)) {
+            openAt(*screen, m_click);
+            return;
+        }
+    }
+    // No pointer and no click: where trays mostly are.
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        openAt(*screen, screen->geometry().topRight());
+}
+
+void LayerPanelHost::openAt(QScreen& screen, QPoint point)
+{
+    if (m_isPlaced)
+        return;
+    m_isPlaced = true;
+    m_pointerPatience.stop();
+    m_struts.ask(screen.name(), screen.geometry(), [this, point, where = QPointer(&screen)](QMargins reserved) {
+        if (m_isPlaced && !m_surface && where)
+            place(*where, point, reserved);
+    });
+}
+
+void LayerPanelHost::place(QScreen& screen, QPoint point, const QMargins& reserved)
+{
+    // Hiding has taken the surface from the window, and showing would be too late to place a new one.
+    panel().destroy();
+    panel().setScreen(&screen);
+    panel().setPosition(screen.geometry().topLeft());
+    panel().setMask(QRect(QPoint(), panel().size()).marginsRemoved(shadow()));
+    panel().create();
+    const auto anchored = PanelPlacement::anchored(point, surfaceSize(), screen.geometry(), reserved);
+    m_surface = std::make_unique<LayerSurface>(m_shell,
+        panel(),
+        LayerSurface::Place{.layer = ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY,
+            .edges = anchored.edges,
+            .margins = anchored.margins - shadow(),
+            .keyboard = LayerSurface::Keyboard::exclusive},
+        panel().size());
+    connect(m_surface.get(), &LayerSurface::configured, &panel(), &QWindow::show);
+    connect(m_surface.get(), &LayerSurface::closed, this, &LayerPanelHost::dismiss, Qt::QueuedConnection);
+}
+
+void LayerPanelHost::resize()
+{
+    if (!m_surface)
+        return;
+    panel().setMask(QRect(QPoint(), panel().size()).marginsRemoved(shadow()));
+    m_surface->resize(panel().size());
+}
+
+void LayerPanelHost::showCursor()
+{
+    if (std::exchange(m_hasCursor, true))
+        return;
+    for (const Cover& cover : m_covers)
+        cover->unsetCursor();
+}
+
+void LayerPanelHost::dismiss()
+{
+    if (panel().isVisible())
+        panel().close();
+    else
+        close();
+}
+
+void LayerPanelHost::close()
+{
+    m_pointerPatience.stop();
+    m_isPlaced = false;
+    m_surface.reset();
+    m_covers.clear();
+}
+
+} // namespace Tarvik

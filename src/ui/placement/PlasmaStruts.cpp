@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/placement/PlasmaStruts.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace Tarvik {
+
+namespace {
+
+constexpr auto patience = 100ms;
+
+QMargins around(const QRect& free, const QRect& screen)
+{
+    if (free.isEmpty() || !screen.contains(free))
+        return {};
+    return {free.left() - screen.left(),
+        free.top() - screen.top(),
+        screen.right() - free.right(),
+        screen.bottom() - free.bottom()};
+}
+
+} // namespace
+
+PlasmaStruts::PlasmaStruts(const QDBusConnection& bus, const QByteArray& sessionVersion)
+    : m_bus(bus)
+    , m_isPlasma5(sessionVersion == "5")
+{
+}
+
+void PlasmaStruts::ask(const QString& screen, const QRect& geometry, const std::function<void(QMargins)>& answer)
+{
+    if (!m_isPlasma5) {
+        answer({});
+        return;
+    }
+    auto message = QDBusMessage::createMethodCall(
+        u"org.kde.plasmashell"_s, u"/StrutManager"_s, u"org.kde.PlasmaShell.StrutManager"_s, u"availableScreenRect"_s);
+    message.setAutoStartService(false);
+    message << screen;
+    auto* watcher
+        = new QDBusPendingCallWatcher(m_bus.asyncCall(message, std::chrono::milliseconds(patience).count()), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [geometry, answer](QDBusPendingCallWatcher* call) {
+        call->deleteLater();
+        const QDBusPendingReply<QRect> reply = *call;
+        answer(reply.isError() ? QMargins() : around(reply.value(), geometry));
+    });
+}
+
+} // namespace Tarvik

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/placement/LayerSurface.h"
+
+#include <QSize>
+#include <QWindow>
+
+#include <viewporter-client-protocol.h>
+
+namespace Tarvik {
+
+/// An invisible window over all of a screen, panels too. Only a window under the pointer learns on Wayland where the
+/// pointer is and whether it is pressed.
+class ScreenCover : public QWindow {
+    Q_OBJECT
+
+public:
+    ScreenCover(const LayerShell& shell, QScreen& screen);
+
+Q_SIGNALS:
+    /// The pointer is on the screen, at this point of it.
+    void entered(QPoint point);
+    void pressed();
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    LayerSurface m_surface;
+    WaylandObject<wp_viewport> m_viewport;
+    QSize m_covered;
+};
+
+} // namespace Tarvik

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/placement/PanelHost.h"
+
+#include <QPointer>
+#include <QScreen>
+
+namespace Tarvik {
+
+/// On X11, and through Xwayland: the window is put where it belongs, and is gone when another one gets the focus.
+class X11PanelHost : public PanelHost {
+    Q_OBJECT
+
+public:
+    explicit X11PanelHost(QQuickWindow& panel);
+
+    bool isComposited() const override;
+    /// `click` is in physical pixels.
+    void open(QPoint click, const QString& activationToken) override;
+
+private:
+    void locate(QPoint click);
+    void place();
+    void insistOnPosition();
+
+    /// Where the panel comes from, in logical pixels, and the screen that this is on.
+    QPoint m_click;
+    QPointer<QScreen> m_screen;
+    QPoint m_position;
+    int m_insistence = 0;
+};
+
+} // namespace Tarvik
