@@ -71,8 +71,11 @@ def press(*keys):
     subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True, timeout=DEADLINE)
 
 
-class AccessibilityTest(unittest.TestCase):
+class WindowTestCase(unittest.TestCase):
+    """One window of the windows' process, as a screen reader finds it."""
     maxDiff = None
+    title: str
+    show: tuple
 
     def setUp(self):
         Atspi.set_timeout(2000, 2000)
@@ -81,9 +84,9 @@ class AccessibilityTest(unittest.TestCase):
         self.ui = self.start(UI)
         await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
                    "the windows' process did not come up")
-        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis", "900",
-                        "14", ""], check=True, stdout=subprocess.DEVNULL, timeout=DEADLINE)
-        await_true(lambda: self.focused() is not None, "the panel has the focus")
+        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", *self.show], check=True,
+                       stdout=subprocess.DEVNULL, timeout=DEADLINE)
+        await_true(lambda: self.focused() is not None, "the window has the focus")
 
     def start(self, *command, **options):
         process = subprocess.Popen(command, **options)
@@ -102,14 +105,14 @@ class AccessibilityTest(unittest.TestCase):
         self.fake.stdin.flush()
         self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
 
-    def frame(self, title="Tarvik"):
+    def frame(self, title=None):
         desktop = pyatspi.Registry.getDesktop(0)
         # Names and states as they are now, not as they were when they were first asked for.
         desktop.set_cache_mask(Atspi.Cache.NONE)
         for application in children(desktop):
             application.set_cache_mask(Atspi.Cache.NONE)
             if application.get_process_id() == self.ui.pid:
-                return next((frame for frame in children(application) if frame.name == title), None)
+                return next((frame for frame in children(application) if frame.name == (title or self.title)), None)
         return None
 
     def everything(self):
@@ -132,6 +135,11 @@ class AccessibilityTest(unittest.TestCase):
         # Of two of one name, both have to do it.
         index = next(index for index in range(offered.nActions) if offered.getName(index) == action)
         self.assertTrue(offered.doAction(index))
+
+
+class PanelTest(WindowTestCase):
+    title = "Tarvik"
+    show = ("ShowPanel", "iis", "900", "14", "")
 
     def test_everything_has_its_role_name_description_and_states(self):
         frame = self.frame()
@@ -215,6 +223,57 @@ class AccessibilityTest(unittest.TestCase):
         self.perform("Settings…", "Press")
         window = await_true(lambda: self.frame("Tarvik Settings"), "the settings window opens")
         await_true(lambda: any(part.name == "General" for part in descendants(window)), "it has tabs")
+
+
+class SettingsTest(WindowTestCase):
+    title = "Tarvik Settings"
+    show = ("ShowSettings", "s", "")
+
+    def setUp(self):
+        super().setUp()
+        # Whether updates can be had is found out when somebody may want to know.
+        self.assertEqual(self.fake.stdout.readline(), "Prepare\n")
+
+    def parts(self):
+        """What is shown of the window, without its layout."""
+        return [(part.getRoleName(), part.name, states(part) & {"checked", "selected"}) for part in self.everything()
+                if part.name and "showing" in states(part)]
+
+    def test_everything_has_its_role_and_name(self):
+        tabs = [("page tab", name, {"checked", "selected"} if name == "General" else set())
+                for name in ("General", "Triggers", "Power", "Journal", "Updates")]
+        self.assertEqual(self.parts(), [
+            *tabs,
+            ("check box", "Also keep the display awake", {"checked"}),
+            ("check box", "Launch Tarvik at login", {"checked"}),
+            ("heading", "Notifications", set()),
+            ("check box", "Notify every time Tarvik starts or stops", {"checked"}),
+            ("check box", "Notify when paused by battery or heat", {"checked"}),
+            ("label", "Every change is recorded in the Journal tab either way.", set()),
+        ])
+
+    def test_a_switch_writes_its_setting(self):
+        self.perform("Also keep the display awake", "Toggle")
+        self.assertEqual(self.fake.stdout.readline(), "set keepDisplayAwake False\n")
+
+    def test_a_hook_is_installed_and_a_failure_told(self):
+        self.perform("Triggers", "Press")
+        await_true(lambda: self.find("Claude Code", "check box"), "the tab is shown")
+        self.perform("Claude Code", "Toggle")
+        self.assertEqual(self.fake.stdout.readline(), "Install claude\n")
+        row = await_true(lambda: (part := self.find("Claude Code", "check box")) and part.description and part, "the failure is told")
+        self.assertIn("Couldn't write ~/.claude/settings.json.", row.description)
+        await_true(lambda: "checked" not in states(self.find("Claude Code", "check box")), "the switch is back")
+
+    def test_the_battery_level_is_a_slider_with_a_value(self):
+        self.perform("Power", "Press")
+        slider = await_true(lambda: self.find("Battery level", "slider"), "the slider")
+        value = slider.queryValue()
+        self.assertEqual((value.minimumValue, value.maximumValue, value.currentValue), (5, 95, 20))
+
+    def test_escape_closes_it(self):
+        press("Escape")
+        await_true(lambda: not self.frame() or "showing" not in states(self.frame()), "the window is closed")
 
 
 if __name__ == "__main__":

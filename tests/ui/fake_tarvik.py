@@ -18,6 +18,11 @@ BUS_DIRECTORY = pathlib.Path(__file__).resolve().parents[2] / "src" / "bus"
 COORDINATOR = "com.morvanta.Tarvik.Coordinator1"
 SETTINGS = "com.morvanta.Tarvik.Settings1"
 OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "Power", "Thermal", "Updater"))
+RESULTS = {
+    "Install": GLib.Variant("(b)", (False,)),
+    "Uninstall": GLib.Variant("(b)", (False,)),
+    "ExportText": GLib.Variant("(s)", ("",)),
+}
 INITIAL = {"b": True, "i": 20, "s": "", "d": 0.0, "as": [], "a(ss)": [], "a(sdss)": []}
 
 # isAwake, isPaused, title, statusReason, statusSubtitle, statusDetails, isTimedSessionActive
@@ -80,7 +85,8 @@ class FakeTarvik:
         self.say(method, *arguments.unpack())
         if method == "SetTimedSession":
             self.enter("session" if arguments.unpack()[0] > 0 else "awake")
-        invocation.return_value(None)
+        # No agent's file can be written.
+        invocation.return_value(RESULTS.get(method))
         if method == "Quit":
             GLib.idle_add(self.loop.quit)
 

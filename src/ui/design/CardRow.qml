@@ -52,6 +52,8 @@ Item {
             wrapMode: Text.Wrap
 
             Accessible.ignored: root.areTextsIgnored
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
         Label {
             color: root.isCaptionAlarming ? root.theme.danger : root.theme.tertiaryText
@@ -63,6 +65,8 @@ Item {
             wrapMode: Text.Wrap
 
             Accessible.ignored: root.areTextsIgnored
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
     }
     Item {

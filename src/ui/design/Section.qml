@@ -23,7 +23,6 @@ Column {
         width: parent.width
         wrapMode: Text.Wrap
 
-        Accessible.ignored: !text
         Accessible.name: text
         Accessible.role: Accessible.Heading
     }
@@ -44,6 +43,7 @@ Column {
         width: parent.width
         wrapMode: Text.Wrap
 
-        Accessible.ignored: !text
+        Accessible.name: text
+        Accessible.role: Accessible.StaticText
     }
 }

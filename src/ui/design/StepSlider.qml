@@ -8,6 +8,9 @@ T.Slider {
     id: root
 
     required property Theme theme
+    // By these names Qt tells a screen reader the range.
+    readonly property double minimumValue: from
+    readonly property double maximumValue: to
 
     hoverEnabled: true
     implicitHeight: theme.scaled(20)

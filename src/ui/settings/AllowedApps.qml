@@ -55,6 +55,9 @@ Section {
             text: qsTr("No apps added. Keep awake while a chosen app is running.")
             theme: root.theme
             wrapMode: Text.Wrap
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
     }
     CardRow {

@@ -36,6 +36,7 @@ Sheet {
             theme: root.theme
             width: parent.width
 
+            Accessible.name: text
             Accessible.role: Accessible.Heading
         }
         TextField {
@@ -96,6 +97,9 @@ Sheet {
                 text: qsTr("No such application.")
                 theme: root.theme
                 visible: list.count === 0
+
+                Accessible.name: text
+                Accessible.role: Accessible.StaticText
             }
         }
         PushButton {

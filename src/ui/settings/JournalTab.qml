@@ -35,6 +35,9 @@ Item {
             visible: list.count === 0
             width: parent.width - 48
             wrapMode: Text.Wrap
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
         ListView {
             id: list
