@@ -1,20 +1,15 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""What a screen reader finds in the panel of the built windows' process, and what it can do there. Runs inside scripts/desktop."""
-import os
-import pathlib
+"""What a screen reader finds in the windows of the built windows' process, and what it can do there. Runs inside scripts/desktop."""
 import subprocess
-import time
 import unittest
 
 import pyatspi
+import windows
 from gi.repository import Atspi, GLib
+from windows import DEADLINE, WindowsTestCase
 
-UI = os.environ["TARVIK_UI"]
-FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
-NAME = "com.morvanta.TarvikUi"
-DEADLINE = 20
 HELP = "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running."
 CONTROLS = ("Tarvik", "Keep awake for…", "Lock & leave", "Settings…", "Quit Tarvik")
 # What every part of an open panel is; only what differs is looked at.
@@ -28,17 +23,15 @@ def settle():
 
 
 def await_true(condition, what):
-    deadline = time.monotonic() + DEADLINE
-    while True:
+    def holds():
         settle()
         try:
-            if value := condition():
-                return value
+            return condition()
         except GLib.Error:
             # What was there a moment ago is gone.
-            pass
-        assert time.monotonic() < deadline, what
-        time.sleep(0.02)
+            return None
+
+    return windows.await_true(holds, what)
 
 
 def children(accessible):
@@ -71,39 +64,17 @@ def press(*keys):
     subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True, timeout=DEADLINE)
 
 
-class WindowTestCase(unittest.TestCase):
+class AccessibleWindowTest(WindowsTestCase):
     """One window of the windows' process, as a screen reader finds it."""
     maxDiff = None
     title: str
-    show: tuple
+    arguments: tuple
 
     def setUp(self):
         Atspi.set_timeout(2000, 2000)
-        self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.assertEqual(self.fake.stdout.readline(), "ready\n")
-        self.ui = self.start(UI)
-        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
-                   "the windows' process did not come up")
-        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", *self.show], check=True,
-                       stdout=subprocess.DEVNULL, timeout=DEADLINE)
+        self.start_windows()
+        self.show(*self.arguments)
         await_true(lambda: self.focused() is not None, "the window has the focus")
-
-    def start(self, *command, **options):
-        process = subprocess.Popen(command, **options)
-
-        def end():
-            process.kill()
-            process.wait()
-            for stream in (process.stdin, process.stdout):
-                if stream:
-                    stream.close()
-        self.addCleanup(end)
-        return process
-
-    def tell(self, state):
-        self.fake.stdin.write(state + "\n")
-        self.fake.stdin.flush()
-        self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
 
     def frame(self, title=None):
         desktop = pyatspi.Registry.getDesktop(0)
@@ -137,9 +108,9 @@ class WindowTestCase(unittest.TestCase):
         self.assertTrue(offered.doAction(index))
 
 
-class PanelTest(WindowTestCase):
+class PanelTest(AccessibleWindowTest):
     title = "Tarvik"
-    show = ("ShowPanel", "iis", "900", "14", "")
+    arguments = ("ShowPanel", "iis", "900", "14", "")
 
     def test_everything_has_its_role_name_description_and_states(self):
         frame = self.frame()
@@ -225,9 +196,9 @@ class PanelTest(WindowTestCase):
         await_true(lambda: any(part.name == "General" for part in descendants(window)), "it has tabs")
 
 
-class SettingsTest(WindowTestCase):
+class SettingsTest(AccessibleWindowTest):
     title = "Tarvik Settings"
-    show = ("ShowSettings", "s", "")
+    arguments = ("ShowSettings", "s", "")
 
     def setUp(self):
         super().setUp()

@@ -3,17 +3,13 @@
 # SPDX-License-Identifier: MIT
 """The panel of the built windows' process on a real window manager, used as a person would. Runs inside scripts/desktop."""
 import os
-import pathlib
 import re
 import subprocess
 import tempfile
-import time
 import unittest
 
-UI = os.environ["TARVIK_UI"]
-FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
-NAME = "com.morvanta.TarvikUi"
-DEADLINE = 10
+from windows import DEADLINE, WindowsTestCase, await_true
+
 MARGIN = 6
 
 
@@ -21,46 +17,16 @@ def output(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False, timeout=DEADLINE).stdout
 
 
-def await_true(condition, what):
-    deadline = time.monotonic() + DEADLINE
-    while not (value := condition()):
-        assert time.monotonic() < deadline, what
-        time.sleep(0.02)
-    return value
-
-
 def panel_window():
     return output("xdotool", "search", "--onlyvisible", "--name", "^Tarvik$").strip()
 
 
-class PanelOnDesktopTest(unittest.TestCase):
+class PanelOnDesktopTest(WindowsTestCase):
     def setUp(self):
-        self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.assertEqual(self.fake.stdout.readline(), "ready\n")
-        self.ui = self.start(UI)
-        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
-                   "the windows' process did not come up")
-
-    def start(self, *command, **options):
-        process = subprocess.Popen(command, **options)
-
-        def end():
-            process.kill()
-            process.wait()
-            for stream in (process.stdin, process.stdout):
-                if stream:
-                    stream.close()
-        self.addCleanup(end)
-        return process
+        self.start_windows()
 
     def click_tray(self, x=900, y=14):
-        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis",
-                        str(x), str(y), ""], check=True, timeout=DEADLINE)
-
-    def tell(self, state):
-        self.fake.stdin.write(state + "\n")
-        self.fake.stdin.flush()
-        self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
+        self.show("ShowPanel", "iis", str(x), str(y), "")
 
     def open(self, *at):
         self.click_tray(*at)

@@ -3,34 +3,19 @@
 # SPDX-License-Identifier: MIT
 """The panel of the built windows' process on a real Wayland compositor with a layer shell, used as a person would."""
 import os
-import pathlib
-import subprocess
 import tempfile
-import time
 import unittest
 
 from sway import BAR_HEIGHT, Sway
 from virtual_seat import VirtualSeat
+from windows import DEADLINE, WindowsTestCase, await_true
 
-UI = os.environ["TARVIK_UI"]
-FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
-FAKE_PLASMA = str(pathlib.Path(__file__).parent / "fake_plasmashell.py")
-NAME = "com.morvanta.TarvikUi"
-DEADLINE = 10
 MARGIN = 6
 WIDTH = 300
 PANEL_COLOUR = bytes((0xFB, 0xFB, 0xFC))
 
 
-def await_true(condition, what):
-    deadline = time.monotonic() + DEADLINE
-    while not (value := condition()):
-        assert time.monotonic() < deadline, what
-        time.sleep(0.02)
-    return value
-
-
-class PanelTest(unittest.TestCase):
+class PanelTest(WindowsTestCase):
     bar = "top"
     environment = {}
 
@@ -43,28 +28,11 @@ class PanelTest(unittest.TestCase):
         self.sway.start_bar()
         edge = 0 if self.bar == "top" else -1
         await_true(lambda: not any(self.sway.rows()[edge][-30:]), "the bar did not come up")
-        self.fake = self.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.assertEqual(self.fake.stdout.readline(), "ready\n")
         # An X server, which is not there, must not be tried.
-        self.ui = self.start(UI, env={**os.environ, "DISPLAY": ":65000", **self.environment})
-        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
-                   "the windows' process did not come up")
-
-    def start(self, *command, **options):
-        process = subprocess.Popen(command, **options)
-
-        def end():
-            process.kill()
-            process.wait()
-            for stream in (process.stdin, process.stdout):
-                if stream:
-                    stream.close()
-        self.addCleanup(end)
-        return process
+        self.start_windows(DISPLAY=":65000", **self.environment)
 
     def show_panel(self, x, y):
-        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", "ShowPanel", "iis",
-                        str(x), str(y), ""], check=True, timeout=DEADLINE)
+        self.show("ShowPanel", "iis", str(x), str(y), "")
 
     def open(self, x=900, y=14, screen="HEADLESS-1"):
         """Where the panel comes up on the screen after a click at a point of the desktop."""
@@ -92,10 +60,6 @@ class PanelTest(unittest.TestCase):
     def press(self, *keys):
         self.sway.seat.press(*keys)
 
-    def tell_fake(self, state):
-        self.fake.stdin.write(state + "\n")
-        self.fake.stdin.flush()
-
 
 class PanelAtTheBottomTest(PanelTest):
     bar = "bottom"
@@ -103,7 +67,7 @@ class PanelAtTheBottomTest(PanelTest):
     def test_opens_above_the_bar_and_keeps_to_it(self):
         _x, y, _width, height = self.open(600, 790)
         self.assertEqual(y + height, 800 - BAR_HEIGHT - MARGIN)
-        self.tell_fake("asleep")
+        self.tell("asleep")
         _x, y, _width, smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
         self.assertEqual(y + smaller, 800 - BAR_HEIGHT - MARGIN)
 
@@ -112,8 +76,7 @@ class PanelOnPlasma5Test(PanelTest):
     environment = {"KDE_SESSION_VERSION": "5"}
 
     def test_keeps_clear_of_panels_that_only_plasma_knows_of(self):
-        plasma = self.start("/usr/bin/python3", FAKE_PLASMA, "0", "50", "1280", "750", stdout=subprocess.PIPE, text=True)
-        self.assertEqual(plasma.stdout.readline(), "ready\n")
+        plasma = self.start_fake("fake_plasmashell.py", "0", "50", "1280", "750")
         _x, y, _width, _height = self.open()
         self.assertEqual(plasma.stdout.readline(), "HEADLESS-1\n")
         self.assertEqual(y, BAR_HEIGHT + 50 + MARGIN)
@@ -136,10 +99,10 @@ class PanelAtTheTopTest(PanelTest):
 
     def test_follows_the_height_of_its_content(self):
         x, y, width, height = self.open()
-        self.tell_fake("asleep")
+        self.tell("asleep")
         smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
         self.assertEqual(smaller[:3], (x, y, width))
-        self.tell_fake("awake")
+        self.tell("awake")
         await_true(lambda: self.surface() == (x, y, width, height), "the panel did not grow again")
 
     def test_opens_at_the_pointer_when_the_tray_counts_from_its_own_corner(self):

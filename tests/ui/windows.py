@@ -1,0 +1,58 @@
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""What the tests of the built windows' process have in common: the process itself and the stand-in that it observes."""
+import os
+import pathlib
+import subprocess
+import time
+import unittest
+
+UI = os.environ["TARVIK_UI"]
+FOLDER = pathlib.Path(__file__).parent
+NAME = "com.morvanta.TarvikUi"
+DEADLINE = 20
+
+
+def await_true(condition, what):
+    deadline = time.monotonic() + DEADLINE
+    while not (value := condition()):
+        assert time.monotonic() < deadline, what
+        time.sleep(0.02)
+    return value
+
+
+class WindowsTestCase(unittest.TestCase):
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, **options)
+
+        def end():
+            process.kill()
+            process.wait()
+            for stream in (process.stdin, process.stdout):
+                if stream:
+                    stream.close()
+        self.addCleanup(end)
+        return process
+
+    def start_fake(self, script, *arguments):
+        """Starts one of the stand-ins of this folder and waits until it is there."""
+        fake = self.start("/usr/bin/python3", str(FOLDER / script), *arguments, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.assertEqual(fake.stdout.readline(), "ready\n")
+        return fake
+
+    def start_windows(self, **environment):
+        """Starts a Tarvik to observe and the windows' process, as `fake` and `ui`."""
+        self.fake = self.start_fake("fake_tarvik.py")
+        self.ui = self.start(UI, env={**os.environ, **environment})
+        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
+                   "the windows' process did not come up")
+
+    def tell(self, state):
+        """Brings the Tarvik that is observed into one of its states."""
+        self.fake.stdin.write(state + "\n")
+        self.fake.stdin.flush()
+        self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
+
+    def show(self, method, *arguments):
+        subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", method, *arguments], check=True,
+                       stdout=subprocess.DEVNULL, timeout=DEADLINE)
