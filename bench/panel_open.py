@@ -9,7 +9,6 @@ apart; CPU and wake-ups of the closed one; memory (PSS) open and closed, and how
 openings.
 """
 import ctypes
-import os
 import pathlib
 import statistics
 import subprocess
