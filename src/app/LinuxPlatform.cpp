@@ -99,7 +99,9 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
     , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath()))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
-          DisplaySessionLifetime::Display{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()}, clock))
+          DisplaySessionLifetime::Display{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()},
+          systemBus,
+          clock))
 {
 }
 

@@ -3,6 +3,7 @@
 #include "platform/linux/session/DisplaySessionLifetime.h"
 
 #include "fakes/FakeClock.h"
+#include "fakes/FakeLogindLogin.h"
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
@@ -50,9 +51,16 @@ private Q_SLOTS:
         m_ends = 0;
         m_directory = std::make_unique<QTemporaryDir>();
         m_socket = m_directory->filePath(u"wayland-0"_s);
+        m_clock = std::make_unique<FakeClock>();
+        m_logind = std::make_unique<FakeLogindLogin>(m_service);
+        QVERIFY(m_logind->appear());
+        m_logind->sessionOfProcess = u"2"_s;
+        m_logind->states = {{u"2"_s, u"active"_s}};
     }
 
-    void itEndsWithTheXServer()
+    void cleanup() { m_logind.reset(); }
+
+    void aLogoutThatEndsTheXServerEndsIt()
     {
         VirtualXServer server;
         QVERIFY(server.isRunning());
@@ -61,22 +69,208 @@ private Q_SLOTS:
         QCOMPARE(QProcess::execute(u"setxkbmap"_s, {u"-display"_s, QString::fromLatin1(server.display()), u"de"_s}), 0);
         QCoreApplication::processEvents();
         QCOMPARE(m_ends, 0);
+        QCOMPARE(looks(), 0);
+        logOut();
         expectEnd();
         server.kill();
         QTRY_COMPARE(m_ends, 1);
+        QCOMPARE(m_clock->pending(), 0U);
     }
 
-    void itEndsWithTheCompositor()
+    void aLogoutThatEndsTheCompositorEndsIt()
     {
         auto compositor = std::make_unique<Compositor>(m_socket);
         const auto session = follow({.x11 = {}, .waylandSocket = m_socket});
         QTRY_VERIFY(compositor->hasClient());
         compositor->say("Something that a later protocol may bring");
+        logOut();
         compositor.reset();
-        QTRY_COMPARE(m_clock.pending(), 1U);
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        QCOMPARE(looks(), 0);
         expectEnd();
-        m_clock.advance(Seconds{1});
-        QCOMPARE(m_ends, 1);
+        m_clock->advance(Seconds{1});
+        QTRY_COMPARE(m_ends, 1);
+        QCOMPARE(m_clock->pending(), 0U);
+    }
+
+    void aLogoutEndsNothingAsLongAsTheDisplayIsThere()
+    {
+        const VirtualXServer server;
+        const auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        logOut();
+        QCoreApplication::processEvents();
+        QCOMPARE(m_clock->pending(), 0U);
+        QCOMPARE(looks(), 0);
+        QCOMPARE(m_ends, 0);
+    }
+
+    void anXServerThatCrashesEndsNothing()
+    {
+        const auto session = loseXServer();
+        expectLooks(allLooks);
+    }
+
+    void aCompositorThatCrashesEndsNothing()
+    {
+        auto compositor = std::make_unique<Compositor>(m_socket);
+        const auto session = follow({.x11 = {}, .waylandSocket = m_socket});
+        QTRY_VERIFY(compositor->hasClient());
+        compositor.reset();
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        expectLoss();
+        m_clock->advance(Seconds{1});
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        expectLooks(allLooks);
+    }
+
+    void aLogoutThatLogindHearsOfLaterEndsIt_data()
+    {
+        QTest::addColumn<int>("look");
+        for (int look = 1; look <= allLooks; ++look)
+            QTest::addRow("seen in look %d", look) << look;
+    }
+
+    void aLogoutThatLogindHearsOfLaterEndsIt()
+    {
+        QFETCH(int, look);
+        const auto session = loseXServer();
+        for (int earlier = 1; earlier < look; ++earlier) {
+            m_clock->advance(m_clock->untilNext());
+            QTRY_COMPARE(m_clock->pending(), 1U);
+        }
+        logOut();
+        expectEnd();
+        m_clock->advance(m_clock->untilNext());
+        QTRY_COMPARE(m_ends, 1);
+        QCOMPARE(m_clock->pending(), 0U);
+    }
+
+    void withoutLogindADisplayThatGoesEndsNothing()
+    {
+        m_logind->vanish();
+        const auto session = loseXServer();
+        for (int look = 1; look < allLooks; ++look) {
+            m_clock->advance(m_clock->untilNext());
+            QTRY_COMPARE(m_clock->pending(), 1U);
+        }
+        QCOMPARE(m_ends, 0);
+    }
+
+    void aLogindThatComesBackIsAskedAgain()
+    {
+        m_logind->vanish();
+        const auto session = loseXServer();
+        QVERIFY(m_logind->appear());
+        logOut();
+        expectEnd();
+        m_clock->advance(Seconds{1});
+        QTRY_COMPARE(m_ends, 1);
+    }
+
+    void withoutABusADisplayThatGoesEndsNothing()
+    {
+        VirtualXServer server;
+        DisplaySessionLifetime session(
+            {.x11 = server.display(), .waylandSocket = {}}, QDBusConnection(u"nowhere"_s), *m_clock);
+        session.onEnd = [this] { ++m_ends; };
+        expectLoss();
+        server.kill();
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        QCOMPARE(m_ends, 0);
+    }
+
+    void nobodyIsAskedAgainWhileAnAnswerIsOnItsWay()
+    {
+        VirtualXServer server;
+        const auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        m_logind->answerLater(FakeLogindLogin::state);
+        server.kill();
+        QTRY_VERIFY(m_logind->isWaiting());
+        QCOMPARE(m_clock->pending(), 0U);
+        logOut();
+        expectEnd();
+        m_logind->answerNow();
+        QTRY_COMPARE(m_ends, 1);
+        QCOMPARE(looks(), 1);
+    }
+
+    void whoIsDestroyedWhileAnAnswerIsOnItsWayDoesNotEnd()
+    {
+        VirtualXServer server;
+        auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        m_logind->answerLater(FakeLogindLogin::state);
+        server.kill();
+        QTRY_VERIFY(m_logind->isWaiting());
+        session.reset();
+        logOut();
+        m_logind->answerNow();
+        // The later answer on the same connection.
+        LogindSession login(m_client);
+        bool isAnswered = false;
+        login.askWhetherOver([&](bool) { isAnswered = true; });
+        QTRY_VERIFY(isAnswered);
+        QCOMPARE(m_ends, 0);
+    }
+
+    void whoIsDestroyedLooksNoMore()
+    {
+        auto session = loseXServer();
+        session.reset();
+        QCOMPARE(m_clock->pending(), 0U);
+    }
+
+    void anXServerThatIsBackIsFollowedAgain()
+    {
+        auto server = std::make_unique<VirtualXServer>();
+        const QByteArray display = server->display();
+        const auto session = follow({.x11 = display, .waylandSocket = {}});
+        for (int crash = 0; crash < 2; ++crash) {
+            expectLoss();
+            server->kill();
+            QTRY_COMPARE(m_clock->pending(), 1U);
+            server = std::make_unique<VirtualXServer>(display);
+            QVERIFY(server->isRunning());
+            m_clock->advance(Seconds{1});
+            QTRY_COMPARE(looks(), 2 * crash + 2);
+            QCoreApplication::processEvents();
+            QCOMPARE(m_clock->pending(), 0U);
+        }
+        logOut();
+        expectEnd();
+        server->kill();
+        QTRY_COMPARE(m_ends, 1);
+    }
+
+    void aCompositorThatIsBackLateIsFollowedAgain()
+    {
+        auto compositor = std::make_unique<Compositor>(m_socket);
+        const auto session = follow({.x11 = {}, .waylandSocket = m_socket});
+        QTRY_VERIFY(compositor->hasClient());
+        compositor.reset();
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        expectLoss();
+        m_clock->advance(Seconds{1});
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        compositor = std::make_unique<Compositor>(m_socket);
+        m_clock->advance(Seconds{1});
+        QTRY_VERIFY(compositor->hasClient());
+        QCOMPARE(m_clock->pending(), 0U);
+        QCOMPARE(m_ends, 0);
+    }
+
+    void theDisplayOfALaterLoginIsNotFollowed()
+    {
+        auto server = std::make_unique<VirtualXServer>();
+        const QByteArray display = server->display();
+        const auto session = follow({.x11 = display, .waylandSocket = {}});
+        expectLoss();
+        server->kill();
+        QTRY_COMPARE(m_clock->pending(), 1U);
+        server = std::make_unique<VirtualXServer>(display);
+        logOut();
+        expectEnd();
+        m_clock->advance(Seconds{1});
+        QTRY_COMPARE(m_ends, 1);
     }
 
     void itGoesOnWhenTheCompositorComesBack()
@@ -86,9 +280,9 @@ private Q_SLOTS:
         QTRY_VERIFY(compositor->hasClient());
         for (int crash = 0; crash < 3; ++crash) {
             compositor.reset();
-            QTRY_COMPARE(m_clock.pending(), 1U);
+            QTRY_COMPARE(m_clock->pending(), 1U);
             compositor = std::make_unique<Compositor>(m_socket);
-            m_clock.advance(Seconds{1});
+            m_clock->advance(Seconds{1});
             QTRY_VERIFY(compositor->hasClient());
         }
         QCOMPARE(m_ends, 0);
@@ -101,9 +295,9 @@ private Q_SLOTS:
         for (int second = 0; second < 3; ++second) {
             QTRY_VERIFY(compositor.hasClient());
             compositor.dropClient();
-            QTRY_COMPARE(m_clock.pending(), 1U);
+            QTRY_COMPARE(m_clock->pending(), 1U);
             QVERIFY(!compositor.hasClient());
-            m_clock.advance(Seconds{1});
+            m_clock->advance(Seconds{1});
         }
         QCOMPARE(m_ends, 0);
     }
@@ -123,6 +317,7 @@ private Q_SLOTS:
     {
         VirtualXServer server;
         const auto session = follow({.x11 = server.display(), .waylandSocket = m_socket});
+        logOut();
         expectEnd();
         server.kill();
         QTRY_COMPARE(m_ends, 1);
@@ -144,21 +339,63 @@ private Q_SLOTS:
         QFETCH(QString, waylandSocket);
         const auto session = follow({.x11 = x11, .waylandSocket = waylandSocket});
         QCoreApplication::processEvents();
-        QCOMPARE(m_clock.pending(), 0U);
+        QCOMPARE(m_clock->pending(), 0U);
         QCOMPARE(m_ends, 0);
     }
 
 private:
+    /// At once, and 1, 2, 4, 8, 16 and 32 seconds after the one before.
+    static constexpr int allLooks = 6;
+
     std::unique_ptr<DisplaySessionLifetime> follow(const DisplaySessionLifetime::Display& display)
     {
-        auto session = std::make_unique<DisplaySessionLifetime>(display, m_clock);
+        auto session = std::make_unique<DisplaySessionLifetime>(display, m_client, *m_clock);
         session->onEnd = [this] { ++m_ends; };
         return session;
     }
 
-    static void expectEnd() { expectLog(QtInfoMsg, u"^the display has gone, and with it the session$"_s); }
+    /// A session whose X server has gone, and that has looked once.
+    std::unique_ptr<DisplaySessionLifetime> loseXServer()
+    {
+        VirtualXServer server;
+        auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        expectLoss();
+        server.kill();
+        [&] { QTRY_COMPARE(m_clock->pending(), 1U); }();
+        return session;
+    }
 
-    FakeClock m_clock;
+    /// Each twice as long after the one before, the first after a second, and then no more.
+    void expectLooks(int count)
+    {
+        Seconds interval{1};
+        for (int look = 1; look <= count; ++look, interval *= 2) {
+            QCOMPARE(looks(), look);
+            QCOMPARE(m_clock->untilNext(), interval);
+            m_clock->advance(interval);
+            QTRY_COMPARE(looks(), look + 1);
+            if (look < count)
+                QTRY_COMPARE(m_clock->pending(), 1U);
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(m_clock->pending(), 0U);
+        QCOMPARE(m_ends, 0);
+    }
+
+    void logOut() { m_logind->states[u"2"_s] = u"closing"_s; }
+
+    int looks() const { return static_cast<int>(m_logind->questions.count(FakeLogindLogin::processSession)); }
+
+    static void expectLoss()
+    {
+        expectLog(QtInfoMsg, u"^the display has gone, but not the session: going on without it$"_s);
+    }
+    static void expectEnd() { expectLog(QtInfoMsg, u"^the session has ended with its display$"_s); }
+
+    QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
+    QDBusConnection m_service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"service"_s);
+    std::unique_ptr<FakeClock> m_clock;
+    std::unique_ptr<FakeLogindLogin> m_logind;
     std::unique_ptr<QTemporaryDir> m_directory;
     QString m_socket;
     int m_ends = 0;

@@ -98,7 +98,7 @@ class EndingTest(TarvikTestCase):
         tarvik.end(signal.SIGKILL)
         eventually(is_not_held, "released", 1)
 
-    def test_it_ends_with_the_display_of_its_session(self):
+    def test_it_goes_on_when_its_display_crashes(self):
         self.programs.start("claude")
         display = subprocess.Popen(["Xvfb", "-displayfd", "1", "-nolisten", "tcp"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         with display:
@@ -106,10 +106,15 @@ class EndingTest(TarvikTestCase):
             number = display.stdout.readline().strip()
             tarvik = self.start_tarvik(environment={**os.environ, "DISPLAY": f":{number}"})
             eventually(is_held, "held")
-            display.terminate()
-            self.assertEqual(tarvik.process.wait(program.PATIENCE), 0)
-        eventually(is_not_held, "released", 1)
-        self.assertIn("the display has gone", tarvik.log())
+            held = inhibitors()
+            display.kill()
+        eventually(lambda: "the display has gone, but not the session" in tarvik.log(), "the loss is noticed")
+        self.assertEqual(inhibitors(), held)
+        self.assertIsNone(tarvik.process.poll())
+        self.assertEqual(tarvik.status()["activeAgents"], ["Claude Code"])
+        self.programs.stop()
+        eventually(is_not_held, "released", program.POLL_PERIOD + 1)
+        self.assertEqual(tarvik.end()[0], 0)
 
     def test_a_start_after_a_kill_goes_on_with_the_stored_journal(self):
         self.programs.start("claude")

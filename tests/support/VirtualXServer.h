@@ -16,18 +16,21 @@ namespace Tarvik {
 /// An X server of its own, with the US layout, until the end of the object.
 class VirtualXServer {
 public:
-    VirtualXServer()
+    /// `display` as in DISPLAY; without it, one that is free.
+    explicit VirtualXServer(const QByteArray& display = {})
     {
         m_process.setStandardErrorFile(QProcess::nullDevice());
-        m_process.start(QStringLiteral("Xvfb"),
-            {QStringLiteral("-displayfd"),
-                QStringLiteral("1"),
-                QStringLiteral("-screen"),
-                QStringLiteral("0"),
-                QStringLiteral("320x240x8"),
-                QStringLiteral("-nolisten"),
-                QStringLiteral("tcp"),
-                QStringLiteral("-noreset")});
+        QStringList arguments{QStringLiteral("-displayfd"),
+            QStringLiteral("1"),
+            QStringLiteral("-screen"),
+            QStringLiteral("0"),
+            QStringLiteral("320x240x8"),
+            QStringLiteral("-nolisten"),
+            QStringLiteral("tcp"),
+            QStringLiteral("-noreset")};
+        if (!display.isEmpty())
+            arguments.prepend(QString::fromLatin1(display));
+        m_process.start(QStringLiteral("Xvfb"), arguments);
         while (!m_process.canReadLine() && m_process.waitForReadyRead()) { }
         m_display = ':' + m_process.readLine().trimmed();
     }

@@ -14,37 +14,80 @@ namespace {
 /// before its socket.
 constexpr Seconds restartTime{1};
 
+/// logind may hear of a logout after the display has gone, but not by much.
+constexpr Seconds firstInterval{1};
+constexpr Seconds lastInterval{32};
+
 } // namespace
 
-DisplaySessionLifetime::DisplaySessionLifetime(const Display& display, Clock& clock)
-    : m_clock(clock)
+DisplaySessionLifetime::DisplaySessionLifetime(const Display& display, const QDBusConnection& systemBus, Clock& clock)
+    : m_display(display)
+    , m_clock(clock)
+    , m_login(systemBus)
 {
     // Where there is a compositor, the X server is only a guest in the session.
-    if (!display.waylandSocket.isEmpty())
-        followCompositor(display.waylandSocket);
-    if (m_connection == nullptr && (m_connection = X11DisplayConnection::open(display.x11)) != nullptr)
-        m_connection->onLost = [this] { end(); };
+    if (!m_display.waylandSocket.isEmpty() && follow())
+        return;
+    m_display.waylandSocket.clear();
+    follow();
 }
 
-void DisplaySessionLifetime::followCompositor(const QString& socket)
+bool DisplaySessionLifetime::follow()
 {
-    m_connection = WaylandDisplayConnection::open(socket);
+    return m_display.waylandSocket.isEmpty() ? followXServer() : followCompositor();
+}
+
+bool DisplaySessionLifetime::followCompositor()
+{
+    m_connection = WaylandDisplayConnection::open(m_display.waylandSocket);
     if (m_connection == nullptr)
-        return;
-    m_connection->onLost = [this, socket] {
-        m_secondLook = m_clock.after(restartTime, [this, socket] {
-            followCompositor(socket);
-            if (m_connection == nullptr)
-                end();
+        return false;
+    m_connection->onLost = [this] {
+        m_nextLook = m_clock.after(restartTime, [this] {
+            if (!follow())
+                becomeLost();
         });
     };
+    return true;
 }
 
-void DisplaySessionLifetime::end()
+bool DisplaySessionLifetime::followXServer()
 {
-    qCInfo(logSystem, "the display has gone, and with it the session");
-    if (onEnd)
-        onEnd();
+    m_connection = X11DisplayConnection::open(m_display.x11);
+    if (m_connection == nullptr)
+        return false;
+    m_connection->onLost = [this] { becomeLost(); };
+    return true;
+}
+
+void DisplaySessionLifetime::becomeLost()
+{
+    m_interval = firstInterval;
+    askWhetherOver();
+}
+
+void DisplaySessionLifetime::askWhetherOver()
+{
+    m_login.askWhetherOver([this](bool isOver) { take(isOver); });
+}
+
+void DisplaySessionLifetime::take(bool isOver)
+{
+    if (isOver) {
+        qCInfo(logSystem, "the session has ended with its display");
+        if (onEnd)
+            onEnd();
+        return;
+    }
+    // A server that takes us in only to throw us out again gets a pause, too.
+    if (m_interval == firstInterval)
+        qCInfo(logSystem, "the display has gone, but not the session: going on without it");
+    else if (follow())
+        return;
+    if (m_interval > lastInterval)
+        return;
+    m_nextLook = m_clock.after(m_interval, [this] { askWhetherOver(); });
+    m_interval *= 2;
 }
 
 } // namespace Tarvik

@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/SessionLifetime.h"
 #include "platform/linux/session/DisplayConnection.h"
+#include "platform/linux/session/LogindSession.h"
 
 #include <QByteArray>
 #include <QString>
@@ -13,9 +14,9 @@
 
 namespace Tarvik {
 
-/// A graphical session, which lasts as long as its display server. Programs without a window are not ended at logout by
-/// anybody else: logind leaves them alone, and so does the user's systemd as long as one of them runs. A session
-/// without a display never ends.
+/// A graphical session, which lasts until its display server has gone and logind says that the user has logged out: a
+/// display that crashed ends nothing. Programs without a window are not ended at logout by anybody else: logind leaves
+/// them alone, and so does the user's systemd as long as one of them runs. A session without a display never ends.
 class DisplaySessionLifetime final : public SessionLifetime {
 public:
     struct Display {
@@ -25,16 +26,24 @@ public:
         QString waylandSocket;
     };
 
-    /// `clock` must outlive the object.
-    DisplaySessionLifetime(const Display& display, Clock& clock);
+    /// `systemBus` is the connection to the system bus; `clock` must outlive the object.
+    DisplaySessionLifetime(const Display& display, const QDBusConnection& systemBus, Clock& clock);
 
 private:
-    void followCompositor(const QString& socket);
-    void end();
+    bool follow();
+    bool followCompositor();
+    bool followXServer();
+    void becomeLost();
+    void askWhetherOver();
+    void take(bool isOver);
 
+    Display m_display;
     Clock& m_clock;
     std::unique_ptr<DisplayConnection> m_connection;
-    std::unique_ptr<Timer> m_secondLook;
+    LogindSession m_login;
+    /// How long after this look the next one comes.
+    Seconds m_interval{0};
+    std::unique_ptr<Timer> m_nextLook;
 };
 
 } // namespace Tarvik
