@@ -19,6 +19,8 @@ int openSignals()
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     // Some launchers ignore it and that is inherited; then the system would reap our children before we could.
     std::signal(SIGCHLD, SIG_DFL);
+    // Whoever reads the log may end before us, and a display server may in the middle of a request.
+    std::signal(SIGPIPE, SIG_IGN);
     return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 

@@ -11,8 +11,8 @@
 namespace Tarvik {
 
 /// Turns the signals by which a session, a service manager or a terminal ends a program (SIGTERM, SIGINT, SIGHUP) into
-/// a call from the event loop, see signalfd(2), and sees to it that children can be waited for. Must be made before any
-/// other thread, since threads inherit the mask.
+/// a call from the event loop, see signalfd(2), and sees to it that children can be waited for, and that writing to
+/// what nobody reads is an error and not the end. Must be made before any other thread, since threads inherit the mask.
 class UnixSignals {
 public:
     explicit UnixSignals(std::function<void()> onTermination);

@@ -116,6 +116,18 @@ class EndingTest(TarvikTestCase):
         eventually(is_not_held, "released", program.POLL_PERIOD + 1)
         self.assertEqual(tarvik.end()[0], 0)
 
+    def test_it_goes_on_when_nobody_reads_its_log_any_more(self):
+        self.programs.start("claude")
+        self.write_settings(b"{")
+        reader, writer = os.pipe()
+        os.close(reader)
+        tarvik = subprocess.Popen([program.TARVIK], stderr=writer)
+        os.close(writer)
+        self.addCleanup(tarvik.wait)
+        self.addCleanup(tarvik.kill)
+        eventually(lambda: is_held() or tarvik.poll() is not None, "it holds or has ended")
+        self.assertIsNone(tarvik.poll())
+
     def test_a_start_after_a_kill_goes_on_with_the_stored_journal(self):
         self.programs.start("claude")
         self.start_tarvik().end(signal.SIGKILL)
