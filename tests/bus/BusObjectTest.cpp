@@ -286,7 +286,5 @@ private:
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
 };
 
-Q_DECLARE_METATYPE(QDBusError::ErrorType)
-
 QTEST_GUILESS_MAIN(BusObjectTest)
 #include "BusObjectTest.moc"
