@@ -8,6 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QTimer>
 
 #include <utility>
 
@@ -20,6 +21,8 @@ namespace {
 const auto busName = QString::fromLatin1(StatusWire::busName);
 
 constexpr int timeoutMilliseconds = 2000;
+/// The first instance has its name a moment before it listens.
+constexpr int retryMilliseconds = 50;
 /// DBUS_NAME_FLAG_DO_NOT_QUEUE and DBUS_REQUEST_NAME_REPLY_EXISTS of the D-Bus specification.
 constexpr quint32 doNotQueue = 4;
 constexpr quint32 nameExists = 3;
@@ -58,21 +61,24 @@ void SingleInstance::decide(std::function<void(Role)> decided)
         watcher->deleteLater();
         const QDBusPendingReply<quint32> reply = *watcher;
         if (reply.isValid() && reply.value() == nameExists)
-            handOver(decided);
+            handOver(QDeadlineTimer(timeoutMilliseconds), decided);
         else
             decided(Role::first);
     });
 }
 
-void SingleInstance::handOver(const std::function<void(Role)>& decided)
+void SingleInstance::handOver(QDeadlineTimer deadline, const std::function<void(Role)>& decided)
 {
     auto call = QDBusMessage::createMethodCall(
         busName, QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.Application"_s, u"Activate"_s);
     call << ownPlatformData();
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, timeoutMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, decided] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, deadline, decided] {
         watcher->deleteLater();
-        decided(Role::second);
+        if (watcher->error().type() == QDBusError::UnknownObject && !deadline.hasExpired())
+            QTimer::singleShot(retryMilliseconds, this, [this, deadline, decided] { handOver(deadline, decided); });
+        else
+            decided(Role::second);
     });
 }
 

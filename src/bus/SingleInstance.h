@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDeadlineTimer>
 #include <QObject>
 
 #include <functional>
@@ -27,7 +28,7 @@ public:
     void decide(std::function<void(Role)> decided);
 
 private:
-    void handOver(const std::function<void(Role)>& decided);
+    void handOver(QDeadlineTimer deadline, const std::function<void(Role)>& decided);
 
     QDBusConnection m_bus;
 };

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "bus/SingleInstance.h"
+
+#include "fakes/FakeDBusService.h"
+#include "support/TestSupport.h"
+
+#include <optional>
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+
+class SingleInstanceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        TARVIK_FAIL_ON_WARNINGS();
+        m_role.reset();
+        m_calls = 0;
+    }
+
+    void cleanup()
+    {
+        m_first.vanish();
+        // With the connection goes the name.
+        m_instance.reset();
+        QDBusConnection::disconnectFromBus(u"instance"_s);
+    }
+
+    void whoFindsTheNameFreeIsTheFirst()
+    {
+        start();
+        QTRY_COMPARE(m_role, SingleInstance::Role::first);
+    }
+
+    void whoFindsAnotherTellsItAndIsTheSecond()
+    {
+        m_first.handler = [this](const QDBusMessage& call) {
+            ++m_calls;
+            return call.createReply();
+        };
+        QVERIFY(m_first.appear());
+        start();
+        QTRY_COMPARE(m_role, SingleInstance::Role::second);
+        QCOMPARE(m_calls, 1);
+    }
+
+    void aFirstThatDoesNotListenYetIsToldAgain()
+    {
+        m_first.handler = [this](const QDBusMessage& call) {
+            return ++m_calls < 3 ? call.createErrorReply(QDBusError::UnknownObject, u"not yet"_s) : call.createReply();
+        };
+        QVERIFY(m_first.appear());
+        start();
+        QTRY_COMPARE(m_role, SingleInstance::Role::second);
+        QCOMPARE(m_calls, 3);
+    }
+
+    void aFirstThatRefusesIsNotAskedAgain()
+    {
+        m_first.handler = [this](const QDBusMessage& call) {
+            ++m_calls;
+            return call.createErrorReply(QDBusError::Failed, u"no"_s);
+        };
+        QVERIFY(m_first.appear());
+        start();
+        QTRY_COMPARE(m_role, SingleInstance::Role::second);
+        QCOMPARE(m_calls, 1);
+    }
+
+private:
+    void start()
+    {
+        m_instance.emplace(QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"instance"_s));
+        m_instance->decide([this](SingleInstance::Role role) { m_role = role; });
+    }
+
+    FakeDBusService m_first{QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"first"_s),
+        u"com.morvanta.Tarvik"_s,
+        u"/com/morvanta/Tarvik"_s};
+    std::optional<SingleInstance> m_instance;
+    std::optional<SingleInstance::Role> m_role;
+    int m_calls = 0;
+};
+
+QTEST_GUILESS_MAIN(SingleInstanceTest)
+#include "SingleInstanceTest.moc"
