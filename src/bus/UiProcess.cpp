@@ -80,6 +80,9 @@ void UiProcess::send(const Wish& wish)
             qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
             return;
         }
+        // No answer so soon means that it has ended, of which the launcher tells.
+        if (!wish.patience.hasExpired())
+            return;
         // It has nothing to lose, and only its end lets the next click start another one.
         qCWarning(logSystem, "The windows' process does not answer and is killed");
         m_launcher.kill();
