@@ -138,7 +138,8 @@ class EndingTest(TarvikTestCase):
 class InstancesTest(TarvikTestCase):
     @staticmethod
     def has_windows():
-        return subprocess.run(["busctl", "--user", "status", "com.morvanta.TarvikUi"], capture_output=True, check=False).returncode == 0
+        return subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                               "GetNameOwner", "s", "com.morvanta.TarvikUi"], capture_output=True, check=False).returncode == 0
 
     def test_a_second_start_hands_over_to_the_first(self):
         self.programs.start("claude")

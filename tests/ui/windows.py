@@ -21,6 +21,12 @@ def await_true(condition, what):
     return value
 
 
+def is_there():
+    """Whether the windows' process is on the bus."""
+    return subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                           "GetNameOwner", "s", NAME], capture_output=True, check=False).returncode == 0
+
+
 class WindowsTestCase(unittest.TestCase):
     def start(self, *command, **options):
         process = subprocess.Popen(command, **options)
@@ -44,8 +50,7 @@ class WindowsTestCase(unittest.TestCase):
         """Starts a Tarvik to observe and the windows' process, as `fake` and `ui`."""
         self.fake = self.start_fake("fake_tarvik.py")
         self.ui = self.start(UI, env={**os.environ, **environment})
-        await_true(lambda: subprocess.run(["busctl", "--user", "status", NAME], capture_output=True, check=False).returncode == 0,
-                   "the windows' process did not come up")
+        await_true(is_there, "the windows' process did not come up")
 
     def tell(self, state):
         """Brings the Tarvik that is observed into one of its states."""
