@@ -21,10 +21,11 @@ def await_true(condition, what):
     return value
 
 
-def is_there():
-    """Whether the windows' process is on the bus."""
-    return subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                           "GetNameOwner", "s", NAME], capture_output=True, check=False).returncode == 0
+def is_on_bus(process):
+    """Whether it is this windows' process that has the name."""
+    owner = subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                            "GetConnectionUnixProcessID", "s", NAME], capture_output=True, text=True, check=False).stdout
+    return owner == f"u {process.pid}\n"
 
 
 class WindowsTestCase(unittest.TestCase):
@@ -50,7 +51,7 @@ class WindowsTestCase(unittest.TestCase):
         """Starts a Tarvik to observe and the windows' process, as `fake` and `ui`."""
         self.fake = self.start_fake("fake_tarvik.py")
         self.ui = self.start(UI, env={**os.environ, **environment})
-        await_true(is_there, "the windows' process did not come up")
+        await_true(lambda: is_on_bus(self.ui), "the windows' process did not come up")
 
     def tell(self, state):
         """Brings the Tarvik that is observed into one of its states."""
