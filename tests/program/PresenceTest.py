@@ -64,6 +64,11 @@ def click(x, y, button=1):
     subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
 
 
+def rest_pointer():
+    """Moves the pointer away: what it rests on is highlighted and gets a tooltip, which is a window, too."""
+    subprocess.run(["xdotool", "mousemove", "400", "600"], check=True)
+
+
 def geometry(window):
     """Left, top, width and height on the screen."""
     shell = output("xdotool", "getwindowgeometry", "--shell", window)
@@ -90,8 +95,7 @@ class PresenceTestCase(TarvikTestCase):
         super().setUp()
         hardware("mains", "on")
         hardware("battery", 80, "charging")
-        # What the pointer rests on is highlighted and gets a tooltip, which is a window, too.
-        subprocess.run(["xdotool", "mousemove", "400", "600"], check=True)
+        rest_pointer()
         self.may_log = []
 
     def present(self, settings=None):
@@ -117,6 +121,7 @@ class PresenceTestCase(TarvikTestCase):
 
     def tray(self):
         """Where the item is in the panel of the desktop, once that has stopped shifting its parts about."""
+        rest_pointer()
         seen, same = None, 0
 
         def stands_still():
