@@ -84,8 +84,10 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , lidSensor(std::make_unique<LogindLidSensor>(systemBus, clock))
     , thermalState(std::make_unique<SysfsThermalState>(clock))
     , processTable(std::make_unique<PsProcessTable>(clock))
-    , runningApplications(
-          std::make_unique<DesktopRunningApplications>(sessionBus, qgetenv("DISPLAY"), desktopFiles, clock))
+    , runningApplications(std::make_unique<DesktopRunningApplications>(sessionBus,
+          DesktopRunningApplications::Displays{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()},
+          desktopFiles,
+          clock))
     , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
     , powerAssertions(std::make_unique<DesktopPowerAssertions>(
           systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(clock)))

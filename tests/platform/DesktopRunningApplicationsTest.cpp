@@ -114,8 +114,10 @@ private Q_SLOTS:
         FakeSystemd systemd;
         QVERIFY(systemd.appear());
         systemd.start(u"app-gnome-org.example.Editor-1.scope"_s);
-        m_applications
-            = std::make_unique<DesktopRunningApplications>(QDBusConnection::sessionBus(), ":65000", m_files, m_clock);
+        m_applications = std::make_unique<DesktopRunningApplications>(QDBusConnection::sessionBus(),
+            DesktopRunningApplications::Displays{.x11 = ":65000", .waylandSocket = u"/nonexistent/wayland-0"_s},
+            m_files,
+            m_clock);
         m_applications->onChange = [this] { ++m_changes; };
         QVERIFY(m_applications->list().isEmpty());
         m_clock.advance(1s);

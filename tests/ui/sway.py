@@ -1,12 +1,15 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""A Wayland compositor with a bar, sway, that draws on screens in memory. The environment of this process becomes that of
-a program in its session."""
+"""sway.py COMMAND...: runs a command in the session of a Wayland compositor, sway, that draws on screens in memory.
+
+For tests in this language, a Sway is such a session with a bar; the environment of this process becomes that of a program in
+it."""
 import json
 import os
 import pathlib
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -86,3 +89,12 @@ class Sway:
         _magic, width, height, _rest = picture.split(maxsplit=3)
         pixels = picture[-3 * int(width) * int(height):]
         return [pixels[start:start + 3 * int(width)] for start in range(0, len(pixels), 3 * int(width))]
+
+
+if __name__ == "__main__":
+    session = Sway()
+    try:
+        status = subprocess.run(sys.argv[1:], check=False).returncode
+    finally:
+        session.close()
+    sys.exit(status)

@@ -28,7 +28,7 @@ class VirtualSeat:
         """The size is that of all screens together."""
         self.size = (width, height)
         self.last_id = REGISTRY
-        display = pathlib.Path(os.environ["XDG_RUNTIME_DIR"], os.environ["WAYLAND_DISPLAY"])
+        display = pathlib.Path(os.environ.get("XDG_RUNTIME_DIR", ""), os.environ["WAYLAND_DISPLAY"])
         self.socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
         self.socket.connect(str(display))
         self.send(DISPLAY, 1, struct.pack("=I", REGISTRY))

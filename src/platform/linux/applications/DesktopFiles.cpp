@@ -74,6 +74,21 @@ std::optional<QString> DesktopFiles::name(const QString& id)
     return found;
 }
 
+std::optional<QString> DesktopFiles::idForWindow(const QStringList& classes)
+{
+    for (const QString& name : classes) {
+        if (const auto id = idForStartupClass(name); !name.isEmpty() && id)
+            return id;
+    }
+    for (const QString& name : classes) {
+        for (const QString& id : {name, name.toLower().replace(u' ', u'-')}) {
+            if (this->name(id))
+                return id;
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<QString> DesktopFiles::idForStartupClass(const QString& windowClass)
 {
     if (!m_startupClasses)

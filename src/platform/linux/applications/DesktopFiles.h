@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -23,6 +24,10 @@ public:
 
     /// The name in the user's language; nothing when there is no such application.
     std::optional<QString> name(const QString& id);
+
+    /// The application whose windows say that they are of one of these classes (WM_CLASS, app_id), the best first: by
+    /// StartupWMClass, else by id, in lower case as well.
+    std::optional<QString> idForWindow(const QStringList& classes);
 
     /// The application whose StartupWMClass is `windowClass`. The first call after a change reads every desktop file.
     std::optional<QString> idForStartupClass(const QString& windowClass);

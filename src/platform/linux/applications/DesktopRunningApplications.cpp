@@ -4,6 +4,7 @@
 
 #include "platform/linux/applications/DesktopFiles.h"
 #include "platform/linux/applications/SystemdUserApplications.h"
+#include "platform/linux/applications/WaylandApplications.h"
 #include "platform/linux/applications/X11Applications.h"
 
 #include <algorithm>
@@ -19,12 +20,17 @@ namespace {
 /// A launch shows in several sources, one after the other.
 constexpr Seconds settlingTime = 200ms;
 
-DesktopRunningApplications::Sources sourcesOf(
-    const QDBusConnection& sessionBus, const QByteArray& display, DesktopFiles& files)
+DesktopRunningApplications::Sources sourcesOf(const QDBusConnection& sessionBus,
+    const DesktopRunningApplications::Displays& displays,
+    DesktopFiles& files,
+    Clock& clock)
 {
     DesktopRunningApplications::Sources sources;
     sources.push_back(std::make_unique<SystemdUserApplications>(sessionBus));
-    if (auto windows = display.isEmpty() ? nullptr : X11Applications::connect(display, files))
+    if (auto windows = displays.x11.isEmpty() ? nullptr : X11Applications::connect(displays.x11, files))
+        sources.push_back(std::move(windows));
+    const QString& socket = displays.waylandSocket;
+    if (auto windows = socket.isEmpty() ? nullptr : WaylandApplications::connect(socket, files, clock))
         sources.push_back(std::move(windows));
     return sources;
 }
@@ -32,8 +38,8 @@ DesktopRunningApplications::Sources sourcesOf(
 } // namespace
 
 DesktopRunningApplications::DesktopRunningApplications(
-    const QDBusConnection& sessionBus, const QByteArray& display, DesktopFiles& files, Clock& clock)
-    : DesktopRunningApplications(sourcesOf(sessionBus, display, files), files, clock)
+    const QDBusConnection& sessionBus, const Displays& displays, DesktopFiles& files, Clock& clock)
+    : DesktopRunningApplications(sourcesOf(sessionBus, displays, files, clock), files, clock)
 {
 }
 

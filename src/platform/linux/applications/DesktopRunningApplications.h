@@ -21,10 +21,17 @@ class DesktopRunningApplications final : public RunningApplications {
 public:
     using Sources = std::vector<std::unique_ptr<RunningApplications>>;
 
-    /// The sources of this session: the systemd user manager and, unless `display` is empty or cannot be reached, the
-    /// windows on that X display. `clock` and `files` must outlive the object.
+    /// Where windows are: an X display as in DISPLAY, and the absolute path of a compositor's socket. Either may be
+    /// empty.
+    struct Displays {
+        QByteArray x11;
+        QString waylandSocket;
+    };
+
+    /// The sources of this session: the systemd user manager and the windows on those displays that can be reached.
+    /// `clock` and `files` must outlive the object.
     DesktopRunningApplications(
-        const QDBusConnection& sessionBus, const QByteArray& display, DesktopFiles& files, Clock& clock);
+        const QDBusConnection& sessionBus, const Displays& displays, DesktopFiles& files, Clock& clock);
     /// Takes over `files.onChange` and that of the sources.
     DesktopRunningApplications(Sources sources, DesktopFiles& files, Clock& clock);
     ~DesktopRunningApplications() override;

@@ -91,16 +91,8 @@ RunningApplication X11Applications::application(const Window& window) const
     const QString gtkApplicationId = QString::fromUtf8(window.gtkApplicationId);
     if (m_files.name(gtkApplicationId))
         return {.id = gtkApplicationId, .localizedName = {}};
-    for (const QString& name : {instance, className}) {
-        if (const auto id = m_files.idForStartupClass(name); !name.isEmpty() && id)
-            return {.id = *id, .localizedName = {}};
-    }
-    for (const QString& name : {instance, className}) {
-        for (const QString& id : {name, name.toLower().replace(u' ', u'-')}) {
-            if (m_files.name(id))
-                return {.id = id, .localizedName = {}};
-        }
-    }
+    if (const auto id = m_files.idForWindow({instance, className}))
+        return {.id = *id, .localizedName = {}};
     return {.id = {}, .localizedName = className};
 }
 
