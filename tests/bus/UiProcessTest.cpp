@@ -7,6 +7,8 @@
 #include "fakes/FakeUiLauncher.h"
 #include "support/TestSupport.h"
 
+#include <QDBusPendingCallWatcher>
+
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 
@@ -18,15 +20,10 @@ private Q_SLOTS:
     {
         TARVIK_FAIL_ON_WARNINGS();
         m_calls.clear();
-        m_windows = std::make_unique<FakeDBusService>(
-            m_server, QString::fromLatin1(UiWire::uiBusName), QString::fromLatin1(UiWire::uiObjectPath));
-        m_windows->handler = [this](const QDBusMessage& call) {
-            m_calls.append(call.member() + u' ' + QDebug::toString(call.arguments()));
-            return call.createReply();
-        };
+        makeProcess();
     }
 
-    void cleanup() { m_windows.reset(); }
+    void cleanup() { endProcess(); }
 
     void aRunningProcessIsToldWhatToShow()
     {
@@ -111,10 +108,7 @@ private Q_SLOTS:
     void aProcessThatDoesNotAnswerIsKilled()
     {
         QVERIFY(m_windows->appear());
-        m_windows->handler = [this](const QDBusMessage& call) {
-            m_calls.append(call.member());
-            return QDBusMessage();
-        };
+        leaveCallsUnanswered();
         FakeUiLauncher launcher;
         UiProcess windows(launcher, m_client);
         expectLog(QtWarningMsg, u"^The windows' process does not answer and is killed$"_s);
@@ -127,6 +121,49 @@ private Q_SLOTS:
         launcher.end({});
         windows.showPanel(3, 4, {});
         QTRY_COMPARE(launcher.launches, 1);
+    }
+
+    void aProcessThatCrashesInTheMiddleOfACallIsNotCalledHanging()
+    {
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(launcher.launches, 1);
+        leaveCallsUnanswered();
+        QVERIFY(m_windows->appear());
+        QTRY_COMPARE(m_calls.size(), 1);
+        endProcess();
+        QTRY_VERIFY(!isCalling(windows));
+        expectLog(QtWarningMsg, u"^The windows' process failed: it crashed with signal 11$"_s);
+        launcher.end(u"it crashed with signal 11"_s);
+        QCOMPARE(launcher.kills, 0);
+        // What crashed over a click is not started for it again, but for the next one.
+        QCOMPARE(launcher.launches, 1);
+        windows.showPanel(3, 4, {});
+        QTRY_COMPARE(launcher.launches, 2);
+        startProcess();
+        QTRY_COMPARE(m_calls.size(), 2);
+        QVERIFY2(m_calls[1].contains(u'3'), qPrintable(m_calls[1]));
+    }
+
+    void aProcessThatRanBeforeAndCrashesInTheMiddleOfACallIsReplaced()
+    {
+        leaveCallsUnanswered();
+        QVERIFY(m_windows->appear());
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(m_calls.size(), 1);
+        expectLog(QtWarningMsg, u"^The windows' process failed: it crashed with signal 11$"_s);
+        launcher.end(u"it crashed with signal 11"_s);
+        endProcess();
+        QTRY_COMPARE(launcher.launches, 1);
+        QCOMPARE(launcher.kills, 0);
+        startProcess();
+        QTRY_COMPARE(m_calls.size(), 2);
+        QVERIFY2(m_calls[1].startsWith("ShowPanel"_L1) && m_calls[1].contains(u'1'), qPrintable(m_calls[1]));
+        QTRY_VERIFY(!isCalling(windows));
+        QCOMPARE(launcher.launches, 1);
     }
 
     void aProcessThatRefusesIsLogged()
@@ -149,12 +186,50 @@ private Q_SLOTS:
         };
         windows.showPanel(1, 2, {});
         QTRY_COMPARE(m_calls.size(), 2);
-        QTRY_VERIFY(windows.findChildren<QObject*>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
+        QTRY_VERIFY(!isCalling(windows));
         QCOMPARE(launcher.launches, 0);
     }
 
 private:
-    QDBusConnection m_server = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"windows"_s);
+    void makeProcess()
+    {
+        m_windows = std::make_unique<FakeDBusService>(
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connectionName),
+            QString::fromLatin1(UiWire::uiBusName),
+            QString::fromLatin1(UiWire::uiObjectPath));
+        m_windows->handler = [this](const QDBusMessage& call) {
+            m_calls.append(call.member() + u' ' + QDebug::toString(call.arguments()));
+            return call.createReply();
+        };
+    }
+
+    void startProcess()
+    {
+        makeProcess();
+        QVERIFY(m_windows->appear());
+    }
+
+    /// Closes the connection, upon which the bus answers the calls that are open in the place of the process.
+    void endProcess()
+    {
+        m_windows.reset();
+        QDBusConnection::disconnectFromBus(m_connectionName);
+    }
+
+    void leaveCallsUnanswered()
+    {
+        m_windows->handler = [this](const QDBusMessage& call) {
+            m_calls.append(call.member());
+            return QDBusMessage();
+        };
+    }
+
+    static bool isCalling(const UiProcess& windows)
+    {
+        return windows.findChild<QDBusPendingCallWatcher*>(QString(), Qt::FindDirectChildrenOnly) != nullptr;
+    }
+
+    const QString m_connectionName = u"windows"_s;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"tarvik"_s);
     std::unique_ptr<FakeDBusService> m_windows;
     QStringList m_calls;
