@@ -20,7 +20,9 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
           *m_platform.processTable,
           *m_platform.runningApplications,
           m_platform.clock,
-          [this] { return HookConfig::installedIds(m_platform.home); })
+          [this, invalidIds = QSet<QString>()]() mutable {
+              return HookConfig::installedIds(m_platform.home, invalidIds);
+          })
     , m_thermal(*m_platform.thermalState)
     , m_journal(*m_platform.settingsStore, m_platform.clock)
     , m_hooks(*m_platform.hookChannel, m_platform.clock)

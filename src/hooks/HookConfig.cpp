@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +65,7 @@ FileBytes readFile(const QString& path)
     return file.error() == QFileDevice::NoError ? result : failure(EIO);
 }
 
-Contents parse(const QByteArray& bytes, const QString& path)
+Contents parse(const QByteArray& bytes)
 {
     if (bytes.isEmpty())
         return Missing{};
@@ -73,10 +74,27 @@ Contents parse(const QByteArray& bytes, const QString& path)
         if (document && document->object() != nullptr)
             return std::move(*document->object());
     }
+    return Invalid{};
+}
+
+bool isInvalid(const Contents& contents)
+{
+    return std::holds_alternative<Invalid>(contents);
+}
+
+void logInvalid(const QString& path)
+{
     qCCritical(logHooks,
         "hook config at %s is not valid JSON; refusing to touch it",
         qUtf8Printable(QFileInfo(path).fileName()));
-    return Invalid{};
+}
+
+Contents parseOrLog(const QByteArray& bytes, const QString& path)
+{
+    Contents contents = parse(bytes);
+    if (isInvalid(contents))
+        logInvalid(path);
+    return contents;
 }
 
 void logWriteFailure(const HookSpec& spec, const QString& error)
@@ -113,15 +131,15 @@ bool write(const HookSpec& spec, const QString& path, JsonValue::Object document
 Contents read(const HookSpec& spec, const QString& home)
 {
     const QString path = filePath(spec, home);
-    return parse(readFile(path).bytes, path);
+    return parseOrLog(readFile(path).bytes, path);
 }
 
 bool install(const HookSpec& spec, const QString& home, const QString& toolPath)
 {
     const QString path = filePath(spec, home);
     const FileBytes file = readFile(path);
-    Contents contents = parse(file.bytes, path);
-    if (std::holds_alternative<Invalid>(contents))
+    Contents contents = parseOrLog(file.bytes, path);
+    if (isInvalid(contents))
         return false;
     // Starting from nothing would replace what is only out of sight, such as a file that may be written but not read.
     if (!file.error.isEmpty()) {
@@ -165,12 +183,26 @@ void refreshOutdated(const QString& home, const QString& toolPath)
 
 QSet<QString> installedIds(const QString& home)
 {
+    QSet<QString> invalidIds;
+    return installedIds(home, invalidIds);
+}
+
+QSet<QString> installedIds(const QString& home, QSet<QString>& invalidIds)
+{
     QSet<QString> ids;
+    const QSet<QString> knownInvalidIds = std::exchange(invalidIds, {});
     for (const HookSpec& spec : HookSpec::all) {
-        const Contents contents = read(spec, home);
+        const QString id = toQString(spec.id);
+        const QString path = filePath(spec, home);
+        const Contents contents = parse(readFile(path).bytes);
+        if (isInvalid(contents)) {
+            invalidIds.insert(id);
+            if (!knownInvalidIds.contains(id))
+                logInvalid(path);
+        }
         const auto* document = std::get_if<JsonValue::Object>(&contents);
         if (document != nullptr && HookEntries::isInstalled(spec, *document))
-            ids.insert(toQString(spec.id));
+            ids.insert(id);
     }
     return ids;
 }

@@ -43,4 +43,8 @@ void refreshOutdated(const QString& home, const QString& toolPath);
 /// The ids of the agents in whose files our entries stand under every start event.
 QSet<QString> installedIds(const QString& home);
 
+/// The same for whoever asks again and again: a file is only logged when it has become Invalid since the last time.
+/// `invalidIds` is what is remembered from one time to the next, empty to begin with.
+QSet<QString> installedIds(const QString& home, QSet<QString>& invalidIds);
+
 } // namespace Tarvik::HookConfig

@@ -52,6 +52,24 @@ void expectRewrite(const QString& id)
     expectLog(QtInfoMsg, u"^hook config out of date for "_s + id + u"; rewriting$"_s);
 }
 
+/// Counts the errors that are logged in its lifetime.
+class LoggedErrors {
+public:
+    LoggedErrors() { s_count = 0; }
+    ~LoggedErrors() { qInstallMessageHandler(m_previous); }
+    LoggedErrors(const LoggedErrors&) = delete;
+    LoggedErrors& operator=(const LoggedErrors&) = delete;
+
+    static int count() { return s_count; }
+
+private:
+    static inline int s_count = 0;
+    QtMessageHandler m_previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString&) {
+        if (type == QtCriticalMsg)
+            ++s_count;
+    });
+};
+
 } // namespace
 
 class HookConfigTest : public QObject {
@@ -161,6 +179,37 @@ private Q_SLOTS:
         QCOMPARE(HookConfig::installedIds(home()), QSet<QString>());
         QCOMPARE(contents(u".claude/settings.json"_s), bytes);
         QCOMPARE(names(u".claude"_s), QStringList{u"settings.json"_s});
+    }
+
+    void whoAsksAgainAndAgainHearsOfAnInvalidFileOnceEachTimeItBecomesSo()
+    {
+        QSet<QString> invalidIds;
+        const auto scan = [&] { return HookConfig::installedIds(home(), invalidIds); };
+        QVERIFY(HookConfig::install(spec("codex"), home(), toolPath));
+        put(u".claude/settings.json"_s, "[]");
+        const LoggedErrors errors;
+        for (int again = 0; again < 3; ++again)
+            QCOMPARE(scan(), QSet<QString>{u"codex"_s});
+        QCOMPARE(errors.count(), 1);
+        // Another way to be invalid is no news; another file is, also one of the same name.
+        put(u".claude/settings.json"_s, "{");
+        put(u".gemini/settings.json"_s, "{");
+        scan();
+        QCOMPARE(errors.count(), 2);
+        for (const QByteArray good : {"{}", ""}) {
+            put(u".claude/settings.json"_s, good);
+            scan();
+            put(u".claude/settings.json"_s, "{");
+            const int before = errors.count();
+            scan();
+            scan();
+            QCOMPARE(errors.count(), before + 1);
+        }
+        // Who asks once is always told.
+        const int before = errors.count();
+        HookConfig::installedIds(home());
+        QVERIFY(!HookConfig::install(spec("claude"), home(), toolPath));
+        QCOMPARE(errors.count(), before + 3);
     }
 
     void aFileBeyondSixteenMebibytesIsNeverTouched()
