@@ -99,7 +99,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory()))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
-    , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath()))
+    , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath(), clock))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
           DisplaySessionLifetime::Display{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()},
           systemBus,

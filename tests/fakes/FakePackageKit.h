@@ -34,9 +34,12 @@ public:
         handler = [this](const QDBusMessage& call) { return answer(call); };
     }
 
-    void emitFrom(const QString& path, const QString& name, const QVariantList& values)
+    void emitFrom(const QString& path,
+        const QString& name,
+        const QVariantList& values,
+        const QString& interface = transactionInterface())
     {
-        auto signal = QDBusMessage::createSignal(path, transactionInterface(), name);
+        auto signal = QDBusMessage::createSignal(path, interface, name);
         signal.setArguments(values);
         m_bus.send(signal);
     }
@@ -50,6 +53,8 @@ public:
     QList<QVariantList> arguments;
     /// What the last transaction was told before it began.
     QStringList hints;
+    /// How often the last transaction was cancelled.
+    int cancellations = 0;
 
 private:
     static QString transactionInterface() { return QStringLiteral("org.freedesktop.PackageKit.Transaction"); }
@@ -58,12 +63,17 @@ private:
     {
         if (call.member() == QStringLiteral("CreateTransaction")) {
             ++m_count;
+            cancellations = 0;
             return call.createReply(QVariant::fromValue(QDBusObjectPath(currentPath())));
         }
         if (call.interface() != transactionInterface() || call.path() != currentPath())
             return call.createErrorReply(QDBusError::UnknownObject, call.path());
         if (call.member() == QStringLiteral("SetHints")) {
             hints = call.arguments().constFirst().toStringList();
+            return call.createReply();
+        }
+        if (call.member() == QStringLiteral("Cancel")) {
+            ++cancellations;
             return call.createReply();
         }
         methods.append(call.member());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/updates/PackageKitUpdateDriver.h"
 
+#include "fakes/FakeClock.h"
 #include "fakes/FakePackageKit.h"
 #include "support/TestSupport.h"
 
@@ -106,7 +107,7 @@ private Q_SLOTS:
 
     void withoutASystemBusThereAreNoUpdates()
     {
-        m_driver = std::make_unique<PackageKitUpdateDriver>(QDBusConnection(u"none"_s), program);
+        m_driver = std::make_unique<PackageKitUpdateDriver>(QDBusConnection(u"none"_s), program, m_clock);
         expectLog(QtInfoMsg, u"^There are no updates, for lack of PackageKit: .+$"_s);
         m_driver->prepare();
         settle();
@@ -209,6 +210,77 @@ private Q_SLOTS:
         QTRY_COMPARE(m_finished, QList<bool>{false});
     }
 
+    void aTransactionWithoutASignOfLifeIsCancelledAndTheNextCheckWorks()
+    {
+        m_packageKit->outcomes[u"RefreshCache"_s].ends = false;
+        beginCheck();
+        m_clock.advance(PackageKitTransaction::patience - Seconds(1));
+        settle();
+        QCOMPARE(m_packageKit->cancellations, 0);
+        QVERIFY(m_finished.isEmpty());
+        expectLog(QtWarningMsg,
+            u"^New versions could not be looked for: PackageKit has shown no sign of life for five minutes\\.$"_s);
+        m_clock.advance(Seconds(1));
+        QCOMPARE(m_finished, QList<bool>{false});
+        QCOMPARE(m_clock.pending(), std::size_t{0});
+        QTRY_COMPARE(m_packageKit->cancellations, 1);
+        // What the cancelled transaction still says concerns nobody.
+        m_packageKit->emitFrom(m_packageKit->currentPath(), u"Finished"_s, {uint{3}, uint{0}});
+        settle();
+        QVERIFY(m_driver->isAvailable());
+        m_packageKit->outcomes.remove(u"RefreshCache"_s);
+        m_driver->start(Task::check, Initiator::user);
+        QTRY_COMPARE(m_finished, (QList<bool>{false, true}));
+        QCOMPARE(m_clock.pending(), std::size_t{0});
+    }
+
+    void aTransactionThatShowsLifeMayTakeItsTime_data()
+    {
+        QTest::addColumn<QString>("interface");
+        QTest::addColumn<QString>("signal");
+        QTest::addColumn<QVariantList>("arguments");
+        const auto transaction = u"org.freedesktop.PackageKit.Transaction"_s;
+        QTest::newRow("progress") << transaction << u"ItemProgress"_s
+                                  << QVariantList{u"bash;5.2;amd64;stable"_s, uint{8}, uint{50}};
+        QTest::newRow("percentage") << u"org.freedesktop.DBus.Properties"_s << u"PropertiesChanged"_s
+                                    << QVariantList{
+                                           transaction, QVariantMap{{u"Percentage"_s, uint{50}}}, QStringList()};
+        QTest::newRow("a signal of a later version") << transaction << u"Changed"_s << QVariantList();
+    }
+
+    void aTransactionThatShowsLifeMayTakeItsTime()
+    {
+        QFETCH(QString, interface);
+        QFETCH(QString, signal);
+        QFETCH(QVariantList, arguments);
+        m_packageKit->outcomes[u"RefreshCache"_s].ends = false;
+        beginCheck();
+        for (int time = 0; time < 12; ++time) {
+            m_packageKit->emitFrom(m_packageKit->currentPath(), signal, arguments, interface);
+            settle();
+            m_clock.advance(PackageKitTransaction::patience);
+        }
+        QVERIFY(m_finished.isEmpty());
+        expectLog(QtWarningMsg, u"^New versions could not be looked for: .*no sign of life.*$"_s);
+        m_clock.advance(PackageKitTransaction::patience);
+        QCOMPARE(m_finished, QList<bool>{false});
+    }
+
+    void aSearchWithoutASignOfLifeIsRepeatedWhenAskedForAgain()
+    {
+        m_packageKit->outcomes[u"SearchFiles"_s] = {.packageIds = {}, .ends = false};
+        use(program);
+        m_driver->prepare();
+        QTRY_COMPARE(m_packageKit->methods, QStringList{u"SearchFiles"_s});
+        settle();
+        expectLog(QtInfoMsg, u"^There are no updates, for lack of PackageKit: .*no sign of life.*$"_s);
+        m_clock.advance(PackageKitTransaction::patience);
+        QTRY_COMPARE(m_packageKit->cancellations, 1);
+        m_packageKit->outcomes[u"SearchFiles"_s] = {.packageIds = {installed}};
+        m_driver->prepare();
+        QTRY_VERIFY(m_driver->isAvailable());
+    }
+
     void signalsOfOtherTypesAreIgnored()
     {
         m_packageKit->outcomes[u"RefreshCache"_s].ends = false;
@@ -231,7 +303,7 @@ private Q_SLOTS:
 private:
     void use(const QString& path)
     {
-        m_driver = std::make_unique<PackageKitUpdateDriver>(m_client, path);
+        m_driver = std::make_unique<PackageKitUpdateDriver>(m_client, path, m_clock);
         m_driver->onFinished = [this](bool hasChecked) { m_finished.append(hasChecked); };
     }
 
@@ -240,6 +312,15 @@ private:
         use(program);
         m_driver->prepare();
         QTRY_VERIFY(m_driver->isAvailable());
+    }
+
+    /// Begins a check whose first transaction does not end by itself.
+    void beginCheck()
+    {
+        makeAvailable();
+        m_driver->start(Task::check, Initiator::user);
+        QTRY_COMPARE(m_packageKit->methods.last(), u"RefreshCache"_s);
+        settle();
     }
 
     /// Until whatever has been sent has been answered.
@@ -255,6 +336,7 @@ private:
 
     QDBusConnection m_server = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"packagekit"_s);
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"tarvik"_s);
+    FakeClock m_clock;
     std::unique_ptr<FakePackageKit> m_packageKit;
     std::unique_ptr<PackageKitUpdateDriver> m_driver;
     QList<bool> m_finished;

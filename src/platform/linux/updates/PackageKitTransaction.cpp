@@ -28,8 +28,9 @@ bool isStillWaiting(const QDBusMessage& answer)
 } // namespace
 
 PackageKitTransaction::PackageKitTransaction(
-    QDBusConnection bus, Request request, std::function<void(const Outcome& outcome)> done)
+    QDBusConnection bus, Clock& clock, Request request, std::function<void(const Outcome& outcome)> done)
     : m_bus(std::move(bus))
+    , m_clock(clock)
     , m_request(std::move(request))
     , m_done(std::move(done))
 {
@@ -48,15 +49,16 @@ void PackageKitTransaction::begin(const QDBusMessage& created)
         return;
     }
     // The unique name: a PackageKit that was started anew knows nothing of this transaction.
-    const QString service = created.service();
-    const QString path = created.arguments().constFirst().value<QDBusObjectPath>().path();
-    listen(service, path);
+    m_service = created.service();
+    m_path = created.arguments().constFirst().value<QDBusObjectPath>().path();
+    listen();
+    m_lifeCheck = m_clock.every(patience, [this] { giveUpUnlessAlive(); });
 
-    auto hints = methodCall(service, path, u"SetHints"_s);
+    auto hints = methodCall(u"SetHints"_s);
     hints << (m_request.isInteractive ? QStringList{u"interactive=true"_s}
                                       : QStringList{u"interactive=false"_s, u"background=true"_s});
     m_bus.send(hints);
-    auto work = methodCall(service, path, m_request.method);
+    auto work = methodCall(m_request.method);
     work.setArguments(m_request.arguments);
     m_call = callAsync(m_bus, work, [this](const QDBusMessage& answer) {
         // An accepted method is answered late where the user thinks about a password; then only the signal counts.
@@ -65,23 +67,27 @@ void PackageKitTransaction::begin(const QDBusMessage& created)
     });
 }
 
-void PackageKitTransaction::listen(const QString& service, const QString& path)
+void PackageKitTransaction::listen()
 {
     m_watcher.setConnection(m_bus);
     m_watcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    m_watcher.addWatchedService(service);
+    m_watcher.addWatchedService(m_service);
     connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(u"PackageKit has gone."_s); });
-    const auto connectTo = [&](const QString& name, const char* slot) {
-        m_bus.connect(service, path, transactionInterface, name, this, slot);
+    const auto connectTo = [this](const QString& name, const char* slot) {
+        m_bus.connect(m_service, m_path, transactionInterface, name, this, slot);
     };
     connectTo(u"Package"_s, SLOT(receivePackage(QDBusMessage)));
     connectTo(u"ErrorCode"_s, SLOT(receiveErrorCode(QDBusMessage)));
     connectTo(u"Finished"_s, SLOT(receiveFinished(QDBusMessage)));
+    const auto anySignal = QString();
+    connectTo(anySignal, SLOT(noticeLife()));
+    m_bus.connect(
+        m_service, m_path, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, this, SLOT(noticeLife()));
 }
 
-QDBusMessage PackageKitTransaction::methodCall(const QString& service, const QString& path, const QString& method) const
+QDBusMessage PackageKitTransaction::methodCall(const QString& method) const
 {
-    return QDBusMessage::createMethodCall(service, path, transactionInterface, method);
+    return QDBusMessage::createMethodCall(m_service, m_path, transactionInterface, method);
 }
 
 void PackageKitTransaction::receivePackage(const QDBusMessage& signal)
@@ -105,6 +111,19 @@ void PackageKitTransaction::receiveFinished(const QDBusMessage& signal)
         finish({});
     else
         finish(m_errorDetails.isEmpty() ? u"PackageKit ended with the code %1."_s.arg(exit) : m_errorDetails);
+}
+
+void PackageKitTransaction::noticeLife()
+{
+    m_hasShownLife = true;
+}
+
+void PackageKitTransaction::giveUpUnlessAlive()
+{
+    if (std::exchange(m_hasShownLife, false))
+        return;
+    m_bus.send(methodCall(u"Cancel"_s));
+    finish(u"PackageKit has shown no sign of life for five minutes."_s);
 }
 
 void PackageKitTransaction::finish(const std::optional<QString>& error)

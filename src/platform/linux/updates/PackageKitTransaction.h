@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Clock.h"
 #include "platform/linux/dbus/DBusCall.h"
 
 #include <QDBusServiceWatcher>
@@ -9,12 +10,14 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace Tarvik {
 
 /// One piece of work for PackageKit, see org.freedesktop.PackageKit.Transaction: begins when it is constructed and is
-/// over when PackageKit says so, or is gone. Starts PackageKit where need be. Destroying it does not cancel the work.
+/// over when PackageKit says so, is gone, or has shown no sign of life for long, upon which the work is cancelled.
+/// Starts PackageKit where need be. Destroying it does not cancel the work.
 class PackageKitTransaction final : public QObject {
     Q_OBJECT
 
@@ -34,8 +37,13 @@ public:
         QStringList packageIds;
     };
 
-    /// `done` is called once, and may destroy the transaction.
-    PackageKitTransaction(QDBusConnection bus, Request request, std::function<void(const Outcome& outcome)> done);
+    /// After so much time without any signal of the transaction, and at the latest twice as much, it is given up. Long
+    /// enough for whoever is asked for a password, and for another program's transaction to end.
+    static constexpr Seconds patience{5.0 * 60};
+
+    /// `clock` must outlive the object. `done` is called once, and may destroy the transaction.
+    PackageKitTransaction(
+        QDBusConnection bus, Clock& clock, Request request, std::function<void(const Outcome& outcome)> done);
     PackageKitTransaction(const PackageKitTransaction&) = delete;
     PackageKitTransaction& operator=(const PackageKitTransaction&) = delete;
 
@@ -43,19 +51,27 @@ private Q_SLOTS:
     void receivePackage(const QDBusMessage& signal);
     void receiveErrorCode(const QDBusMessage& signal);
     void receiveFinished(const QDBusMessage& signal);
+    void noticeLife();
 
 private:
     void begin(const QDBusMessage& created);
-    void listen(const QString& service, const QString& path);
-    QDBusMessage methodCall(const QString& service, const QString& path, const QString& method) const;
+    void listen();
+    QDBusMessage methodCall(const QString& method) const;
+    void giveUpUnlessAlive();
     void finish(const std::optional<QString>& error);
 
     QDBusConnection m_bus;
+    Clock& m_clock;
     Request m_request;
     std::function<void(const Outcome& outcome)> m_done;
     Outcome m_outcome;
     QString m_errorDetails;
+    /// Where the transaction is.
+    QString m_service;
+    QString m_path;
     QDBusServiceWatcher m_watcher;
+    bool m_hasShownLife = false;
+    std::unique_ptr<Timer> m_lifeCheck;
     bool m_isFinished = false;
     DBusCall m_call;
 };

@@ -32,9 +32,10 @@ QString packageName(const QString& packageId)
 
 } // namespace
 
-PackageKitUpdateDriver::PackageKitUpdateDriver(QDBusConnection systemBus, QString program)
+PackageKitUpdateDriver::PackageKitUpdateDriver(QDBusConnection systemBus, QString program, Clock& clock)
     : m_bus(std::move(systemBus))
     , m_program(std::move(program))
+    , m_clock(clock)
 {
 }
 
@@ -123,6 +124,7 @@ void PackageKitUpdateDriver::run(const QString& method,
     std::function<void(const PackageKitTransaction::Outcome& outcome)> done)
 {
     m_transaction = std::make_unique<PackageKitTransaction>(m_bus,
+        m_clock,
         PackageKitTransaction::Request{
             .method = method, .arguments = arguments, .isInteractive = m_initiator == Initiator::user},
         std::move(done));

@@ -16,8 +16,9 @@ namespace Tarvik {
 /// when there is something to ask.
 class PackageKitUpdateDriver final : public UpdateDriver {
 public:
-    /// `systemBus` is the connection to the system bus, `program` the absolute path of the executable.
-    PackageKitUpdateDriver(QDBusConnection systemBus, QString program);
+    /// `systemBus` is the connection to the system bus, `program` the absolute path of the executable; `clock` must
+    /// outlive the object.
+    PackageKitUpdateDriver(QDBusConnection systemBus, QString program, Clock& clock);
 
     void prepare() override;
     bool isAvailable() const override { return m_package.has_value(); }
@@ -35,6 +36,7 @@ private:
 
     QDBusConnection m_bus;
     QString m_program;
+    Clock& m_clock;
     /// The question whether there is a package has been asked, and nothing speaks for asking it again.
     bool m_isPrepared = false;
     /// The name of the package.
