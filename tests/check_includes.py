@@ -11,7 +11,7 @@ ROOT = Path(__file__).resolve().parent.parent
 SERVICES = {"journal", "hooks", "hotkey", "updates", "lidclosed"}
 LINUX = "platform/linux"
 # What every Linux back-end may use; the folders beside these know nothing of each other.
-LINUX_GROUND = {f"{LINUX}/dbus", f"{LINUX}/kernel"}
+LINUX_GROUND = {f"{LINUX}/dbus", f"{LINUX}/kernel", f"{LINUX}/x11"}
 
 # Folder -> the other folders of src/ whose headers it may include.
 ALLOWED = {

@@ -95,7 +95,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
     , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus, findableIcon(bundle)))
     , hotKeys(std::make_unique<DesktopHotKeys>(
-          sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}))
+          sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}, clock))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory()))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 
+#include "fakes/FakeClock.h"
 #include "fakes/FakeKGlobalAccel.h"
 #include "fakes/FakePortal.h"
 #include "support/GnomeShortcutSchemas.h"
@@ -169,7 +170,7 @@ private Q_SLOTS:
     void everyChangeOfTheStateIsTold()
     {
         QList<HotKeyState> states;
-        m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{});
+        m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{}, m_clock);
         m_hotKeys->onStateChange = [&] { states.append(m_registration->state()); };
         m_registration = m_hotKeys->registerHotKey(lock());
         QTRY_COMPARE(states.size(), 1);
@@ -196,11 +197,12 @@ private:
     void start(const DesktopHotKeys::Display& display) { start(display, m_client); }
     void start(const DesktopHotKeys::Display& display, const QDBusConnection& bus)
     {
-        m_hotKeys = std::make_unique<DesktopHotKeys>(bus, display);
+        m_hotKeys = std::make_unique<DesktopHotKeys>(bus, display, m_clock);
         m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
         m_registration = m_hotKeys->registerHotKey(lock());
     }
 
+    FakeClock m_clock;
     GnomeShortcutSchemas m_schemas;
     VirtualXServer m_server;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);

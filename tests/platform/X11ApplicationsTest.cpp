@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/applications/X11Applications.h"
 
+#include "fakes/FakeClock.h"
 #include "platform/linux/applications/DesktopFiles.h"
 #include "support/TemporaryDataHome.h"
 #include "support/TestSupport.h"
-
-#include <QProcess>
+#include "support/VirtualXServer.h"
 
 #include <xcb/xcb.h>
 
@@ -116,20 +116,13 @@ private Q_SLOTS:
         m_data.write("home", "plain.desktop", "Name=Plain");
         m_data.write("home", "two-words.desktop", "Name=Two Words");
         m_data.write("home", "org.example.Gtk.desktop", "Name=Gtk");
-        startServer();
     }
 
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        if (m_server.state() != QProcess::Running)
+        if (!m_server || !m_server->isRunning())
             startServer();
-    }
-
-    void cleanupTestCase()
-    {
-        m_server.kill();
-        m_server.waitForFinished();
     }
 
     void windowsAreMatchedToApplications_data()
@@ -163,7 +156,7 @@ private Q_SLOTS:
         QFETCH(RunningApplication, expected);
         Desktop desktop(m_display);
         desktop.open(instance, className, gtkId);
-        const auto applications = X11Applications::connect(m_display, m_files);
+        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         QVERIFY(applications);
         QTRY_COMPARE(applications->list(), QList{expected});
     }
@@ -171,7 +164,7 @@ private Q_SLOTS:
     void windowsThatOpenAndCloseAreSeen()
     {
         Desktop desktop(m_display);
-        const auto applications = X11Applications::connect(m_display, m_files);
+        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         int changes = 0;
         applications->onChange = [&] { ++changes; };
         const auto first = desktop.open("plain", "Plain");
@@ -189,7 +182,7 @@ private Q_SLOTS:
     void otherChangesOfTheRootWindowAreIgnored()
     {
         Desktop desktop(m_display);
-        const auto applications = X11Applications::connect(m_display, m_files);
+        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         int changes = 0;
         applications->onChange = [&] { ++changes; };
         desktop.touchOtherProperty();
@@ -203,7 +196,7 @@ private Q_SLOTS:
         desktop.open({}, {});
         desktop.closeBehindTheManager(desktop.open("plain", "Plain"));
         desktop.open("cursor", "Cursor");
-        const auto applications = X11Applications::connect(m_display, m_files);
+        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         QTRY_COMPARE(applications->list(), (QList{RunningApplication{.id = {}, .localizedName = u"Cursor"_s}}));
     }
 
@@ -212,47 +205,69 @@ private Q_SLOTS:
         Desktop desktop(m_display);
         for (int i = 0; i < 300; ++i)
             desktop.open("w", QByteArray::number(i));
-        const auto applications = X11Applications::connect(m_display, m_files);
+        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         QTRY_COMPARE(applications->list().size(), 300);
     }
 
     void aDisplayThatCannotBeReachedIsNoSource()
     {
         for (const char* display : {":65000", "nonsense", ":-1", "/nonexistent"})
-            QVERIFY(!X11Applications::connect(display, m_files));
+            QVERIFY(!X11Applications::connect(display, m_files, m_clock));
     }
 
     void aLostServerTakesItsApplicationsWithIt()
     {
-        std::unique_ptr<X11Applications> lost;
-        {
-            Desktop desktop(m_display);
-            desktop.open("plain", "Plain");
-            lost = X11Applications::connect(m_display, m_files);
-            QTRY_COMPARE(lost->list().size(), 1);
-        }
+        const auto lost = showPlain();
+        QVERIFY(lost);
         int changes = 0;
         lost->onChange = [&] { ++changes; };
-        m_server.kill();
+        m_server->kill();
         QTRY_VERIFY(lost->list().isEmpty());
         QCOMPARE(changes, 1);
-        QTRY_COMPARE(m_server.state(), QProcess::NotRunning);
+    }
+
+    void aServerThatIsBackBringsItsApplications()
+    {
+        const auto applications = showPlain();
+        QVERIFY(applications);
+        m_server->kill();
+        QTRY_VERIFY(applications->list().isEmpty());
+        startServer(m_display);
+        Desktop desktop(m_display);
+        desktop.open("cursor", "Cursor");
+        m_clock.advance(Seconds{1});
+        const RunningApplication cursor{.id = {}, .localizedName = u"Cursor"_s};
+        QTRY_COMPARE(applications->list(), QList{cursor});
+        int changes = 0;
+        applications->onChange = [&] { ++changes; };
+        desktop.open("plain", "Plain");
+        QTRY_COMPARE(changes, 1);
+        QCOMPARE(applications->list().size(), 2);
     }
 
 private:
-    void startServer()
+    /// The applications of the server, with that of one window, which is not there any more.
+    std::unique_ptr<X11Applications> showPlain()
     {
-        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_server.start(u"Xvfb"_s,
-            {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"64x64x24"_s, u"-noreset"_s, u"-nolisten"_s, u"tcp"_s});
-        QVERIFY(m_server.waitForStarted());
-        QTRY_VERIFY_WITH_TIMEOUT(m_server.canReadLine(), 20'000);
-        m_display = ':' + m_server.readLine().trimmed();
+        Desktop desktop(m_display);
+        desktop.open("plain", "Plain");
+        auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        const bool isShown = QTest::qWaitFor([&] { return applications->list() == QList{withId(u"plain"_s)}; });
+        return isShown ? std::move(applications) : nullptr;
+    }
+
+    /// `display` as in DISPLAY; without it, one that is free.
+    void startServer(const QByteArray& display = {})
+    {
+        m_server = std::make_unique<VirtualXServer>(display);
+        QVERIFY(m_server->isRunning());
+        m_display = m_server->display();
     }
 
     TemporaryDataHome m_data;
     DesktopFiles m_files;
-    QProcess m_server;
+    FakeClock m_clock;
+    std::unique_ptr<VirtualXServer> m_server;
     QByteArray m_display;
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/X11HotKeys.h"
 
+#include "fakes/FakeClock.h"
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
@@ -44,7 +45,7 @@ private Q_SLOTS:
         m_server = std::make_unique<VirtualXServer>();
         QVERIFY(m_server->isRunning());
         m_user = std::make_unique<XClient>(*m_server);
-        m_hotKeys = X11HotKeys::connect(m_server->display());
+        m_hotKeys = X11HotKeys::connect(m_server->display(), m_clock);
         QVERIFY(m_hotKeys);
         m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.push_back(id); };
     }
@@ -59,8 +60,8 @@ private Q_SLOTS:
 
     void aServerThatIsNotThereGivesNoShortcuts()
     {
-        QVERIFY(!X11HotKeys::connect(":9876"));
-        QVERIFY(!X11HotKeys::connect("nonsense"));
+        QVERIFY(!X11HotKeys::connect(":9876", m_clock));
+        QVERIFY(!X11HotKeys::connect("nonsense", m_clock));
     }
 
     void theShortcutIsPendingUntilTheServerHasGivenIt()
@@ -289,6 +290,37 @@ private Q_SLOTS:
         QCOMPARE(late->state().status, HotKeyStatus::notAvailable);
     }
 
+    void aServerThatIsBackGivesTheShortcutsAgain()
+    {
+        registerLock();
+        QVERIFY(registered());
+        const QByteArray display = m_server->display();
+        m_server->kill();
+        QTRY_COMPARE(m_registration->state().status, HotKeyStatus::notAvailable);
+        // Asked for while there is no server.
+        const auto late = m_hotKeys->registerHotKey({.id = 2,
+            .keyCode = KeyCodes::ansiS,
+            .modifiers = KeyModifiers::command | KeyModifiers::option,
+            .purpose = {}});
+        const auto impossible = m_hotKeys->registerHotKey({.id = 3, .keyCode = 127, .modifiers = 0x900, .purpose = {}});
+        m_server = std::make_unique<VirtualXServer>(display);
+        QVERIFY(m_server->isRunning());
+        QList<HotKeyStatus> told;
+        m_hotKeys->onStateChange = [&] { told.append(m_registration->state().status); };
+        m_clock.advance(Seconds{1});
+        QCOMPARE(m_registration->state().status, HotKeyStatus::pending);
+        QVERIFY(registered());
+        QVERIFY(!told.isEmpty());
+        QCOMPARE(told.last(), HotKeyStatus::registered);
+        QCOMPARE(late->state().status, HotKeyStatus::registered);
+        QCOMPARE(impossible->state().status, HotKeyStatus::notAvailable);
+        m_user = std::make_unique<XClient>(*m_server);
+        pressLock();
+        QTRY_COMPARE(m_pressed, std::vector<std::uint32_t>{1});
+        pressWith({superLeft, altLeft}, keyS);
+        QTRY_COMPARE(m_pressed, (std::vector<std::uint32_t>{1, 2}));
+    }
+
     void aServerThatIsLostUnnoticedDoesNoHarm()
     {
         registerLock();
@@ -382,6 +414,7 @@ private:
         return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     }
 
+    FakeClock m_clock;
     std::unique_ptr<VirtualXServer> m_server;
     std::unique_ptr<XClient> m_user;
     std::unique_ptr<X11HotKeys> m_hotKeys;

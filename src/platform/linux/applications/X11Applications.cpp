@@ -26,51 +26,29 @@ constexpr std::uint32_t maximumPropertyLength = 16 * 1024;
 
 constexpr std::array<std::string_view, 3> atomNames{"_NET_CLIENT_LIST", "_GTK_APPLICATION_ID", "UTF8_STRING"};
 
-xcb_screen_t* screenAt(xcb_connection_t* connection, int number)
-{
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screens.rem > 0 && number > 0; --number)
-        xcb_screen_next(&screens);
-    return screens.rem > 0 ? screens.data : nullptr;
-}
-
 } // namespace
 
-void X11Applications::Disconnect::operator()(xcb_connection_t* connection) const
+std::unique_ptr<X11Applications> X11Applications::connect(const QByteArray& display, DesktopFiles& files, Clock& clock)
 {
-    xcb_disconnect(connection);
+    auto connection = X11Connection::open(display, clock);
+    return connection ? std::unique_ptr<X11Applications>(new X11Applications(std::move(connection), files)) : nullptr;
 }
 
-std::unique_ptr<X11Applications> X11Applications::connect(const QByteArray& display, DesktopFiles& files)
-{
-    int screenNumber = 0;
-    std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(display.constData(), &screenNumber));
-    if (xcb_connection_has_error(connection.get()) != 0)
-        return nullptr;
-    const xcb_screen_t* screen = screenAt(connection.get(), screenNumber);
-    if (screen == nullptr)
-        return nullptr;
-    return std::unique_ptr<X11Applications>(new X11Applications(std::move(connection), screen->root, files));
-}
-
-X11Applications::X11Applications(
-    std::unique_ptr<xcb_connection_t, Disconnect> connection, std::uint32_t root, DesktopFiles& files)
+X11Applications::X11Applications(std::unique_ptr<X11Connection> connection, DesktopFiles& files)
     : m_connection(std::move(connection))
-    , m_root(root)
     , m_files(files)
-    , m_notifier(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read)
 {
-    QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { process(); });
-    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(m_connection.get(), m_root, XCB_CW_EVENT_MASK, &events);
-    internAtoms();
-    xcb_flush(m_connection.get());
+    m_connection->onReadable = [this] { process(); };
+    m_connection->onBack = [this] { begin(); };
+    begin();
 }
 
-X11Applications::~X11Applications()
+void X11Applications::begin()
 {
-    // Before the connection closes its descriptor.
-    m_notifier.setEnabled(false);
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(server(), m_connection->root(), XCB_CW_EVENT_MASK, &events);
+    internAtoms();
+    xcb_flush(server());
 }
 
 QList<RunningApplication> X11Applications::list() const
@@ -100,8 +78,8 @@ void X11Applications::process()
 {
     // Sending may have received more, of which the descriptor tells nothing.
     while (takeReplies() || takeEvents())
-        xcb_flush(m_connection.get());
-    if (xcb_connection_has_error(m_connection.get()) != 0) {
+        xcb_flush(server());
+    if (xcb_connection_has_error(server()) != 0) {
         lose();
         return;
     }
@@ -115,7 +93,7 @@ bool X11Applications::takeReplies()
     while (!m_requests.empty()) {
         void* reply = nullptr;
         xcb_generic_error_t* error = nullptr;
-        if (xcb_poll_for_reply(m_connection.get(), m_requests.front().sequence, &reply, &error) == 0)
+        if (xcb_poll_for_reply(server(), m_requests.front().sequence, &reply, &error) == 0)
             break;
         const std::unique_ptr<void, Free> ownedReply(reply);
         const std::unique_ptr<xcb_generic_error_t, Free> ownedError(error);
@@ -129,12 +107,12 @@ bool X11Applications::takeReplies()
 
 bool X11Applications::takeEvents()
 {
-    while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_poll_for_event(m_connection.get())}) {
+    while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_poll_for_event(server())}) {
         if ((event->response_type & 0x7fU) != XCB_PROPERTY_NOTIFY)
             continue;
         xcb_property_notify_event_t notification{};
         std::memcpy(&notification, event.get(), sizeof notification);
-        if (notification.window == m_root && notification.atom == atom(Atom::clientList))
+        if (notification.window == m_connection->root() && notification.atom == atom(Atom::clientList))
             m_clientsChanged = true;
     }
     // A list that is under way may be the one before this change, so that the next one waits for it.
@@ -146,8 +124,10 @@ bool X11Applications::takeEvents()
 
 void X11Applications::lose()
 {
-    m_notifier.setEnabled(false);
+    m_connection->lose();
     m_requests.clear();
+    m_clientsChanged = false;
+    m_windowsChanged = false;
     if (!m_windows.isEmpty()) {
         m_windows.clear();
         if (onChange)
@@ -158,8 +138,8 @@ void X11Applications::lose()
 void X11Applications::internAtoms()
 {
     for (std::size_t i = 0; i < atomCount; ++i) {
-        const auto cookie = xcb_intern_atom(
-            m_connection.get(), 0, static_cast<std::uint16_t>(atomNames[i].size()), atomNames[i].data());
+        const auto cookie
+            = xcb_intern_atom(server(), 0, static_cast<std::uint16_t>(atomNames[i].size()), atomNames[i].data());
         m_requests.push_back({cookie.sequence, [this, i](const void* reply) {
                                   if (reply != nullptr)
                                       m_atoms[i] = static_cast<const xcb_intern_atom_reply_t*>(reply)->atom;
@@ -170,7 +150,7 @@ void X11Applications::internAtoms()
 
 void X11Applications::requestClients()
 {
-    requestProperty(m_root, atom(Atom::clientList), XCB_ATOM_WINDOW, [this](const QByteArray& value) {
+    requestProperty(m_connection->root(), atom(Atom::clientList), XCB_ATOM_WINDOW, [this](const QByteArray& value) {
         QList<std::uint32_t> clients(value.size() / qsizetype{sizeof(std::uint32_t)});
         std::copy_n(value.constData(),
             static_cast<std::size_t>(clients.size()) * sizeof(std::uint32_t),
@@ -209,7 +189,7 @@ void X11Applications::requestProperty(std::uint32_t window,
     std::uint32_t type,
     std::function<void(const QByteArray& value)> handle)
 {
-    const auto cookie = xcb_get_property(m_connection.get(), 0, window, property, type, 0, maximumPropertyLength);
+    const auto cookie = xcb_get_property(server(), 0, window, property, type, 0, maximumPropertyLength);
     m_requests.push_back({cookie.sequence, [handle = std::move(handle)](const void* reply) {
                               // Null when the window has gone in the meantime.
                               const auto* answer = static_cast<const xcb_get_property_reply_t*>(reply);

@@ -3,17 +3,15 @@
 #pragma once
 
 #include "platform/RunningApplications.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QByteArray>
 #include <QHash>
-#include <QSocketNotifier>
 
 #include <array>
 #include <cstdint>
 #include <deque>
 #include <memory>
-
-struct xcb_connection_t;
 
 namespace Tarvik {
 
@@ -21,12 +19,11 @@ class DesktopFiles;
 
 /// Applications with a window on an X display, from _NET_CLIENT_LIST of the Extended Window Manager Hints. An
 /// application without a desktop file has no id and the class of its windows as its name. When the display goes away,
-/// so do its applications; there is no second attempt.
+/// so do its applications, until it is back.
 class X11Applications final : public RunningApplications {
 public:
-    /// `display` as in DISPLAY. Nothing when it cannot be reached. `files` must outlive the object.
-    static std::unique_ptr<X11Applications> connect(const QByteArray& display, DesktopFiles& files);
-    ~X11Applications() override;
+    /// `display` as in DISPLAY. Nothing when it cannot be reached. `files` and `clock` must outlive the object.
+    static std::unique_ptr<X11Applications> connect(const QByteArray& display, DesktopFiles& files, Clock& clock);
 
     X11Applications(const X11Applications&) = delete;
     X11Applications& operator=(const X11Applications&) = delete;
@@ -44,17 +41,17 @@ private:
 
         bool operator==(const Window&) const = default;
     };
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const;
-    };
     struct Request {
         unsigned int sequence;
         /// Takes the reply, which is null on an error.
         std::function<void(const void* reply)> handle;
     };
 
-    X11Applications(std::unique_ptr<xcb_connection_t, Disconnect> connection, std::uint32_t root, DesktopFiles& files);
+    X11Applications(std::unique_ptr<X11Connection> connection, DesktopFiles& files);
 
+    xcb_connection_t* server() const { return m_connection->get(); }
+    /// Asks for everything of a server that knows nothing of us.
+    void begin();
     void process();
     bool takeReplies();
     bool takeEvents();
@@ -70,10 +67,8 @@ private:
     std::uint32_t atom(Atom name) const { return m_atoms[static_cast<std::size_t>(name)]; }
     RunningApplication application(const Window& window) const;
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
-    std::uint32_t m_root;
+    std::unique_ptr<X11Connection> m_connection;
     DesktopFiles& m_files;
-    QSocketNotifier m_notifier;
     std::array<std::uint32_t, atomCount> m_atoms{};
     std::deque<Request> m_requests;
     QHash<std::uint32_t, Window> m_windows;

@@ -79,9 +79,10 @@ private:
     std::unique_ptr<HotKeyRegistration> m_held;
 };
 
-DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display)
+DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display, Clock& clock)
     : m_bus(std::move(sessionBus))
     , m_display(std::move(display))
+    , m_clock(clock)
     , m_names(m_bus, {BusNames::kglobalaccel, BusNames::gnomeMediaKeys})
 {
     m_names.onKnown = [this] { choose(); };
@@ -115,7 +116,7 @@ void DesktopHotKeys::choose()
         m_isOnPortal = true;
         use(std::make_unique<PortalOnOwnConnection>());
     } else if (!m_display.isWayland && !m_display.x11.isEmpty())
-        use(X11HotKeys::connect(m_display.x11));
+        use(X11HotKeys::connect(m_display.x11, m_clock));
     if (onStateChange)
         onStateChange();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Clock.h"
 #include "platform/HotKeys.h"
 #include "platform/linux/dbus/BusNameWatch.h"
 
@@ -25,7 +26,8 @@ public:
         bool isWayland = false;
     };
 
-    DesktopHotKeys(QDBusConnection sessionBus, Display display);
+    /// `clock` must outlive the object.
+    DesktopHotKeys(QDBusConnection sessionBus, Display display, Clock& clock);
     ~DesktopHotKeys() override;
     DesktopHotKeys(const DesktopHotKeys&) = delete;
     DesktopHotKeys& operator=(const DesktopHotKeys&) = delete;
@@ -42,6 +44,7 @@ private:
 
     QDBusConnection m_bus;
     Display m_display;
+    Clock& m_clock;
     std::unique_ptr<HotKeys> m_provider;
     std::vector<Registration*> m_registrations;
     BusNameWatch m_names;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/X11HotKeys.h"
 
-#include <QSocketNotifier>
-
 #include <xcb/xcb.h>
 #include <xcb/xcbext.h>
 
@@ -76,45 +74,35 @@ private:
     std::uint32_t m_id;
 };
 
-void X11HotKeys::Disconnect::operator()(xcb_connection_t* connection) const
+std::unique_ptr<X11HotKeys> X11HotKeys::connect(const QByteArray& display, Clock& clock)
 {
-    xcb_disconnect(connection);
+    auto connection = X11Connection::open(display, clock);
+    return connection ? std::unique_ptr<X11HotKeys>(new X11HotKeys(std::move(connection))) : nullptr;
 }
 
-std::unique_ptr<X11HotKeys> X11HotKeys::connect(const QByteArray& display)
-{
-    int screenNumber = 0;
-    std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(display.constData(), &screenNumber));
-    if (xcb_connection_has_error(connection.get()) != 0)
-        return nullptr;
-    auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection.get()));
-    for (; screenNumber > 0 && screen.rem > 1; --screenNumber)
-        xcb_screen_next(&screen);
-    if (screen.rem == 0)
-        return nullptr;
-    return std::unique_ptr<X11HotKeys>(new X11HotKeys(std::move(connection), screen.data->root));
-}
-
-X11HotKeys::X11HotKeys(std::unique_ptr<xcb_connection_t, Disconnect> connection, std::uint32_t root)
+X11HotKeys::X11HotKeys(std::unique_ptr<X11Connection> connection)
     : m_connection(std::move(connection))
-    , m_root(root)
-    , m_notifier(std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read))
 {
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { process(); });
+    m_connection->onReadable = [this] { process(); };
+    m_connection->onBack = [this] { begin(); };
+    begin();
+}
+
+void X11HotKeys::begin()
+{
+    for (HotKey& hotKey : m_hotKeys) {
+        if (hotKey.keys)
+            hotKey.status = HotKeyStatus::pending;
+        m_hasStateChanged = true;
+    }
     requestKeyMap();
     processSoon();
-}
-
-X11HotKeys::~X11HotKeys()
-{
-    // The notifier must not watch a closed descriptor.
-    m_notifier.reset();
 }
 
 std::unique_ptr<HotKeyRegistration> X11HotKeys::registerHotKey(const HotKeyRequest& request)
 {
     const auto keys = KeyCombination::fromCarbon(request.keyCode, request.modifiers);
-    const bool isPossible = m_connection && keys;
+    const bool isPossible = server() != nullptr && keys;
     m_hotKeys.push_back({.id = request.id,
         .keys = keys,
         .status = isPossible ? HotKeyStatus::pending : HotKeyStatus::notAvailable,
@@ -141,19 +129,19 @@ void X11HotKeys::remove(std::uint32_t id)
 void X11HotKeys::process()
 {
     m_isProcessingScheduled = false;
-    if (!m_connection)
+    if (server() == nullptr)
         return;
     std::vector<std::uint32_t> pressed;
     bool isIdle = false;
     while (!isIdle) {
         // Sending may take in what the server has sent, of which the notifier then hears nothing.
-        xcb_flush(m_connection.get());
+        xcb_flush(server());
         const bool hadEvents = takeEvents(pressed);
         const bool hadKeyMap = takeKeyMap();
         const bool hadGrabResults = takeGrabResults(pressed);
         isIdle = !hadEvents && !hadKeyMap && !hadGrabResults;
     }
-    if (xcb_connection_has_error(m_connection.get()) != 0)
+    if (xcb_connection_has_error(server()) != 0)
         lose();
     if (std::exchange(m_hasStateChanged, false) && onStateChange)
         onStateChange();
@@ -173,7 +161,7 @@ void X11HotKeys::processSoon()
 bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& pressed)
 {
     bool hadSome = false;
-    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(server())}) {
         hadSome = true;
         if (event->response_type == 0) {
             takeRefusal(event->full_sequence);
@@ -194,7 +182,7 @@ void X11HotKeys::takePress(
 {
     // The press has brought the whole keyboard to us until the key is released. A screen locker that wants the keyboard
     // would be refused until then.
-    xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
+    xcb_ungrab_keyboard(server(), XCB_CURRENT_TIME);
     const auto isHit = [&](const Grab& grab) { return grab.keyCode == key && grab.modifiers == modifiers; };
     const auto it = std::ranges::find_if(
         m_hotKeys, [&](const HotKey& hotKey) { return std::ranges::any_of(hotKey.grabs, isHit); });
@@ -224,16 +212,16 @@ void X11HotKeys::takeRefusal(unsigned int sequence)
 bool X11HotKeys::takeKeyMap()
 {
     // The server answers in the order of the requests.
-    const auto modifiers = pollReply<xcb_get_modifier_mapping_reply_t>(m_connection.get(), m_modifiersRequest);
+    const auto modifiers = pollReply<xcb_get_modifier_mapping_reply_t>(server(), m_modifiersRequest);
     if (!modifiers)
         return false;
-    const auto symbols = pollReply<xcb_get_keyboard_mapping_reply_t>(m_connection.get(), m_symbolsRequest);
+    const auto symbols = pollReply<xcb_get_keyboard_mapping_reply_t>(server(), m_symbolsRequest);
     m_modifiersRequest = 0;
     m_symbolsRequest = 0;
     if (!symbols || !*symbols || !*modifiers)
         return true;
     X11KeyMap map;
-    map.firstKeyCode = xcb_get_setup(m_connection.get())->min_keycode;
+    map.firstKeyCode = xcb_get_setup(server())->min_keycode;
     map.symbolsPerKey = (*symbols)->keysyms_per_keycode;
     const auto* keySyms = xcb_get_keyboard_mapping_keysyms(symbols->get());
     map.symbols.assign(keySyms, keySyms + xcb_get_keyboard_mapping_keysyms_length(symbols->get()));
@@ -247,7 +235,7 @@ bool X11HotKeys::takeKeyMap()
 
 bool X11HotKeys::takeGrabResults(std::vector<std::uint32_t>& pressed)
 {
-    const auto reply = pollReply<xcb_get_input_focus_reply_t>(m_connection.get(), m_grabsDoneRequest);
+    const auto reply = pollReply<xcb_get_input_focus_reply_t>(server(), m_grabsDoneRequest);
     if (!reply)
         return false;
     m_grabsDoneRequest = 0;
@@ -266,25 +254,25 @@ void X11HotKeys::requestKeyMap()
 {
     for (const unsigned int request : {std::exchange(m_symbolsRequest, 0), std::exchange(m_modifiersRequest, 0)}) {
         if (request != 0)
-            xcb_discard_reply(m_connection.get(), request);
+            xcb_discard_reply(server(), request);
     }
-    const xcb_setup_t& setup = *xcb_get_setup(m_connection.get());
+    const xcb_setup_t& setup = *xcb_get_setup(server());
     const auto count = static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1);
-    m_symbolsRequest = xcb_get_keyboard_mapping(m_connection.get(), setup.min_keycode, count).sequence;
-    m_modifiersRequest = xcb_get_modifier_mapping(m_connection.get()).sequence;
+    m_symbolsRequest = xcb_get_keyboard_mapping(server(), setup.min_keycode, count).sequence;
+    m_modifiersRequest = xcb_get_modifier_mapping(server()).sequence;
 }
 
 void X11HotKeys::grabAll()
 {
     if (m_grabsDoneRequest != 0)
-        xcb_discard_reply(m_connection.get(), m_grabsDoneRequest);
+        xcb_discard_reply(server(), m_grabsDoneRequest);
     // All before the first new one: keys may change places.
     for (HotKey& hotKey : m_hotKeys)
         ungrab(hotKey);
     for (HotKey& hotKey : m_hotKeys)
         grab(hotKey);
     // Its reply says that the server has seen the grabs.
-    m_grabsDoneRequest = xcb_get_input_focus(m_connection.get()).sequence;
+    m_grabsDoneRequest = xcb_get_input_focus(server()).sequence;
     processSoon();
 }
 
@@ -297,7 +285,7 @@ void X11HotKeys::grab(HotKey& hotKey)
         for (const std::uint16_t locks : m_keyMap->lockCombinations()) {
             const auto all = static_cast<std::uint16_t>(modifiers | locks);
             const auto cookie
-                = xcb_grab_key(m_connection.get(), 0, m_root, all, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+                = xcb_grab_key(server(), 0, m_connection->root(), all, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
             hotKey.grabs.push_back({.keyCode = key, .modifiers = all, .sequence = cookie.sequence});
         }
     }
@@ -307,17 +295,18 @@ void X11HotKeys::grab(HotKey& hotKey)
 void X11HotKeys::ungrab(HotKey& hotKey)
 {
     for (const Grab& grab : std::exchange(hotKey.grabs, {})) {
-        if (m_connection)
-            xcb_ungrab_key(m_connection.get(), grab.keyCode, m_root, grab.modifiers);
+        if (server() != nullptr)
+            xcb_ungrab_key(server(), grab.keyCode, m_connection->root(), grab.modifiers);
     }
 }
 
 void X11HotKeys::lose()
 {
-    // This may be the notifier's own call.
-    m_notifier->setEnabled(false);
-    m_notifier.release()->deleteLater();
-    m_connection.reset();
+    m_connection->lose();
+    m_keyMap.reset();
+    m_symbolsRequest = 0;
+    m_modifiersRequest = 0;
+    m_grabsDoneRequest = 0;
     for (HotKey& hotKey : m_hotKeys) {
         hotKey.grabs.clear();
         hotKey.status = HotKeyStatus::notAvailable;

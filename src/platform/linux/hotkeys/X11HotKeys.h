@@ -5,6 +5,7 @@
 #include "platform/HotKeys.h"
 #include "platform/linux/hotkeys/KeyCombination.h"
 #include "platform/linux/hotkeys/X11KeyMap.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -12,29 +13,22 @@
 #include <optional>
 #include <vector>
 
-class QSocketNotifier;
-struct xcb_connection_t;
-
 namespace Tarvik {
 
 /// Shortcuts as passive key grabs on the root window of an X server, on a connection of their own. Super is Mod4 and
-/// Alt is Mod1, as on every desktop. When the server goes away, so do they; there is no second attempt.
+/// Alt is Mod1, as on every desktop. When the server goes away, so do they; when it is back, they are grabbed again.
 class X11HotKeys final : public QObject, public HotKeys {
     Q_OBJECT
 
 public:
-    /// `display` as in DISPLAY. Nothing when it cannot be reached.
-    static std::unique_ptr<X11HotKeys> connect(const QByteArray& display);
-    ~X11HotKeys() override;
+    /// `display` as in DISPLAY. Nothing when it cannot be reached. `clock` must outlive the object.
+    static std::unique_ptr<X11HotKeys> connect(const QByteArray& display, Clock& clock);
 
     [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
 
 private:
     class Registration;
 
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const;
-    };
     struct Grab {
         X11KeyMap::KeyCode keyCode;
         std::uint16_t modifiers;
@@ -48,8 +42,12 @@ private:
         std::vector<Grab> grabs;
     };
 
-    X11HotKeys(std::unique_ptr<xcb_connection_t, Disconnect> connection, std::uint32_t root);
+    explicit X11HotKeys(std::unique_ptr<X11Connection> connection);
 
+    /// Null while there is no server.
+    xcb_connection_t* server() const { return m_connection->get(); }
+    /// Asks for everything of a server that knows nothing of us.
+    void begin();
     HotKeyState state(std::uint32_t id) const;
     void remove(std::uint32_t id);
 
@@ -69,9 +67,7 @@ private:
     void ungrab(HotKey& hotKey);
     void lose();
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
-    std::uint32_t m_root;
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::unique_ptr<X11Connection> m_connection;
     std::vector<HotKey> m_hotKeys;
     std::optional<X11KeyMap> m_keyMap;
     /// Requests that wait for their reply, by sequence number; 0 is none.

@@ -2,21 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/X11DisplayConnection.h"
 
+#include "platform/linux/x11/X11Connection.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdlib>
 #include <utility>
 
 namespace Tarvik {
-
-namespace {
-
-bool isOnThisMachine(const QByteArray& display)
-{
-    return display.startsWith(':') || display.startsWith("unix:") || display.startsWith('/');
-}
-
-} // namespace
 
 void X11DisplayConnection::Disconnect::operator()(xcb_connection_t* connection) const
 {
@@ -25,8 +18,8 @@ void X11DisplayConnection::Disconnect::operator()(xcb_connection_t* connection) 
 
 std::unique_ptr<X11DisplayConnection> X11DisplayConnection::open(const QByteArray& display)
 {
-    // A display that ssh forwards comes and goes with the network, not with a login.
-    if (!isOnThisMachine(display))
+    // What comes and goes with the network does not come and go with a login.
+    if (!X11Connection::isOnThisMachine(display))
         return nullptr;
     std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(display.constData(), nullptr));
     if (xcb_connection_has_error(connection.get()) != 0)
