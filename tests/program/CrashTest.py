@@ -93,7 +93,7 @@ class CrashTest(PresenceTestCase):
                 eventually(panel, "the panel is open")
                 self.assertEqual(self.all_windows(), self.windows_of(self.tarvik.process.pid))
         self.assertGreater(kills, ROUNDS // 2)
-        self.assertEqual(self.journal(), ["on: Awake · 1 agent"])
+        self.wait_for_journal("on: Awake · 1 agent")
 
     def test_a_killed_tarvik_takes_its_windows_along_and_comes_back(self):
         self.present()

@@ -284,7 +284,7 @@ class PanelTest(PresenceTestCase):
         self.open_panel()
         self.assertNotEqual(self.windows_process(), first)
         self.assertTrue(is_held())
-        self.assertEqual(self.journal(), ["on: Awake · 1 agent"])
+        self.wait_for_journal("on: Awake · 1 agent")
 
     def test_a_windows_process_that_hangs_makes_way_for_another(self):
         self.present()

@@ -26,7 +26,7 @@ class HoldingTest(TarvikTestCase):
         agent.kill()
         agent.wait()
         eventually(is_not_held, "released", program.POLL_PERIOD + 1)
-        self.assertEqual(self.journal(), ["on: Awake · 1 agent", "off: Dozing — nothing to watch"])
+        self.wait_for_journal("on: Awake · 1 agent", "off: Dozing — nothing to watch")
 
     def test_agents_are_recognised_by_name_interpreter_and_hint(self):
         for command_line in (
@@ -132,7 +132,7 @@ class EndingTest(TarvikTestCase):
         self.programs.start("claude")
         self.start_tarvik().end(signal.SIGKILL)
         self.start_tarvik()
-        self.assertEqual(self.journal(), ["on: Awake · 1 agent"] * 2)
+        self.wait_for_journal(*["on: Awake · 1 agent"] * 2)
 
 
 class InstancesTest(TarvikTestCase):
@@ -208,7 +208,7 @@ class SettingsTest(TarvikTestCase):
                 eventually(is_held, "held")
                 self.assertIn("[settings]", tarvik.log())
                 self.assertEqual(len(list(self.settings_file.parent.glob("settings.json.unreadable-*"))), number + 1)
-                self.assertEqual(self.journal(), ["on: Awake · 1 agent"])
+                self.wait_for_journal("on: Awake · 1 agent")
                 tarvik.end()
 
     def test_a_file_that_another_program_wrote_by_the_same_rules_is_read(self):

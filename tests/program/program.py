@@ -138,6 +138,13 @@ class TarvikTestCase(unittest.TestCase):
 
     def journal(self):
         """The stored journal, oldest first, as "kind: reason"."""
-        stored = self.read_settings().get("journal")
+        stored = self.read_settings().get("journal") if self.settings_file.exists() else None
         entries = json.loads(base64.b64decode(stored["data"])) if stored else []
         return [f"{entry['kind']}: {entry['reason']}" for entry in reversed(entries)]
+
+    def wait_for_journal(self, *lines):
+        """An entry is stored a moment after what it tells of has taken effect."""
+        try:
+            eventually(lambda: self.journal() == list(lines), "the journal")
+        except AssertionError:
+            self.assertEqual(self.journal(), list(lines))
