@@ -23,6 +23,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
+        m_center.reset();
         m_hotKeys = std::make_unique<FakeHotKeys>();
         m_center = std::make_unique<HotKeyCenter>(*m_hotKeys);
         m_first = 0;
