@@ -77,6 +77,24 @@ private Q_SLOTS:
         QTRY_COMPARE(inhibitor.state(), Inhibitor::State::refused);
     }
 
+    void aServerThatIsBackBelievesAgain()
+    {
+        auto server = std::make_unique<VirtualXServer>();
+        const QByteArray display = server->display();
+        FakeClock clock;
+        const X11ScreenSaverInhibitor inhibitor(display, clock);
+        server->kill();
+        clock.advance(Seconds{25});
+        QTRY_COMPARE(inhibitor.state(), Inhibitor::State::refused);
+        server = std::make_unique<VirtualXServer>(display);
+        QVERIFY(server->isRunning());
+        const XClient other(*server);
+        QTRY_VERIFY(idleMilliseconds(other) > longEnough);
+        clock.advance(Seconds{25});
+        QCOMPARE(inhibitor.state(), Inhibitor::State::effective);
+        QTRY_VERIFY(idleMilliseconds(other) < longEnough);
+    }
+
 private:
     /// Longer than the server needs for an answer.
     static constexpr std::uint32_t longEnough = 300;

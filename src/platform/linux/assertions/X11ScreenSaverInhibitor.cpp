@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
 
+#include "platform/linux/x11/X11Connection.h"
+
 #include <xcb/xcb.h>
 
 #include <cerrno>
@@ -21,9 +23,10 @@ void X11ScreenSaverInhibitor::Disconnect::operator()(xcb_connection_t* connectio
 }
 
 X11ScreenSaverInhibitor::X11ScreenSaverInhibitor(const QByteArray& display, Clock& clock)
-    : m_connection(xcb_connect(display.constData(), nullptr))
+    : m_display(display)
     , m_timer(clock.every(period, [this] { reset(); }))
 {
+    connect();
     reset();
 }
 
@@ -39,8 +42,15 @@ int X11ScreenSaverInhibitor::error() const
     return xcb_connection_has_error(m_connection.get()) == 0 ? 0 : ECONNREFUSED;
 }
 
+void X11ScreenSaverInhibitor::connect()
+{
+    m_connection.reset(xcb_connect(m_display.constData(), nullptr));
+}
+
 void X11ScreenSaverInhibitor::reset()
 {
+    if (error() != 0 && X11Connection::isOnThisMachine(m_display))
+        connect();
     xcb_force_screen_saver(m_connection.get(), XCB_SCREEN_SAVER_RESET);
     xcb_flush(m_connection.get());
     // Changes of the keyboard, of which the server tells every client.

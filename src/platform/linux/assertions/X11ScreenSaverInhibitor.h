@@ -14,7 +14,8 @@ struct xcb_connection_t;
 namespace Tarvik {
 
 /// Makes an X server believe in activity: against its own screen saver and display power management, and against the
-/// programs that ask it for how long nobody has been active. Timeouts of less than half a minute are not met.
+/// programs that ask it for how long nobody has been active. Timeouts of less than half a minute are not met. A server
+/// that takes the place of one that has crashed believes it half a minute later.
 class X11ScreenSaverInhibitor final : public Inhibitor {
 public:
     /// `display` as in DISPLAY; refused where it cannot be reached. `clock` must outlive the object.
@@ -33,8 +34,10 @@ private:
         void operator()(xcb_connection_t* connection) const;
     };
 
+    void connect();
     void reset();
 
+    QByteArray m_display;
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     std::unique_ptr<Timer> m_timer;
 };
