@@ -4,9 +4,10 @@
 """fake_tarvik.py [STATE]: offers on the session bus what the windows' process observes, in one of a few states.
 
 STATE: awake (default), asleep, paused, off, session, long. "off" is also what becomes of any state when the windows set
-isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input and
-prints "entered STATE" for each.
+isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input, and
+properties as NAME=JSON, each on a line of its own, and prints "entered" and the line for each.
 """
+import json
 import os
 import pathlib
 import sys
@@ -44,12 +45,14 @@ class FakeTarvik:
         self.loop = GLib.MainLoop()
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         self.types = {}
+        self.interfaces = {}
         self.values = {}
         for interface in (COORDINATOR, SETTINGS, *OTHERS):
             self.values[interface] = {}
             info = Gio.DBusNodeInfo.new_for_xml((BUS_DIRECTORY / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
             for item in info.properties:
                 self.types[item.name] = item.signature
+                self.interfaces[item.name] = interface
                 self.values[interface][item.name] = INITIAL[item.signature]
             self.bus.register_object("/com/morvanta/Tarvik", info, self.called, self.get, self.set)
         self.enter(state)
@@ -59,7 +62,16 @@ class FakeTarvik:
     def say(self, *words):
         print(*words, flush=True)
 
-    def enter(self, state):
+    def enter(self, line):
+        name, is_property, text = line.partition("=")
+        if is_property:
+            value = json.loads(text)
+            # The bindings take no lists for structures.
+            self.change(self.interfaces[name], {name: [tuple(row) for row in value] if self.types[name].startswith("a(") else value})
+        else:
+            self.enter_state(line)
+
+    def enter_state(self, state):
         changed = dict(zip(NAMES, STATES[state]))
         changed["timedSessionEnd"] = time.time() + 3600 if changed["isTimedSessionActive"] else 0.0
         self.change(COORDINATOR, changed)
@@ -78,25 +90,25 @@ class FakeTarvik:
         self.say("set", name, value.unpack())
         self.change(interface, {name: value.unpack()})
         if name == "isEnabled":
-            self.enter("awake" if value.unpack() else "off")
+            self.enter_state("awake" if value.unpack() else "off")
         return True
 
     def called(self, _bus, _sender, _path, _interface, method, arguments, invocation):
         self.say(method, *arguments.unpack())
         if method == "SetTimedSession":
-            self.enter("session" if arguments.unpack()[0] > 0 else "awake")
+            self.enter_state("session" if arguments.unpack()[0] > 0 else "awake")
         # No agent's file can be written.
         invocation.return_value(RESULTS.get(method))
         if method == "Quit":
             GLib.idle_add(self.loop.quit)
 
     def read(self, *_):
-        states = os.read(sys.stdin.fileno(), 4096).decode()
-        for state in states.split():
-            self.enter(state)
+        lines = os.read(sys.stdin.fileno(), 65536).decode()
+        for line in lines.splitlines():
+            self.enter(line)
             self.bus.flush_sync()
-            self.say("entered", state)
-        return bool(states)
+            self.say("entered", line)
+        return bool(lines)
 
 
 if __name__ == "__main__":
