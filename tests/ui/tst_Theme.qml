@@ -32,7 +32,7 @@ TestCase {
     function test_textIsReadable_data() {
         const rows = [];
         for (const isDark of [false, true]) {
-            for (const surface of ["window", "card", "panel", "menu", "hover", "menuHover"])
+            for (const surface of ["window", "card", "panel", "menu", "hover", "menuHover", "selection"])
                 rows.push({ tag: (isDark ? "dark " : "light ") + surface, isDark: isDark, surface: surface });
         }
         return rows;
@@ -42,8 +42,8 @@ TestCase {
         appearance.isDark = row.isDark;
         const surface = theme[row.surface];
         verify(theme.contrast(theme.text, surface) >= 7, `text ${theme.contrast(theme.text, surface)}`);
-        const isHover = row.surface.toLowerCase().endsWith("hover");
-        for (const role of isHover ? ["secondaryText"] : ["secondaryText", "tertiaryText", "danger"])
+        const others = { hover: ["secondaryText", "danger"], menuHover: ["secondaryText"], selection: ["secondaryText", "accentOnSurface"] };
+        for (const role of others[row.surface] ?? ["secondaryText", "tertiaryText", "danger"])
             verify(theme.contrast(theme[role], surface) > 4.5, `${role} ${theme.contrast(theme[role], surface)}`);
     }
 

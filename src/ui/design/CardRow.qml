@@ -13,12 +13,13 @@ Item {
     property bool isCaptionAlarming: false
     /// For a row whose control is named after it.
     property bool areTextsIgnored: false
+    readonly property int inset: theme.scaled(12)
     default property alias control: controlPlace.data
 
     /// A click beside the control.
     signal tapped
 
-    implicitHeight: Math.max(40, texts.height + 20, controlPlace.height + 12)
+    implicitHeight: Math.max(theme.scaled(40), texts.height + theme.scaled(20), controlPlace.height + theme.scaled(12))
     width: parent ? parent.width : implicitWidth
 
     TapHandler {
@@ -30,7 +31,7 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        inset: 12
+        inset: root.inset
         theme: root.theme
         visible: root.y > 0
     }
@@ -38,9 +39,9 @@ Item {
         id: texts
 
         anchors.left: parent.left
-        anchors.leftMargin: 12
+        anchors.leftMargin: root.inset
         anchors.right: controlPlace.left
-        anchors.rightMargin: 12
+        anchors.rightMargin: root.inset
         anchors.verticalCenter: parent.verticalCenter
         opacity: root.enabled ? 1 : 0.5
         spacing: 2
@@ -73,7 +74,7 @@ Item {
         id: controlPlace
 
         anchors.right: parent.right
-        anchors.rightMargin: 12
+        anchors.rightMargin: root.inset
         anchors.verticalCenter: parent.verticalCenter
         height: childrenRect.height
         width: childrenRect.width

@@ -15,6 +15,7 @@ Flickable {
     contentHeight: column.height + 2 * column.y
     contentWidth: width
 
+    Keys.onPressed: event => event.accepted = scroll(event.key)
     T.ScrollBar.vertical: ScrollBar {
         theme: root.theme
     }
@@ -22,10 +23,10 @@ Flickable {
     Column {
         id: column
 
-        spacing: 18
-        width: root.width - 2 * x
-        x: 20
-        y: 16
+        spacing: root.theme.scaled(20)
+        width: Math.min(root.width - 2 * root.theme.scaled(20), root.theme.columnWidth)
+        x: (root.width - width) / 2
+        y: root.theme.scaled(16)
     }
     Connections {
         function onActiveFocusItemChanged() {
@@ -42,6 +43,20 @@ Flickable {
                 return;
             }
         }
+    }
+
+    /// To what has no control that the keyboard could reach.
+    function scroll(key: int): bool {
+        const steps = {
+            [Qt.Key_Home]: -contentHeight,
+            [Qt.Key_End]: contentHeight,
+            [Qt.Key_PageUp]: -0.8 * height,
+            [Qt.Key_PageDown]: 0.8 * height
+        };
+        if (!(key in steps))
+            return false;
+        contentY = Math.max(0, Math.min(contentHeight - height, contentY + steps[key]));
+        return true;
     }
 
     /// Scrolls as little as possible to show the whole of `item`.

@@ -3,7 +3,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A button that is only an icon; `text` is what screen readers and its tool tip call it.
+/// A button that is only an icon; `text` is what screen readers call it.
 T.Button {
     id: root
 
@@ -22,7 +22,7 @@ T.Button {
     Keys.onReturnPressed: clicked()
 
     background: Rectangle {
-        color: root.hovered || root.down ? root.theme.hover : "transparent"
+        color: root.down ? root.theme.pressed : root.hovered ? root.theme.hover : "transparent"
         radius: root.theme.buttonRadius
 
         FocusRing {

@@ -13,9 +13,9 @@ T.AbstractButton {
 
     focusPolicy: Qt.NoFocus
     hoverEnabled: true
-    implicitHeight: Math.max(30, implicitContentHeight + 10)
-    leftPadding: 10
-    rightPadding: 10
+    implicitHeight: Math.max(theme.scaled(28), implicitContentHeight + theme.scaled(8))
+    leftPadding: theme.scaled(8)
+    rightPadding: theme.scaled(8)
 
     Accessible.name: text
     Accessible.role: Accessible.ListItem
@@ -24,13 +24,14 @@ T.AbstractButton {
     Accessible.onPressAction: clicked()
 
     background: Rectangle {
-        color: root.isCurrent ? root.theme.selection : root.hovered ? root.theme.hover : "transparent"
+        color: root.down ? root.theme.pressed : root.isCurrent ? root.theme.selection : root.hovered ? root.theme.hover : "transparent"
         radius: root.theme.rowRadius
     }
     contentItem: Label {
         text: root.text
         theme: root.theme
         verticalAlignment: Text.AlignVCenter
+        wrapMode: Text.Wrap
 
         Accessible.ignored: true
     }

@@ -13,17 +13,17 @@ T.Button {
 
     readonly property color textColor: isProminent ? theme.accentText : isDestructive ? theme.danger : theme.text
 
-    bottomPadding: 4
+    bottomPadding: theme.scaled(4)
     font.family: theme.fontFamily
     font.pixelSize: theme.bodySize
     font.weight: isProminent ? Font.DemiBold : Font.Normal
     hoverEnabled: true
-    implicitHeight: Math.max(28, implicitContentHeight + topPadding + bottomPadding)
+    implicitHeight: Math.max(theme.scaled(28), implicitContentHeight + topPadding + bottomPadding)
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    leftPadding: 12
+    leftPadding: theme.scaled(12)
     opacity: enabled ? 1 : 0.5
-    rightPadding: 12
-    topPadding: 4
+    rightPadding: theme.scaled(12)
+    topPadding: theme.scaled(4)
 
     // In this version of Qt a press by a screen reader reaches the control but does nothing.
     Accessible.onPressAction: clicked()
@@ -33,7 +33,7 @@ T.Button {
     background: Rectangle {
         border.color: root.theme.outline
         border.width: root.isProminent ? 0 : 1
-        color: root.isProminent ? root.theme.accent : root.hovered || root.down ? root.theme.hover : root.theme.menu
+        color: root.isProminent ? root.theme.accent : root.down ? root.theme.pressed : root.hovered ? root.theme.hover : root.theme.menu
         radius: root.theme.buttonRadius
 
         FocusRing {

@@ -11,12 +11,13 @@ Column {
     property string footer
     default property alias rows: card.rows
 
-    spacing: 6
+    spacing: theme.scaled(8)
     width: parent ? parent.width : implicitWidth
 
     Label {
         font.weight: Font.DemiBold
-        leftPadding: 4
+        leftPadding: root.theme.scaled(4)
+        rightPadding: root.theme.scaled(4)
         text: root.heading
         theme: root.theme
         visible: text
@@ -35,8 +36,8 @@ Column {
     Label {
         color: root.theme.tertiaryText
         font.pixelSize: root.theme.captionSize
-        leftPadding: 4
-        rightPadding: 4
+        leftPadding: root.theme.scaled(4)
+        rightPadding: root.theme.scaled(4)
         text: root.footer
         theme: root.theme
         visible: text

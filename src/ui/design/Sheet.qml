@@ -9,11 +9,21 @@ T.Popup {
 
     required property Theme theme
 
+    /// What had the keyboard's focus before, and whether that was shown.
+    property Item opener
+    property bool wasFocusVisible: false
+
     anchors.centerIn: parent
     closePolicy: T.Popup.CloseOnEscape
     focus: true
     modal: true
-    padding: 16
+    padding: theme.scaled(16)
+
+    onAboutToShow: {
+        opener = parent.Window.activeFocusItem;
+        wasFocusVisible = opener?.visualFocus ?? false;
+    }
+    onClosed: opener?.forceActiveFocus(wasFocusVisible ? Qt.TabFocusReason : Qt.PopupFocusReason)
 
     T.Overlay.modal: Rectangle {
         color: root.theme.isDark ? "#99000000" : "#59000000"

@@ -33,7 +33,7 @@ T.Slider {
         }
     }
     handle: Rectangle {
-        border.color: root.theme.outline
+        border.color: root.theme.switchOff
         border.width: 1
         color: root.theme.knob
         height: root.theme.scaled(16)

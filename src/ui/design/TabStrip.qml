@@ -10,8 +10,9 @@ T.TabBar {
     required property Theme theme
 
     implicitHeight: contentHeight + topPadding + bottomPadding
-    padding: 6
-    spacing: 4
+    horizontalPadding: Math.max(padding, (width - theme.columnWidth) / 2)
+    padding: theme.scaled(6)
+    spacing: theme.scaled(4)
 
     Accessible.role: Accessible.PageTabList
     Keys.onLeftPressed: move(mirrored ? 1 : -1)
@@ -29,14 +30,25 @@ T.TabBar {
     }
     contentItem: ListView {
         currentIndex: root.currentIndex
+        focus: true
         interactive: false
         model: root.contentModel
         orientation: ListView.Horizontal
         spacing: root.spacing
     }
 
+    /// Stays at the ends.
     function move(step: int) {
-        setCurrentIndex(Math.max(0, Math.min(count - 1, currentIndex + step)));
+        show(Math.max(0, Math.min(count - 1, currentIndex + step)));
+    }
+
+    /// Goes round at the ends.
+    function showNext(step: int) {
+        show((currentIndex + step + count) % count);
+    }
+
+    function show(index: int) {
+        setCurrentIndex(index);
         currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 }

@@ -9,10 +9,12 @@ T.TabButton {
 
     required property Theme theme
     required property string systemImage
+    /// The icon shows in which direction text runs.
+    property bool isDirectional: false
 
     readonly property color contentColor: checked ? theme.accentOnSurface : theme.secondaryText
 
-    bottomPadding: 6
+    bottomPadding: theme.scaled(6)
     focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
     font.family: theme.fontFamily
     font.pixelSize: theme.captionSize
@@ -21,7 +23,7 @@ T.TabButton {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     leftPadding: 4
     rightPadding: 4
-    topPadding: 8
+    topPadding: theme.scaled(8)
 
     Accessible.name: text
     // In this version of Qt a press by a screen reader reaches the control but does nothing.
@@ -30,7 +32,7 @@ T.TabButton {
     Accessible.selected: checked
 
     background: Rectangle {
-        color: root.checked ? root.theme.selection : root.hovered ? root.theme.hover : "transparent"
+        color: root.checked ? root.theme.selection : root.down ? root.theme.pressed : root.hovered ? root.theme.hover : "transparent"
         radius: root.theme.buttonRadius
 
         FocusRing {
@@ -40,11 +42,12 @@ T.TabButton {
         }
     }
     contentItem: Column {
-        spacing: 4
+        spacing: root.theme.scaled(4)
 
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
             color: root.contentColor
+            mirror: root.isDirectional && root.mirrored
             name: root.systemImage
             size: root.theme.scaled(18)
             theme: root.theme

@@ -9,19 +9,20 @@ T.TextField {
 
     required property Theme theme
 
-    bottomPadding: 5
+    bottomPadding: theme.scaled(5)
     color: theme.text
     font.family: theme.fontFamily
     font.pixelSize: theme.bodySize
+    horizontalAlignment: TextInput.AlignLeft
     implicitHeight: contentHeight + topPadding + bottomPadding
     implicitWidth: theme.scaled(200)
-    leftPadding: 9
+    leftPadding: theme.scaled(8)
     placeholderTextColor: theme.tertiaryText
-    rightPadding: 9
+    rightPadding: theme.scaled(8)
     selectByMouse: true
     selectedTextColor: theme.accentText
     selectionColor: theme.accent
-    topPadding: 5
+    topPadding: theme.scaled(5)
 
     Accessible.name: placeholderText
     Accessible.role: Accessible.EditableText
@@ -39,7 +40,7 @@ T.TextField {
         theme: root.theme
         verticalAlignment: Text.AlignVCenter
         visible: !root.length && !root.preeditText
-        width: root.availableWidth
+        width: root.width - root.leftPadding - root.rightPadding
         x: root.leftPadding
         y: root.topPadding
 

@@ -28,7 +28,7 @@ QtObject {
     readonly property color text: isDark ? "#f3f3f5" : "#1a1a1c"
     readonly property color secondaryText: isHighContrast ? text : isDark ? "#b4b5bb" : "#58585e"
     readonly property color tertiaryText: isHighContrast ? text : isDark ? "#9fa0a7" : "#66666c"
-    readonly property color danger: isDark ? "#ff6f66" : "#c4231b"
+    readonly property color danger: isDark ? "#ff857d" : "#bd1f17"
     readonly property color awake: isDark ? "#32d163" : "#178541"
 
     readonly property color accent: appearance.accent.valid ? appearance.accent : isDark ? "#366ee0" : "#2363d8"
@@ -53,6 +53,10 @@ QtObject {
     readonly property int subheadlineSize: scaled(12)
     readonly property int captionSize: scaled(11)
 
+    /// What is wider is tiring to read.
+    readonly property int columnWidth: scaled(560)
+    /// At most, with what else a window manager draws around a window.
+    readonly property int titleBarHeight: 48
     readonly property int windowRadius: 10
     readonly property int cardRadius: 10
     readonly property int buttonRadius: 6

@@ -12,34 +12,60 @@ Section {
     /// What can be added; filled after `applicationsWanted`.
     required property var applications
 
+    /// The row that the keyboard has removed, as long as it is there; the focus goes on to the next.
+    property int removedRow: -1
+
     signal applicationsWanted
 
     heading: qsTr("Apps")
 
     Repeater {
+        id: rows
+
         model: root.settings.allowlist
 
         CardRow {
             id: row
 
+            required property int index
             required property var modelData
+            readonly property alias removeButton: removeButton
 
             theme: root.theme
             title: modelData.name
 
             IconButton {
+                id: removeButton
+
                 isDestructive: true
                 objectName: "remove"
                 systemImage: "minus.circle"
                 text: qsTr("Remove %1").arg(row.title)
                 theme: root.theme
 
-                onClicked: root.settings.removeFromAllowlist(row.modelData.bundleID)
+                // The icon, not what is around it, is in line with the controls of other rows.
+                transform: Translate {
+                    x: root.theme.scaled(removeButton.mirrored ? -4 : 4)
+                }
+
+                onClicked: {
+                    if (visualFocus)
+                        root.removedRow = row.index;
+                    root.settings.removeFromAllowlist(row.modelData.bundleID);
+                }
             }
+        }
+
+        onCountChanged: {
+            if (root.removedRow < 0)
+                return;
+            const next = itemAt(Math.min(root.removedRow, count - 1));
+            root.removedRow = -1;
+            (next ? next.removeButton : addButton).forceActiveFocus(Qt.TabFocusReason);
         }
     }
     Item {
-        height: empty.height + 20
+        height: empty.height + root.theme.scaled(20)
         visible: root.settings.allowlist.length === 0
         width: parent ? parent.width : 0
 
@@ -47,7 +73,7 @@ Section {
             id: empty
 
             anchors.left: parent.left
-            anchors.margins: 12
+            anchors.margins: root.theme.scaled(12)
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             color: root.theme.tertiaryText
@@ -65,6 +91,8 @@ Section {
         title: ""
 
         PushButton {
+            id: addButton
+
             objectName: "addApp"
             text: qsTr("Add App…")
             theme: root.theme

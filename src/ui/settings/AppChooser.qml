@@ -18,8 +18,8 @@ Sheet {
 
     signal chosen(var application)
 
-    height: Math.min(parent.height - 40, theme.scaled(360))
-    width: Math.min(parent.width - 40, theme.scaled(380))
+    height: Math.min(parent.height - theme.scaled(40), theme.scaled(360))
+    width: Math.min(parent.width - theme.scaled(40), theme.scaled(380))
 
     onAboutToShow: {
         search.clear();
@@ -27,6 +27,9 @@ Sheet {
     }
 
     contentItem: Item {
+        LayoutMirroring.childrenInherit: true
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+
         Label {
             id: heading
 
@@ -43,7 +46,7 @@ Sheet {
             id: search
 
             anchors.top: heading.bottom
-            anchors.topMargin: 12
+            anchors.topMargin: root.theme.scaled(12)
             objectName: "appSearch"
             placeholderText: qsTr("Search")
             theme: root.theme
@@ -55,9 +58,9 @@ Sheet {
         }
         Rectangle {
             anchors.bottom: cancel.top
-            anchors.bottomMargin: 12
+            anchors.bottomMargin: root.theme.scaled(12)
             anchors.top: search.bottom
-            anchors.topMargin: 8
+            anchors.topMargin: root.theme.scaled(8)
             border.color: root.theme.separator
             color: root.theme.card
             radius: root.theme.cardRadius
@@ -67,15 +70,20 @@ Sheet {
                 id: list
 
                 anchors.fill: parent
-                anchors.margins: 4
+                anchors.margins: 1
+                anchors.topMargin: root.theme.scaled(4)
+                anchors.bottomMargin: root.theme.scaled(4)
                 boundsBehavior: Flickable.StopAtBounds
                 clip: true
+                highlightMoveDuration: 0
                 model: root.found
                 objectName: "appList"
 
                 Accessible.name: qsTr("Installed applications")
                 Accessible.role: Accessible.List
                 T.ScrollBar.vertical: ScrollBar {
+                    id: bar
+
                     theme: root.theme
                 }
 
@@ -86,7 +94,8 @@ Sheet {
                     isCurrent: ListView.isCurrentItem
                     text: modelData.name
                     theme: root.theme
-                    width: list.width
+                    width: list.width - 2 * x
+                    x: bar.width
 
                     onClicked: root.choose(index)
                 }

@@ -13,8 +13,12 @@ Item {
     required property string reason
     required property string iconName
     required property string iconColor
+    /// The one that the keyboard has reached.
+    property bool isCurrent: false
 
-    implicitHeight: Math.max(36, texts.implicitHeight + 16)
+    readonly property int inset: theme.scaled(12)
+
+    implicitHeight: Math.max(theme.scaled(36), texts.implicitHeight + theme.scaled(16))
 
     Accessible.name: qsTr("%1, %2").arg(reason).arg(time.text)
     Accessible.role: Accessible.ListItem
@@ -22,15 +26,25 @@ Item {
     Separator {
         anchors.left: parent.left
         anchors.right: parent.right
-        inset: 12
+        inset: root.inset
         theme: root.theme
         visible: root.index > 0
+    }
+    Rectangle {
+        anchors.fill: parent
+        anchors.bottomMargin: root.theme.scaled(4)
+        anchors.leftMargin: root.theme.scaled(8)
+        anchors.rightMargin: root.theme.scaled(8)
+        anchors.topMargin: root.theme.scaled(4)
+        color: root.theme.selection
+        radius: root.theme.rowRadius
+        visible: root.isCurrent
     }
     Icon {
         id: icon
 
         anchors.left: parent.left
-        anchors.leftMargin: 12
+        anchors.leftMargin: root.inset
         anchors.verticalCenter: parent.verticalCenter
         color: root.iconColor === "orange" ? root.theme.attention : root.theme.secondaryText
         name: root.iconName
@@ -40,9 +54,9 @@ Item {
         id: texts
 
         anchors.left: icon.right
-        anchors.leftMargin: 10
+        anchors.leftMargin: root.inset
         anchors.right: time.left
-        anchors.rightMargin: 12
+        anchors.rightMargin: root.inset
         anchors.verticalCenter: parent.verticalCenter
         text: root.reason
         theme: root.theme
@@ -54,9 +68,9 @@ Item {
         id: time
 
         anchors.right: parent.right
-        anchors.rightMargin: 16
+        anchors.rightMargin: root.inset
         anchors.verticalCenter: parent.verticalCenter
-        color: root.theme.tertiaryText
+        color: root.isCurrent ? root.theme.secondaryText : root.theme.tertiaryText
         font.pixelSize: root.theme.captionSize
         text: root.timeText()
         theme: root.theme

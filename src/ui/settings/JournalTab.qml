@@ -13,17 +13,20 @@ Item {
 
     signal copyText(string text)
 
+    Keys.onPressed: event => event.accepted = list.moveBy(event.key)
+
     Rectangle {
+        id: card
+
         anchors.bottom: buttons.top
-        anchors.left: parent.left
-        anchors.margins: 16
-        anchors.right: parent.right
+        anchors.bottomMargin: root.theme.scaled(16)
+        anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
-        anchors.leftMargin: 20
-        anchors.rightMargin: 20
+        anchors.topMargin: root.theme.scaled(16)
         border.color: root.theme.separator
         color: root.theme.card
         radius: root.theme.cardRadius
+        width: Math.min(parent.width - 2 * root.theme.scaled(20), root.theme.columnWidth)
 
         Label {
             anchors.centerIn: parent
@@ -33,7 +36,7 @@ Item {
             text: qsTr("Nothing yet. Tarvik records every time it starts, stops, or pauses.")
             theme: root.theme
             visible: list.count === 0
-            width: parent.width - 48
+            width: Math.min(parent.width - root.theme.scaled(48), root.theme.scaled(280))
             wrapMode: Text.Wrap
 
             Accessible.name: text
@@ -42,12 +45,13 @@ Item {
         ListView {
             id: list
 
+            activeFocusOnTab: true
             anchors.fill: parent
             anchors.margins: 1
             boundsBehavior: Flickable.StopAtBounds
             clip: true
             keyNavigationEnabled: true
-            activeFocusOnTab: count > 0
+            highlightMoveDuration: 0
             model: root.journal.entries
             objectName: "entries"
 
@@ -58,8 +62,32 @@ Item {
             }
 
             delegate: JournalRow {
+                isCurrent: ListView.isCurrentItem && list.activeFocus
                 theme: root.theme
                 width: list.width
+            }
+
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    currentIndex = indexAt(1, contentY);
+            }
+
+            /// By a page, or to an end.
+            function moveBy(key: int): bool {
+                const targets = {
+                    [Qt.Key_Home]: 0,
+                    [Qt.Key_End]: count - 1,
+                    [Qt.Key_PageUp]: Math.max(0, indexAt(1, contentY - height)),
+                    [Qt.Key_PageDown]: indexAt(1, contentY + 2 * height - 1)
+                };
+                if (!(key in targets))
+                    return false;
+                const target = targets[key] < 0 ? count - 1 : targets[key];
+                if (activeFocus)
+                    currentIndex = target;
+                else
+                    positionViewAtIndex(target, ListView.Contain);
+                return true;
             }
         }
         FocusRing {
@@ -72,10 +100,9 @@ Item {
         id: buttons
 
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 16
-        anchors.right: parent.right
-        anchors.rightMargin: 20
-        spacing: 8
+        anchors.bottomMargin: root.theme.scaled(16)
+        anchors.right: card.right
+        spacing: root.theme.scaled(8)
 
         PushButton {
             enabled: list.count > 0
@@ -92,7 +119,12 @@ Item {
             text: qsTr("Clear")
             theme: root.theme
 
-            onClicked: root.journal.clear()
+            onClicked: {
+                // A button that cannot be used any more keeps no focus.
+                if (visualFocus)
+                    list.forceActiveFocus(Qt.TabFocusReason);
+                root.journal.clear();
+            }
         }
     }
     Connections {

@@ -39,7 +39,7 @@ Form {
             visible: root.settings.batteryLimitEnabled
 
             Row {
-                spacing: 8
+                spacing: root.theme.scaled(8)
 
                 StepSlider {
                     from: 5

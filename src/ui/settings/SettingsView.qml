@@ -33,11 +33,23 @@ FocusScope {
     LayoutMirroring.childrenInherit: true
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
 
+    Shortcut {
+        sequences: [StandardKey.NextChild, "Ctrl+PgDown"]
+
+        onActivated: tabs.showNext(1)
+    }
+    Shortcut {
+        sequences: [StandardKey.PreviousChild, "Ctrl+PgUp"]
+
+        onActivated: tabs.showNext(-1)
+    }
     TabStrip {
         id: tabs
 
         focus: true
         objectName: "tabs"
+
+        Keys.forwardTo: [root.currentPage]
         theme: root.theme
         width: parent.width
 
@@ -57,6 +69,7 @@ FocusScope {
             theme: root.theme
         }
         TabStripButton {
+            isDirectional: true
             systemImage: "list.bullet.rectangle"
             text: qsTr("Journal")
             theme: root.theme

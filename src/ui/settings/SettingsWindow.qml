@@ -3,7 +3,7 @@
 import QtQuick
 import Tarvik.Design
 
-/// The window of the settings, of a fixed size.
+/// The window of the settings, of a fixed size that grows with the text as far as the screen goes.
 Window {
     id: root
 
@@ -20,18 +20,21 @@ Window {
     /// The installed applications; set after `applicationsWanted`.
     property var applications: []
 
+    readonly property int fullHeight: Math.min(theme.scaled(440), Screen.desktopAvailableHeight - theme.titleBarHeight)
+    readonly property int fullWidth: Math.min(theme.scaled(480), Screen.desktopAvailableWidth)
+
     signal applicationsWanted
     /// Puts the text on the clipboard.
     signal copyText(string text)
 
     color: theme.window
-    height: theme.scaled(440)
-    maximumHeight: height
-    maximumWidth: width
-    minimumHeight: height
-    minimumWidth: width
+    height: fullHeight
+    maximumHeight: fullHeight
+    maximumWidth: fullWidth
+    minimumHeight: fullHeight
+    minimumWidth: fullWidth
     title: qsTr("Tarvik Settings")
-    width: theme.scaled(480)
+    width: fullWidth
 
     Theme {
         id: theme
