@@ -18,6 +18,9 @@ Item {
 
         isAnimated: false
     }
+    ShownTexts {
+        id: shownTexts
+    }
     Theme {
         id: theme
 
@@ -57,12 +60,6 @@ Item {
             failOnWarning(/.?/);
         }
 
-        /// All texts below an item that are shown.
-        function texts(item: Item): var {
-            const own = item instanceof Text && item.visible && item.text ? [item] : [];
-            return Array.from(item.children).reduce((all, child) => all.concat(texts(child)), own);
-        }
-
         function test_everythingIsTranslatedAndFits_data() {
             const rows = [];
             for (const textScale of [1, 2]) {
@@ -86,7 +83,7 @@ Item {
                 mouseMove(enableRow, 20, 10);
                 return tip.visible;
             });
-            const shown = texts(view).concat(texts(sessionRow.menu.contentItem)).concat(texts(tip.contentItem));
+            const shown = shownTexts.below(view).concat(shownTexts.below(sessionRow.menu.contentItem), shownTexts.below(tip.contentItem));
             compare(shown.length, row.isTimedSessionActive ? 14 : 13);
             for (const text of shown) {
                 verify(text.text === "Tarvik" || (text.text.startsWith("⟦") && text.text.endsWith("⟧")), text.text);

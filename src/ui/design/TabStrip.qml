@@ -3,7 +3,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// The tabs of a window: an icon above a label each, side by side, all of the same width.
+/// The tabs of a window: an icon above a label each, side by side, all of the same width unless one needs more.
 T.TabBar {
     id: root
 
@@ -35,6 +35,18 @@ T.TabBar {
         model: root.contentModel
         orientation: ListView.Horizontal
         spacing: root.spacing
+    }
+
+    function widthOf(tab: Item): double {
+        let widest = 0;
+        let rest = availableWidth - spacing * (count - 1);
+        const share = rest / count;
+        for (let index = 0; index < count; ++index) {
+            const wanted = itemAt(index)?.implicitWidth ?? 0;
+            widest = Math.max(widest, wanted);
+            rest -= wanted;
+        }
+        return widest <= share ? share : tab.implicitWidth + rest / count;
     }
 
     /// Stays at the ends.

@@ -21,15 +21,27 @@ T.TabButton {
     font.weight: checked ? Font.DemiBold : Font.Normal
     hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    leftPadding: 4
-    rightPadding: 4
+    // The same whether the tab is shown or not.
+    implicitWidth: Math.ceil(shownText.advanceWidth) + leftPadding + rightPadding + 2
+    leftPadding: theme.scaled(2)
+    rightPadding: theme.scaled(2)
     topPadding: theme.scaled(8)
+    width: T.TabBar.tabBar?.widthOf(this) ?? implicitWidth
 
     Accessible.name: text
     // In this version of Qt a press by a screen reader reaches the control but does nothing.
     Accessible.onPressAction: toggle()
     Accessible.role: Accessible.PageTab
     Accessible.selected: checked
+
+    TextMetrics {
+        id: shownText
+
+        font.family: root.font.family
+        font.pixelSize: root.font.pixelSize
+        font.weight: Font.DemiBold
+        text: root.text
+    }
 
     background: Rectangle {
         color: root.checked ? root.theme.selection : root.down ? root.theme.pressed : root.hovered ? root.theme.hover : "transparent"

@@ -59,7 +59,7 @@ Form {
                     objectName: "batteryThresholdText"
                     text: qsTr("%1%").arg(root.settings.batteryThreshold)
                     theme: root.theme
-                    width: root.theme.scaled(44)
+                    width: Math.max(root.theme.scaled(44), implicitWidth)
                 }
             }
         }

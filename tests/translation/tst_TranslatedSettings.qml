@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tarvik.Design
+import Tarvik.Settings
+import "../ui"
+
+/// Under a translation that marks every text and makes it longer.
+Item {
+    id: root
+
+    height: 440
+    width: 480
+
+    PlainAppearance {
+        id: appearance
+
+        isAnimated: false
+    }
+    PlainSettings {
+        id: plain
+    }
+    ShownTexts {
+        id: shownTexts
+    }
+    Theme {
+        id: theme
+
+        appearance: appearance
+    }
+    SettingsView {
+        id: view
+
+        agentCount: 29
+        anchors.fill: parent
+        applications: []
+        hooks: plain.hooks
+        journal: plain.journal
+        power: plain.power
+        settings: plain.settings
+        theme: theme
+        thermal: plain.thermal
+        updater: plain.updater
+    }
+    TestCase {
+        name: "TranslatedSettings"
+        when: windowShown
+
+        readonly property var tabs: ["General", "Triggers", "Power", "Journal", "Updates"]
+        /// What comes from elsewhere.
+        readonly property var untranslated: ["Claude Code", "Codex", "Paused"]
+
+        function init() {
+            failOnWarning(/.?/);
+            plain.settings.allowlist = [];
+            plain.journal.clear();
+        }
+
+        function check(item, surface) {
+            const shown = shownTexts.below(item);
+            for (const text of shown) {
+                verify(untranslated.includes(text.text) || (text.text.startsWith("⟦") && text.text.endsWith("⟧")), text.text);
+                compare(shownTexts.flaw(text, surface), "");
+            }
+            return shown.length;
+        }
+
+        function test_everythingIsTranslatedAndFits_data() {
+            const rows = [];
+            for (const textScale of [1, 2]) {
+                for (const tab of tabs)
+                    rows.push({ tag: `${tab} with text at ${textScale}`, tab: tab, textScale: textScale });
+            }
+            return rows;
+        }
+
+        function test_everythingIsTranslatedAndFits(row) {
+            appearance.textScale = row.textScale;
+            root.width = theme.scaled(480);
+            root.height = theme.scaled(440);
+            view.currentTab = tabs.indexOf(row.tab);
+            // A file that cannot be written has the longest text.
+            plain.hooks.broken = ["codex"];
+            plain.hooks.install("codex");
+            verify(grabImage(view));
+            verify(check(view, view) > tabs.length);
+            plain.journal.record(new Date(2025, 11, 31), "Paused", "pause.circle", "orange");
+            verify(grabImage(view));
+            check(view, view);
+        }
+
+        function test_theChooserIsTranslatedAndFits() {
+            appearance.textScale = 1;
+            view.currentTab = tabs.indexOf("Triggers");
+            verify(grabImage(view));
+            findChild(view, "addApp").clicked();
+            const chooser = findChild(view, "appChooser");
+            tryCompare(chooser, "opened", true);
+            compare(check(chooser.contentItem, chooser.contentItem), 4);
+            chooser.close();
+            tryVerify(() => !chooser.visible);
+        }
+
+        function test_screenReadersAreToldInTheSameLanguage() {
+            view.currentTab = tabs.indexOf("Power");
+            const toggle = findChild(findChild(view, "pauseWhenHot"), "toggle");
+            verify(toggle.Accessible.name.startsWith("⟦"));
+            verify(findChild(view, "batteryThreshold").Accessible.name.startsWith("⟦"));
+        }
+    }
+}
