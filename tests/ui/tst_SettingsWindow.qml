@@ -57,7 +57,6 @@ Item {
 
             function init() {
                 failOnWarning(/.?/);
-                scaleText(1);
                 plain.settings.allowlist = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "org.long", name: longName}];
                 plain.updater.canCheckForUpdates = true;
                 plain.journal.clear();
@@ -71,6 +70,8 @@ Item {
             }
 
             function cleanup() {
+                // While the window is shown: on this platform a hidden one does not give its new size to its content.
+                scaleText(1);
                 window.close();
                 tryVerify(() => !window.visible);
             }
@@ -85,6 +86,7 @@ Item {
                 if (window.visible && appearance.textScale !== scale)
                     ignoreSizeHints(4);
                 appearance.textScale = scale;
+                tryVerify(() => view.width === window.width && view.height === window.height);
             }
 
             function open(tab) {
@@ -202,6 +204,23 @@ Item {
                 compare(page.contentY, page.contentHeight - page.height);
                 press(Qt.Key_Home);
                 compare(page.contentY, 0);
+            }
+
+            function test_whatComesOfAKeyIsShown() {
+                const agents = plain.hooks.agents;
+                plain.hooks.agents = Array.from({length: 12}, (_, index) => ({id: `agent${index}`, label: `Agent ${index}`, configPath: ".agent"}));
+                plain.hooks.broken = ["agent6", "agent11"];
+                open("Triggers");
+                const row = find("agent6");
+                findChild(row, "toggle").forceActiveFocus(Qt.TabFocusReason);
+                page.contentY = row.mapToItem(page.contentItem, 0, row.height).y - page.height;
+                draw();
+                press(Qt.Key_Space);
+                tryVerify(() => row.caption);
+                draw();
+                verify(row.mapToItem(page, 0, row.height).y <= page.height);
+                plain.hooks.agents = agents;
+                plain.hooks.broken = [];
             }
 
             function test_theFocusGoesOnFromARemovedApp() {
@@ -361,6 +380,8 @@ Item {
                 tryVerify(() => window.height > 550);
                 verify(window.width <= window.screen.width, window.width);
                 verify(window.height < window.screen.height, window.height);
+                scaleText(1);
+                tryVerify(() => window.width === 480 && window.height === 440);
             }
 
             function test_inAWideWindowTheContentStaysReadable() {

@@ -28,6 +28,8 @@ Flickable {
         x: (root.width - width) / 2
         y: root.theme.scaled(16)
     }
+    onContentHeightChanged: showFocus(root.Window.activeFocusItem)
+
     Connections {
         function onActiveFocusItemChanged() {
             root.showFocus(root.Window.activeFocusItem);
@@ -36,10 +38,14 @@ Flickable {
         target: root.Window.window
     }
 
+    /// With the whole row of the control, whose caption may tell what came of using it.
     function showFocus(item: Item) {
+        let shown = item;
         for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
+            if (ancestor instanceof CardRow)
+                shown = ancestor;
             if (ancestor === contentItem) {
-                show(item);
+                show(shown);
                 return;
             }
         }

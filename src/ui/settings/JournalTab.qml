@@ -45,10 +45,15 @@ Item {
         ListView {
             id: list
 
+            /// Entries are being added to a list that is at its beginning, and stays there.
+            property bool staysAtBeginning: false
+
             activeFocusOnTab: true
             anchors.fill: parent
             anchors.margins: 1
             boundsBehavior: Flickable.StopAtBounds
+            // Rows that are still being made for later when the list is cleared make Qt complain.
+            cacheBuffer: 0
             clip: true
             keyNavigationEnabled: true
             highlightMoveDuration: 0
@@ -68,8 +73,16 @@ Item {
             }
 
             onActiveFocusChanged: {
-                if (activeFocus)
-                    currentIndex = indexAt(1, contentY);
+                if (!activeFocus)
+                    return;
+                currentIndex = indexAt(1, contentY);
+                positionViewAtIndex(currentIndex, ListView.Contain);
+            }
+
+            onCountChanged: {
+                if (staysAtBeginning)
+                    positionViewAtBeginning();
+                staysAtBeginning = false;
             }
 
             /// By a page, or to an end.
@@ -126,6 +139,13 @@ Item {
                 root.journal.clear();
             }
         }
+    }
+    Connections {
+        function onRowsAboutToBeInserted() {
+            list.staysAtBeginning = list.atYBeginning;
+        }
+
+        target: root.journal.entries
     }
     Connections {
         function onExported(text) {
