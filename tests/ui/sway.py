@@ -37,6 +37,7 @@ SCREENS = (1280 + 1024, 800)
 class Sway:
     def __init__(self, bar="top"):
         self.processes = []
+        self.seat = None
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="sway-"))
         (self.directory / "config").write_text(CONFIGURATION.replace("@BAR@", bar), encoding="utf-8")
         # sway does not run for root, and its clients may be anybody's who reaches its sockets.
@@ -49,8 +50,12 @@ class Sway:
         self.start("sway", "--config", str(self.directory / "config"), stdout=self.log, stderr=self.log, **ordinary,
                    env={**os.environ, "XDG_RUNTIME_DIR": str(self.directory), "HOME": str(self.directory), "WLR_BACKENDS": "headless",
                         "WLR_HEADLESS_OUTPUTS": "2", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"})
-        self.await_true(lambda: pathlib.Path(os.environ["WAYLAND_DISPLAY"]).exists() and self.tell("-t", "get_version"))
-        self.seat = VirtualSeat(*SCREENS)
+        try:
+            self.await_true(lambda: pathlib.Path(os.environ["WAYLAND_DISPLAY"]).exists() and self.tell("-t", "get_version"))
+            self.seat = VirtualSeat(*SCREENS)
+        except BaseException:
+            self.close()
+            raise
 
     def start(self, *command, **options):
         process = subprocess.Popen(command, **options)
@@ -61,7 +66,8 @@ class Sway:
         self.start("swaybar", "--bar_id", "bar", stdout=self.log, stderr=self.log)
 
     def close(self):
-        self.seat.close()
+        if self.seat:
+            self.seat.close()
         for process in reversed(self.processes):
             process.kill()
             process.wait()
