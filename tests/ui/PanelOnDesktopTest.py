@@ -31,7 +31,7 @@ class PanelOnDesktopTest(WindowsTestCase):
     def open(self, *at):
         self.click_tray(*at)
         window = await_true(panel_window, "the panel did not open")
-        await_true(lambda: output("xdotool", "getactivewindow").strip() == window, "the panel did not get the focus")
+        await_true(lambda: output("xdotool", "getwindowfocus", "-f").strip() == window, "the panel did not get the focus")
         return window
 
     def press(self, *keys):
