@@ -42,6 +42,11 @@ def call(service, path, interface, method, arguments=None):
         return None
 
 
+def owner(name):
+    """Who has the name on the session bus; None for nobody."""
+    return call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetNameOwner", GLib.Variant("(s)", (name,)))
+
+
 def read_property(service, path, interface, name):
     answer = call(service, path, PROPERTIES, "Get", GLib.Variant("(ss)", (interface, name)))
     return answer[0] if answer else None
@@ -212,7 +217,9 @@ class TrayTest(PresenceTestCase):
         self.present()
         for restart in (["pkill", "-KILL", "-x", "xfce4-panel"], ["xfce4-panel", "--quit"]):
             subprocess.run(restart, check=True, capture_output=True)
-            eventually(lambda: read_property(*WATCHER, "RegisteredStatusNotifierItems") is None, "the panel is gone")
+            eventually(lambda: read_property(*WATCHER, "RegisteredStatusNotifierItems") is None, "the panel's tray is gone")
+            # While it is still on the bus, another panel leaves at once.
+            eventually(lambda: owner("org.xfce.Panel") is None, "the panel is gone")
             eventually(lambda: not self.tarvik.status()["trayShown"], "Tarvik knows")
             successor = subprocess.Popen(
                 ["xfce4-panel", "--disable-wm-check"], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
