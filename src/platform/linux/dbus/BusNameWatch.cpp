@@ -21,23 +21,31 @@ BusNameWatch::BusNameWatch(const QDBusConnection& bus, const QStringList& names)
         &QDBusServiceWatcher::serviceOwnerChanged,
         &m_watcher,
         [this](const QString& name, const QString&, const QString& owner) { setOwner(name, owner); });
+    askForNames();
+}
+
+void BusNameWatch::askForNames()
+{
     const auto message = QDBusMessage::createMethodCall(
         u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"ListNames"_s);
-    m_listing = callAsync(bus, message, [this](const QDBusMessage& answer) { readNames(answer); });
+    m_listing = callAsync(m_watcher.connection(), message, [this](const QDBusMessage& answer) { readNames(answer); });
 }
 
 void BusNameWatch::readNames(const QDBusMessage& answer)
 {
     m_listing.reset();
+    // QtDBus may hand over a signal ahead of an older answer, or one that an earlier watch has asked for, without those
+    // that followed it; so only an answer in a quiet time is believed.
+    if (std::exchange(m_hasChanged, false)) {
+        askForNames();
+        return;
+    }
     m_known = true;
-    const QStringList toldBySignal = std::exchange(m_toldBySignal, {});
     if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "as"_L1) {
         const QStringList owned = answer.arguments().constFirst().toStringList();
         const QStringList watched = m_watcher.watchedServices();
-        // QtDBus may hand over a signal ahead of an older answer, so what a signal told stands.
-        std::ranges::copy_if(watched, std::back_inserter(m_owned), [&](const QString& name) {
-            return owned.contains(name) && !toldBySignal.contains(name);
-        });
+        std::ranges::copy_if(
+            watched, std::back_inserter(m_owned), [&](const QString& name) { return owned.contains(name); });
     }
     if (onKnown)
         onKnown();
@@ -45,12 +53,14 @@ void BusNameWatch::readNames(const QDBusMessage& answer)
 
 void BusNameWatch::setOwner(const QString& name, const QString& owner)
 {
+    if (!m_known) {
+        m_hasChanged = true;
+        return;
+    }
     m_owned.removeOne(name);
     if (!owner.isEmpty())
         m_owned.append(name);
-    if (!m_known)
-        m_toldBySignal.append(name);
-    else if (onOwnerChange)
+    if (onOwnerChange)
         onOwnerChange(name);
 }
 

@@ -29,13 +29,14 @@ public:
     std::function<void(const QString& name)> onOwnerChange;
 
 private:
+    void askForNames();
     void readNames(const QDBusMessage& answer);
     void setOwner(const QString& name, const QString& owner);
 
     QDBusServiceWatcher m_watcher;
     QStringList m_owned;
-    /// Names that changed hands while the bus was still being asked.
-    QStringList m_toldBySignal;
+    /// A name has changed hands while the bus was being asked.
+    bool m_hasChanged = false;
     bool m_known = false;
     DBusCall m_listing;
 };
