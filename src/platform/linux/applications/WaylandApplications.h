@@ -66,7 +66,7 @@ private:
 
     DesktopFiles& m_files;
     Clock& m_clock;
-    // The display last, so that it goes last.
+    // Before everything that belongs to the display, so that it goes after it.
     Object<wl_display> m_display;
     Object<wl_registry> m_registry;
     Object<wl_callback> m_globalsSent;
