@@ -9,7 +9,7 @@
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/PanelHost.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -92,8 +92,10 @@ bool Panel::create()
     connect(window, SIGNAL(quit()), &m_models.coordinator, SLOT(quit()));
     connect(window, SIGNAL(openSettings()), this, SIGNAL(settingsWanted()));
     connect(window, &QWindow::visibleChanged, this, [this](bool visible) {
-        if (!visible)
+        if (!visible) {
             forgetPointer();
+            forgetFocus();
+        }
         Q_EMIT visibleChanged();
     });
     m_host = PanelHost::create(*window, m_layerShell.get(), m_bus);
@@ -111,6 +113,13 @@ void Panel::forgetPointer()
     // Nobody tells a hidden window that the pointer has left it; what was under the pointer would stay highlighted.
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(m_window.get(), &leave);
+}
+
+void Panel::forgetFocus()
+{
+    // The application listens to the window that has the focus, but does not stop when that window closes: it would
+    // listen once more with every opening, and act as often on every move of the focus.
+    QObject::disconnect(m_window.get(), &QWindow::focusObjectChanged, qGuiApp, nullptr);
 }
 
 } // namespace Tarvik
