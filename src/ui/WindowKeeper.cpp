@@ -91,10 +91,13 @@ void WindowKeeper::openSettings(const QString& activationToken)
 
 void WindowKeeper::followVisibility()
 {
-    if (m_panel.isVisible() || (m_settings && m_settings->isVisible()))
+    if (m_panel.isVisible() || (m_settings && m_settings->isVisible())) {
         m_linger.stop();
-    else
-        m_linger.start();
+        return;
+    }
+    m_linger.start();
+    // Nothing waits for this now; left alone, what scripts leave behind would pile up over hundreds of openings.
+    m_engine.collectGarbage();
 }
 
 } // namespace Tarvik
