@@ -224,7 +224,7 @@ private Q_SLOTS:
             expectLoss();
             server->kill();
             QTRY_COMPARE(m_clock->pending(), 1U);
-            server = std::make_unique<VirtualXServer>(display);
+            server = std::make_unique<VirtualXServer>();
             QVERIFY(server->isRunning());
             m_clock->advance(Seconds{1});
             waitForAnswers();
@@ -261,7 +261,7 @@ private Q_SLOTS:
         expectLoss();
         server->kill();
         QTRY_COMPARE(m_clock->pending(), 1U);
-        server = std::make_unique<VirtualXServer>(display);
+        server = std::make_unique<VirtualXServer>();
         logOut();
         expectEnd();
         m_clock->advance(Seconds{1});

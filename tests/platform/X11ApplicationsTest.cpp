@@ -232,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(applications);
         m_server->kill();
         QTRY_VERIFY(applications->list().isEmpty());
-        startServer(m_display);
+        startServer();
         Desktop desktop(m_display);
         desktop.open("cursor", "Cursor");
         m_clock.advance(Seconds{1});
@@ -256,10 +256,9 @@ private:
         return isShown ? std::move(applications) : nullptr;
     }
 
-    /// `display` as in DISPLAY; without it, one that is free.
-    void startServer(const QByteArray& display = {})
+    void startServer()
     {
-        m_server = std::make_unique<VirtualXServer>(display);
+        m_server = std::make_unique<VirtualXServer>();
         QVERIFY(m_server->isRunning());
         m_display = m_server->display();
     }

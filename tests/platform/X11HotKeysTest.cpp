@@ -294,7 +294,6 @@ private Q_SLOTS:
     {
         registerLock();
         QVERIFY(registered());
-        const QByteArray display = m_server->display();
         m_server->kill();
         QTRY_COMPARE(m_registration->state().status, HotKeyStatus::notAvailable);
         // Asked for while there is no server.
@@ -303,7 +302,7 @@ private Q_SLOTS:
             .modifiers = KeyModifiers::command | KeyModifiers::option,
             .purpose = {}});
         const auto impossible = m_hotKeys->registerHotKey({.id = 3, .keyCode = 127, .modifiers = 0x900, .purpose = {}});
-        m_server = std::make_unique<VirtualXServer>(display);
+        m_server = std::make_unique<VirtualXServer>();
         QVERIFY(m_server->isRunning());
         QList<HotKeyStatus> told;
         m_hotKeys->onStateChange = [&] { told.append(m_registration->state().status); };

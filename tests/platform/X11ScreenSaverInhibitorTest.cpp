@@ -86,7 +86,7 @@ private Q_SLOTS:
         server->kill();
         clock.advance(Seconds{25});
         QTRY_COMPARE(inhibitor.state(), Inhibitor::State::refused);
-        server = std::make_unique<VirtualXServer>(display);
+        server = std::make_unique<VirtualXServer>();
         QVERIFY(server->isRunning());
         const XClient other(*server);
         QTRY_VERIFY(idleMilliseconds(other) > longEnough);

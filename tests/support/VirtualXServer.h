@@ -4,23 +4,30 @@
 
 #include <QProcess>
 
+#include <sys/socket.h>
 #include <sys/types.h>
+#include <sys/un.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
 #include <csignal>
+#include <cstddef>
+#include <cstring>
 #include <memory>
 
 namespace Tarvik {
 
-/// An X server of its own, with the US layout, until the end of the object.
+/// An X server of its own, with the US layout, until the end of the object. All that a process starts, one after the
+/// other, are the same display.
 class VirtualXServer {
 public:
-    /// `display` as in DISPLAY; without it, one that is free.
-    explicit VirtualXServer(const QByteArray& display = {})
+    VirtualXServer()
     {
+        static const QByteArray display = reserveDisplay();
         m_process.setStandardErrorFile(QProcess::nullDevice());
-        QStringList arguments{QStringLiteral("-displayfd"),
+        const QStringList arguments{QString::fromLatin1(display),
+            QStringLiteral("-displayfd"),
             QStringLiteral("1"),
             QStringLiteral("-screen"),
             QStringLiteral("0"),
@@ -28,8 +35,6 @@ public:
             QStringLiteral("-nolisten"),
             QStringLiteral("tcp"),
             QStringLiteral("-noreset")};
-        if (!display.isEmpty())
-            arguments.prepend(QString::fromLatin1(display));
         m_process.start(QStringLiteral("Xvfb"), arguments);
         while (!m_process.canReadLine() && m_process.waitForReadyRead()) { }
         m_display = ':' + m_process.readLine().trimmed();
@@ -49,6 +54,36 @@ public:
     }
 
 private:
+    /// A free display that no other test takes while its server is down: far above those that a server picks by itself,
+    /// and reserved until the end of this process.
+    static QByteArray reserveDisplay()
+    {
+        for (int number = 20'000;; ++number) {
+            const QByteArray text = QByteArray::number(number);
+            const int reservation = bindAbstract("tarvik-test-display-" + text);
+            const int socket = reservation < 0 ? -1 : bindAbstract("/tmp/.X11-unix/X" + text);
+            if (socket >= 0) {
+                ::close(socket);
+                return ':' + text;
+            }
+        }
+    }
+
+    /// A socket under this name, see unix(7); negative when somebody has the name.
+    static int bindAbstract(const QByteArray& name)
+    {
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        std::memcpy(address.sun_path + 1, name.constData(), static_cast<std::size_t>(name.size()));
+        const auto size = offsetof(sockaddr_un, sun_path) + 1 + static_cast<std::size_t>(name.size());
+        const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        if (descriptor < 0)
+            qFatal("no socket can be made");
+        if (::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), static_cast<socklen_t>(size)) == 0)
+            return descriptor;
+        ::close(descriptor);
+        return -1;
+    }
+
     QProcess m_process;
     QByteArray m_display;
 };
