@@ -6,11 +6,12 @@
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <bit>
+#include <chrono>
 #include <cstdlib>
 #include <vector>
 
@@ -146,10 +147,7 @@ private Q_SLOTS:
     void eachShortcutFiresWithItsOwnId()
     {
         registerLock();
-        const auto second = m_hotKeys->registerHotKey({.id = 2,
-            .keyCode = KeyCodes::ansiS,
-            .modifiers = KeyModifiers::command | KeyModifiers::option,
-            .purpose = {}});
+        const auto second = m_hotKeys->registerHotKey(otherKey());
         QVERIFY(registered());
         QTRY_COMPARE(second->state().status, HotKeyStatus::registered);
         pressWith({superLeft, altLeft}, keyS);
@@ -166,6 +164,7 @@ private Q_SLOTS:
         m_registration.reset();
         QTRY_VERIFY(m_user->grab(keyA, superAlt));
         pressLock();
+        QVERIFY(letPressesArrive());
         QVERIFY(m_pressed.empty());
     }
 
@@ -207,8 +206,11 @@ private Q_SLOTS:
         QVERIFY(runOnServer(u"setxkbmap"_s, {u"fr"_s}));
         // The letter has changed places with "q".
         QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyQ); }));
+        QVERIFY(letPressesArrive());
         m_pressed.clear();
         pressWith({superLeft, altLeft}, keyA);
+        QVERIFY(letPressesArrive());
+        QVERIFY(m_pressed.empty());
         QVERIFY(runOnServer(u"setxkbmap"_s, {u"us"_s}));
         QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyA); }));
     }
@@ -234,19 +236,39 @@ private Q_SLOTS:
 
     void aKeyThatIsHeldFiresOnce()
     {
+        using namespace std::chrono_literals;
+        using Clock = std::chrono::steady_clock;
         registerLock();
+        const auto end = m_hotKeys->registerHotKey(otherKey());
         QVERIFY(registered());
-        for (const std::uint8_t key : {superLeft, altLeft, keyA})
-            m_user->press(key);
-        QTRY_COMPARE(m_pressed.size(), 1U);
+        m_user->press(superLeft);
+        m_user->press(altLeft);
+        // A server that does not get its turn in time makes another press of a repetition.
+        std::size_t late = 0;
+        auto last = Clock::now();
+        const auto countLate
+            = [&](Clock::time_point since) { late += static_cast<std::size_t>((Clock::now() - since) / 690ms); };
+        const auto pressLater = [&](std::uint32_t delay) {
+            last = Clock::now() + std::chrono::milliseconds(delay);
+            m_user->pressLater(keyA, delay);
+        };
+        m_user->press(keyA);
         // As the keyboard repeats it: first after a longer time.
-        m_user->pressLater(keyA, 500);
-        for (int i = 0; i < 5; ++i)
-            m_user->pressLater(keyA, 200);
+        for (const std::uint32_t delay : {500, 200, 200, 200, 200, 200}) {
+            const auto before = last;
+            pressLater(delay);
+            countLate(before);
+        }
         m_user->release(keyA);
-        m_user->pressLater(keyA, 800);
-        QTRY_COMPARE(m_pressed, (std::vector<std::uint32_t>{1, 1}));
-        for (const std::uint8_t key : {keyA, altLeft, superLeft})
+        countLate(last);
+        pressLater(800);
+        m_user->release(keyA);
+        countLate(last);
+        m_user->press(keyS);
+        QTRY_VERIFY(std::ranges::count(m_pressed, 2U) == 1);
+        const auto fired = static_cast<std::size_t>(std::ranges::count(m_pressed, 1U));
+        QVERIFY2(fired >= 2 && fired <= 2 + late, qPrintable(u"%1 of which %2 may be late"_s.arg(fired).arg(late)));
+        for (const std::uint8_t key : {keyS, altLeft, superLeft})
             m_user->release(key);
     }
 
@@ -297,10 +319,7 @@ private Q_SLOTS:
         m_server->kill();
         QTRY_COMPARE(m_registration->state().status, HotKeyStatus::notAvailable);
         // Asked for while there is no server.
-        const auto late = m_hotKeys->registerHotKey({.id = 2,
-            .keyCode = KeyCodes::ansiS,
-            .modifiers = KeyModifiers::command | KeyModifiers::option,
-            .purpose = {}});
+        const auto late = m_hotKeys->registerHotKey(otherKey());
         const auto impossible = m_hotKeys->registerHotKey({.id = 3, .keyCode = 127, .modifiers = 0x900, .purpose = {}});
         m_server = std::make_unique<VirtualXServer>();
         QVERIFY(m_server->isRunning());
@@ -333,15 +352,13 @@ private Q_SLOTS:
 
     void aServerThatDoesNotAnswerBlocksNothing()
     {
+        // Whoever waits for its answer waits for ever.
         QCOMPARE(::kill(m_server->processId(), SIGSTOP), 0);
-        QElapsedTimer timer;
-        timer.start();
         registerLock();
         QCoreApplication::processEvents();
         m_registration.reset();
         registerLock();
         QCoreApplication::processEvents();
-        QVERIFY(timer.elapsed() < 1000);
         QCOMPARE(m_registration->state().status, HotKeyStatus::pending);
         QCOMPARE(::kill(m_server->processId(), SIGCONT), 0);
         QVERIFY(registered());
@@ -352,6 +369,14 @@ private:
     {
         return {.id = 1,
             .keyCode = KeyCodes::ansiA,
+            .modifiers = KeyModifiers::command | KeyModifiers::option,
+            .purpose = {}};
+    }
+
+    static HotKeyRequest otherKey()
+    {
+        return {.id = 2,
+            .keyCode = KeyCodes::ansiS,
             .modifiers = KeyModifiers::command | KeyModifiers::option,
             .purpose = {}};
     }
@@ -381,6 +406,13 @@ private:
         m_pressed.clear();
         pressWith({superLeft, altLeft}, key);
         return QTest::qWaitFor([this] { return !m_pressed.empty(); }, 100);
+    }
+
+    /// Whatever the server has told so far comes before what it answers now.
+    bool letPressesArrive()
+    {
+        const auto other = m_hotKeys->registerHotKey(otherKey());
+        return QTest::qWaitFor([&] { return other->state().status == HotKeyStatus::registered; });
     }
 
     unsigned int lockedModifiers() const
