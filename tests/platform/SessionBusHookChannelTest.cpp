@@ -150,10 +150,11 @@ private Q_SLOTS:
     }
 
 private:
-    /// Returns when the bus has passed on everything that was sent before.
+    /// Returns when everything that was sent before has been received: the bus has passed it on before it answers the
+    /// sender, and the receiver reads it before a later answer.
     void synchronise()
     {
-        for (const QDBusConnection& connection : {m_bus, m_sender})
+        for (const QDBusConnection& connection : {m_sender, m_bus})
             QVERIFY(connection.interface()->isServiceRegistered(u"org.freedesktop.DBus"_s).value());
         QCoreApplication::processEvents();
     }
