@@ -10,6 +10,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
+
 using namespace Tarvik;
 
 namespace {
@@ -158,13 +161,14 @@ private Q_SLOTS:
         sockaddr_nl target{
             .nl_family = AF_NETLINK, .nl_pad = 0, .nl_pid = static_cast<quint32>(getpid()), .nl_groups = 0};
         const QByteArray forged = message(familyId, THERMAL_GENL_EVENT_TZ_TRIP_UP, {});
-        QCOMPARE(sendto(impostor,
-                     forged.constData(),
-                     static_cast<std::size_t>(forged.size()),
-                     0,
-                     reinterpret_cast<const sockaddr*>(&target),
-                     sizeof target),
-            forged.size());
+        const ssize_t sent = sendto(impostor,
+            forged.constData(),
+            static_cast<std::size_t>(forged.size()),
+            0,
+            reinterpret_cast<const sockaddr*>(&target),
+            sizeof target);
+        // Where this process may not administer the network, as in most containers, the kernel itself refuses.
+        QVERIFY2(sent == forged.size() || (sent < 0 && errno == EPERM), std::strerror(errno));
         close(impostor);
 
         // Even a kernel without thermal zones answers that it has no such family.
