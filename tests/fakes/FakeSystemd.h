@@ -52,7 +52,12 @@ public:
         m_bus.registerObject(QStringLiteral("/org/freedesktop/systemd1"), this, QDBusConnection::ExportAllSlots);
     }
 
-    ~FakeSystemd() override { QDBusConnection::disconnectFromBus(QStringLiteral("fake-systemd")); }
+    ~FakeSystemd() override
+    {
+        // The bus does not see at once that a connection is closed; until then the name would not be free.
+        vanish();
+        QDBusConnection::disconnectFromBus(QStringLiteral("fake-systemd"));
+    }
 
     bool appear() { return m_bus.registerService(QStringLiteral("org.freedesktop.systemd1")); }
 
