@@ -272,7 +272,7 @@ private:
         QDBusPendingCallWatcher pending(m_client.asyncCall(message));
         // The answer comes from this very thread.
         QSignalSpy finished(&pending, &QDBusPendingCallWatcher::finished);
-        finished.wait();
+        finished.wait(patience);
         return pending.reply();
     }
 

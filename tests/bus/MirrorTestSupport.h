@@ -3,12 +3,12 @@
 #pragma once
 
 #include "platform/StatusWire.h"
+#include "support/TestSupport.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QSignalSpy>
-#include <QTest>
 
 namespace Tarvik {
 
@@ -29,7 +29,7 @@ inline void settle(const QDBusConnection& client)
     for (int round = 0; round < 4; ++round) {
         QDBusPendingCallWatcher call(client.asyncCall(ping));
         QSignalSpy finished(&call, &QDBusPendingCallWatcher::finished);
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(patience));
     }
 }
 

@@ -327,7 +327,7 @@ private:
         const QDBusPendingCallWatcher last(m_client.asyncCall(QDBusMessage::createMethodCall(
             u"org.freedesktop.login1"_s, logindPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s)));
         QSignalSpy answered(&last, &QDBusPendingCallWatcher::finished);
-        QVERIFY(answered.wait());
+        QVERIFY(answered.wait(patience));
         m_logind->questions = 0;
     }
 
@@ -339,7 +339,7 @@ private:
             const QDBusPendingCallWatcher ping(m_client.asyncCall(QDBusMessage::createMethodCall(
                 there.baseService(), u"/"_s, u"org.freedesktop.DBus.Peer"_s, u"Ping"_s)));
             QSignalSpy answered(&ping, &QDBusPendingCallWatcher::finished);
-            QVERIFY(answered.wait());
+            QVERIFY(answered.wait(patience));
         }
     }
 

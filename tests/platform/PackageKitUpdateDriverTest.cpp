@@ -330,7 +330,7 @@ private:
             QDBusPendingCallWatcher ping(m_client.asyncCall(QDBusMessage::createMethodCall(
                 m_server.baseService(), u"/"_s, u"org.freedesktop.DBus.Peer"_s, u"Ping"_s)));
             QSignalSpy finished(&ping, &QDBusPendingCallWatcher::finished);
-            QVERIFY(finished.wait());
+            QVERIFY(finished.wait(patience));
         }
     }
 

@@ -252,7 +252,8 @@ private:
         Desktop desktop(m_display);
         desktop.open("plain", "Plain");
         auto applications = X11Applications::connect(m_display, m_files, m_clock);
-        const bool isShown = QTest::qWaitFor([&] { return applications->list() == QList{withId(u"plain"_s)}; });
+        const bool isShown
+            = QTest::qWaitFor([&] { return applications->list() == QList{withId(u"plain"_s)}; }, patience);
         return isShown ? std::move(applications) : nullptr;
     }
 

@@ -205,14 +205,14 @@ private Q_SLOTS:
         QVERIFY(registered());
         QVERIFY(runOnServer(u"setxkbmap"_s, {u"fr"_s}));
         // The letter has changed places with "q".
-        QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyQ); }));
+        QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyQ); }, patience));
         QVERIFY(letPressesArrive());
         m_pressed.clear();
         pressWith({superLeft, altLeft}, keyA);
         QVERIFY(letPressesArrive());
         QVERIFY(m_pressed.empty());
         QVERIFY(runOnServer(u"setxkbmap"_s, {u"us"_s}));
-        QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyA); }));
+        QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyA); }, patience));
     }
 
     void aLayoutWithoutTheLetterHasTheShortcutInItsPlace()
@@ -221,7 +221,7 @@ private Q_SLOTS:
         QVERIFY(registered());
         QVERIFY(runOnServer(u"setxkbmap"_s, {u"ru"_s}));
         QTRY_COMPARE(m_registration->state().status, HotKeyStatus::registered);
-        QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyA); }));
+        QVERIFY(QTest::qWaitFor([this] { return pressesReach(keyA); }, patience));
     }
 
     void aShortcutThatWasTakenIsTriedAgainWhenTheKeyboardChanges()
@@ -385,7 +385,7 @@ private:
 
     bool registered()
     {
-        return QTest::qWaitFor([this] { return m_registration->state().status == HotKeyStatus::registered; });
+        return QTest::qWaitFor([this] { return m_registration->state().status == HotKeyStatus::registered; }, patience);
     }
 
     void pressWith(const std::vector<std::uint8_t>& modifiers, std::uint8_t key) const
@@ -412,7 +412,7 @@ private:
     bool letPressesArrive()
     {
         const auto other = m_hotKeys->registerHotKey(otherKey());
-        return QTest::qWaitFor([&] { return other->state().status == HotKeyStatus::registered; });
+        return QTest::qWaitFor([&] { return other->state().status == HotKeyStatus::registered; }, patience);
     }
 
     unsigned int lockedModifiers() const

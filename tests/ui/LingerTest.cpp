@@ -55,7 +55,7 @@ private Q_SLOTS:
         m_keeper.reset();
     }
 
-    void aProcessThatIsAskedForNothingLeaves() { QVERIFY(m_finished->wait()); }
+    void aProcessThatIsAskedForNothingLeaves() { QVERIFY(m_finished->wait(patience)); }
 
     void anOpenWindowKeepsIt()
     {
@@ -73,7 +73,7 @@ private Q_SLOTS:
         sinceClosing.start();
         closePanel();
         QVERIFY(!isPanelShown());
-        QVERIFY(m_finished->wait());
+        QVERIFY(m_finished->wait(patience));
         // Timers of this kind may fire 5 % early.
         QVERIFY2(
             sinceClosing.elapsed() >= linger.count() * 9 / 10, qPrintable(QString::number(sinceClosing.elapsed())));
