@@ -20,7 +20,9 @@ namespace {
 
 const auto busName = QString::fromLatin1(StatusWire::busName);
 
-constexpr int timeoutMilliseconds = 2000;
+/// At a busy login the bus may stand still for seconds; without it there is nobody to show anything to anyway.
+constexpr int nameTimeoutMilliseconds = 20'000;
+constexpr int activationTimeoutMilliseconds = 2000;
 /// The first instance has its name a moment before it listens.
 constexpr int retryMilliseconds = 50;
 /// DBUS_NAME_FLAG_DO_NOT_QUEUE and DBUS_REQUEST_NAME_REPLY_EXISTS of the D-Bus specification.
@@ -56,12 +58,12 @@ void SingleInstance::decide(std::function<void(Role)> decided)
     auto request = QDBusMessage::createMethodCall(
         u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"RequestName"_s);
     request << busName << doNotQueue;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(request, timeoutMilliseconds), this);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(request, nameTimeoutMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, decided = std::move(decided)] {
         watcher->deleteLater();
         const QDBusPendingReply<quint32> reply = *watcher;
         if (reply.isValid() && reply.value() == nameExists)
-            handOver(QDeadlineTimer(timeoutMilliseconds), decided);
+            handOver(QDeadlineTimer(activationTimeoutMilliseconds), decided);
         else
             decided(Role::first);
     });
@@ -72,7 +74,7 @@ void SingleInstance::handOver(QDeadlineTimer deadline, const std::function<void(
     auto call = QDBusMessage::createMethodCall(
         busName, QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.Application"_s, u"Activate"_s);
     call << ownPlatformData();
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, timeoutMilliseconds), this);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, activationTimeoutMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, deadline, decided] {
         watcher->deleteLater();
         if (watcher->error().type() == QDBusError::UnknownObject && !deadline.hasExpired())

@@ -24,7 +24,8 @@ public:
 
     explicit SingleInstance(QDBusConnection sessionBus);
 
-    /// Finds out the role; `decided` is called once, from the event loop. A bus that stays silent counts as none.
+    /// Finds out the role; `decided` is called once, from the event loop. A bus that is silent
+    /// for 20 seconds counts as none.
     void decide(std::function<void(Role)> decided);
 
 private:

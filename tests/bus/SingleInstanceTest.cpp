@@ -8,6 +8,7 @@
 #include <QDBusConnectionInterface>
 #include <QElapsedTimer>
 
+#include <csignal>
 #include <optional>
 
 using namespace Tarvik;
@@ -78,10 +79,30 @@ private Q_SLOTS:
         QCOMPARE(m_calls, 1);
     }
 
+    void aBusThatStandsStillForSecondsIsWaitedFor()
+    {
+        m_first.handler = [](const QDBusMessage& call) { return call.createReply(); };
+        QVERIFY(m_first.appear());
+        const auto bus = static_cast<pid_t>(
+            QDBusConnection(u"first"_s).interface()->servicePid(u"org.freedesktop.DBus"_s).value());
+        m_instance.emplace(QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"instance"_s));
+        QCOMPARE(::kill(bus, SIGSTOP), 0);
+        decide();
+        const bool isDecided = QTest::qWaitFor([this] { return m_role.has_value(); }, 3000);
+        QCOMPARE(::kill(bus, SIGCONT), 0);
+        QVERIFY(!isDecided);
+        QTRY_COMPARE(m_role, SingleInstance::Role::second);
+    }
+
 private:
     void start()
     {
         m_instance.emplace(QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"instance"_s));
+        decide();
+    }
+
+    void decide()
+    {
         m_instance->decide([this](SingleInstance::Role role) { m_role = role; });
     }
 
