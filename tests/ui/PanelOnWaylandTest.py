@@ -2,35 +2,19 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 """The panel of the built windows' process on a real Wayland compositor with a layer shell, used as a person would."""
-import os
-import tempfile
 import unittest
 
-from sway import BAR_HEIGHT, Sway
+from sway import BAR_HEIGHT
 from virtual_seat import VirtualSeat
-from windows import DEADLINE, WindowsTestCase, await_true
+from wayland_windows import WaylandWindowsTestCase
+from windows import DEADLINE, await_true
 
 MARGIN = 6
 WIDTH = 300
 PANEL_COLOUR = bytes((0xFB, 0xFB, 0xFC))
 
 
-class PanelTest(WindowsTestCase):
-    bar = "top"
-    environment = {}
-
-    def setUp(self):
-        directory = tempfile.TemporaryDirectory()
-        self.addCleanup(directory.cleanup)
-        os.environ["XDG_RUNTIME_DIR"] = directory.name
-        self.sway = Sway(self.bar)
-        self.addCleanup(self.sway.close)
-        self.sway.start_bar()
-        edge = 0 if self.bar == "top" else -1
-        await_true(lambda: not any(self.sway.rows()[edge][-30:]), "the bar did not come up")
-        # An X server, which is not there, must not be tried.
-        self.start_windows(DISPLAY=":65000", **self.environment)
-
+class PanelTest(WaylandWindowsTestCase):
     def show_panel(self, x, y):
         self.show("ShowPanel", "iis", str(x), str(y), "")
 

@@ -20,8 +20,9 @@ Window {
     /// The installed applications; set after `applicationsWanted`.
     property var applications: []
 
-    readonly property int fullHeight: Math.min(theme.scaled(440), Screen.desktopAvailableHeight - theme.titleBarHeight)
-    readonly property int fullWidth: Math.min(theme.scaled(480), Screen.desktopAvailableWidth)
+    // What is available is told of all screens together, and the one with the window may be the smallest.
+    readonly property int fullHeight: Math.min(theme.scaled(440), Math.min(Screen.height, Screen.desktopAvailableHeight) - theme.titleBarHeight)
+    readonly property int fullWidth: Math.min(theme.scaled(480), Screen.width, Screen.desktopAvailableWidth)
 
     signal applicationsWanted
     /// Puts the text on the clipboard.
