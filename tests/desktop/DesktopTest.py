@@ -1,7 +1,10 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""scripts/desktop from outside: what passes through it, what runs inside it, and that nothing of it remains."""
+"""scripts/desktop from outside: what passes through it, what runs inside it, and that nothing of it remains.
+
+Usage: DesktopTest.py [DesktopTest|RemainsTest]
+"""
 import os
 import pathlib
 import shlex
@@ -17,7 +20,9 @@ SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "scripts"
 DESKTOP = str(SCRIPTS / "desktop")
 SCREENSHOT = str(SCRIPTS / "screenshot")
 MARK = "TARVIK_DESKTOP_TEST"
-DEADLINE = 15
+DEADLINE = 30
+# Of a whole desktop, from its start to its end.
+LIFE = 180
 
 UPOWER = "org.freedesktop.UPower /org/freedesktop/UPower org.freedesktop.UPower"
 BATTERY = "org.freedesktop.UPower /org/freedesktop/UPower/devices/battery_BAT0 org.freedesktop.UPower.Device"
@@ -26,7 +31,7 @@ LOGIND = "org.freedesktop.login1 /org/freedesktop/login1 org.freedesktop.login1.
 
 def run(*arguments, **options):
     """Runs the virtual desktop to its end."""
-    return subprocess.run([DESKTOP, *arguments], capture_output=True, text=True, timeout=60, check=False, **options)
+    return subprocess.run([DESKTOP, *arguments], capture_output=True, text=True, timeout=LIFE, check=False, **options)
 
 
 def marked_processes(mark):
@@ -56,7 +61,7 @@ class Running:
             [DESKTOP, *options, "bash", "-c", f"echo ready; {script}"],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, env={**os.environ, MARK: self.mark},
         )
-        self.watchdog = threading.Timer(60, self.process.kill)
+        self.watchdog = threading.Timer(LIFE, self.process.kill)
         self.watchdog.start()
 
     def __enter__(self):
@@ -87,20 +92,10 @@ class Running:
 
 
 class DesktopTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        os.makedirs("/tmp/.X11-unix", mode=0o1777, exist_ok=True)
-
-    def assertGone(self, mark):
+    def assertBecomes(self, desktop, command, expected):
         deadline = time.monotonic() + DEADLINE
-        while left := marked_processes(mark):
-            self.assertLess(time.monotonic(), deadline, f"still there: {left}")
-            time.sleep(0.02)
-
-    def assertBecomes(self, desktop, command, expected, within=1.0):
-        began = time.monotonic()
         while (seen := desktop.ask(command)) != expected:
-            self.assertLess(time.monotonic() - began, within, f"{command}: expected {expected!r}, saw {seen!r}")
+            self.assertLess(time.monotonic(), deadline, f"{command}: expected {expected!r}, saw {seen!r}")
 
     # What passes through
 
@@ -145,7 +140,7 @@ class DesktopTest(unittest.TestCase):
         elapsed = time.monotonic() - began
         print(f"\n{result.stderr}start and end took {elapsed:.2f} s", flush=True)
         self.assertEqual(result.returncode, 0)
-        self.assertLess(elapsed, DEADLINE)
+        self.assertLess(elapsed, 15)
         self.assertRegex(result.stderr, r"desktop: up after \d+\.\d\d s")
 
     def test_the_environment_is_that_of_a_desktop(self):
@@ -169,11 +164,11 @@ class DesktopTest(unittest.TestCase):
             self.assertEqual(pathlib.Path(home, ".config/file").read_text(encoding="utf-8"), "kept\n")
 
     def test_inhibitors_are_listed_and_released(self):
-        script = ("systemd-inhibit --what=idle --mode=block --who=tester systemd-inhibit --list --no-legend; echo --; "
-                  "systemd-inhibit --list --no-legend")
-        during, after = run("bash", "-c", script).stdout.split("--\n")
-        self.assertIn("tester", during)
-        self.assertNotIn("tester", after)
+        interpreter = "while read -r line; do eval \"$line\"; done"
+        with Running(script=interpreter) as desktop:
+            self.assertIn("tester", desktop.ask("systemd-inhibit --what=idle --mode=block --who=tester systemd-inhibit --list --no-legend"))
+            # logind may answer others before it notices that the holder has ended.
+            self.assertBecomes(desktop, "systemd-inhibit --list --no-legend | grep -c tester", "0")
 
     def test_another_user_may_take_every_inhibitor(self):
         result = run("--user", "nobody", "bash", "-c", "id -un; for what in idle sleep shutdown handle-lid-switch; do "
@@ -215,34 +210,7 @@ class DesktopTest(unittest.TestCase):
         self.assertIn("desktop: The window-manager ended while it was starting; its log ends with:", result.stderr)
         self.assertIn("cannot manage", result.stderr)
 
-    # What remains
-
-    def test_nothing_remains_after_a_command_that_leaves_daemons(self):
-        before = host_traces()
-        with Running(script="setsid sleep 1000 >/dev/null 2>&1 & disown") as desktop:
-            self.assertEqual(desktop.process.wait(DEADLINE), 0)
-            self.assertGone(desktop.mark)
-        self.assertEqual(host_traces(), before)
-
-    def test_nothing_remains_after_being_killed(self):
-        for killer in (signal.SIGTERM, signal.SIGKILL):
-            before = host_traces()
-            with self.subTest(killer.name), Running("--laptop") as desktop:
-                self.assertGreater(len(marked_processes(desktop.mark)), 8)
-                desktop.process.send_signal(killer)
-                desktop.process.wait(DEADLINE)
-                self.assertGone(desktop.mark)
-            self.assertEqual(host_traces(), before)
-
-    def test_nothing_remains_after_being_killed_while_starting(self):
-        mark = uuid.uuid4().hex
-        with subprocess.Popen([DESKTOP, "sleep", "1000"], env={**os.environ, MARK: mark}) as process:
-            deadline = time.monotonic() + DEADLINE
-            while len(marked_processes(mark)) < 6:
-                self.assertLess(time.monotonic(), deadline)
-            process.terminate()
-            self.assertEqual(process.wait(DEADLINE), 128 + signal.SIGTERM)
-            self.assertGone(mark)
+    # Several
 
     def test_two_at_once_do_not_see_each_other(self):
         interpreter = "while read -r line; do eval \"$line\"; done"
@@ -305,6 +273,47 @@ class DesktopTest(unittest.TestCase):
         for result in (run("lid", "close"), run(DESKTOP, "lid", "close")):
             self.assertEqual(result.returncode, 125)
             self.assertIn("works only inside a virtual laptop", result.stderr)
+
+
+class RemainsTest(unittest.TestCase):
+    """Looks at the whole machine: nothing else is to run meanwhile."""
+
+    @classmethod
+    def setUpClass(cls):
+        os.makedirs("/tmp/.X11-unix", mode=0o1777, exist_ok=True)
+
+    def assertGone(self, mark):
+        deadline = time.monotonic() + DEADLINE
+        while left := marked_processes(mark):
+            self.assertLess(time.monotonic(), deadline, f"still there: {left}")
+            time.sleep(0.02)
+
+    def test_nothing_remains_after_a_command_that_leaves_daemons(self):
+        before = host_traces()
+        with Running(script="setsid sleep 1000 >/dev/null 2>&1 & disown") as desktop:
+            self.assertEqual(desktop.process.wait(DEADLINE), 0)
+            self.assertGone(desktop.mark)
+        self.assertEqual(host_traces(), before)
+
+    def test_nothing_remains_after_being_killed(self):
+        for killer in (signal.SIGTERM, signal.SIGKILL):
+            before = host_traces()
+            with self.subTest(killer.name), Running("--laptop") as desktop:
+                self.assertGreater(len(marked_processes(desktop.mark)), 8)
+                desktop.process.send_signal(killer)
+                desktop.process.wait(DEADLINE)
+                self.assertGone(desktop.mark)
+            self.assertEqual(host_traces(), before)
+
+    def test_nothing_remains_after_being_killed_while_starting(self):
+        mark = uuid.uuid4().hex
+        with subprocess.Popen([DESKTOP, "sleep", "1000"], env={**os.environ, MARK: mark}) as process:
+            deadline = time.monotonic() + DEADLINE
+            while len(marked_processes(mark)) < 6:
+                self.assertLess(time.monotonic(), deadline)
+            process.terminate()
+            self.assertEqual(process.wait(DEADLINE), 128 + signal.SIGTERM)
+            self.assertGone(mark)
 
 
 if __name__ == "__main__":
