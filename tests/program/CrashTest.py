@@ -11,7 +11,7 @@ import time
 import program
 from gi.repository import GLib
 from PresenceTest import PresenceTestCase, call, has_focus, output, panel, press
-from program import eventually, is_held
+from program import eventually, is_held, windows_processes
 
 ROUNDS = 50
 CRASH = "Tarvik [system] The windows' process failed: it crashed with signal 9"
@@ -61,9 +61,6 @@ class CrashTest(PresenceTestCase):
         eventually(lambda: not self.children("Tarvik"), "what has been started runs")
         return self.windows()
 
-    def all_windows(self):
-        return [int(process.name) for process in pathlib.Path("/proc").glob("[0-9]*") if self.name_of(process.name) == "TarvikUi"]
-
     def open(self):
         if not panel():
             self.click()
@@ -110,7 +107,7 @@ class CrashTest(PresenceTestCase):
                 if not self.windows_made_good():
                     self.click()
                 eventually(self.has_panel, "the panel is open")
-                self.assertEqual(self.all_windows(), self.windows())
+                self.assertEqual(windows_processes(), self.windows())
         self.assertGreater(kills, ROUNDS // 2)
         self.wait_for_journal("on: Awake · 1 agent")
 
@@ -119,7 +116,7 @@ class CrashTest(PresenceTestCase):
         for what in self.interrupted():
             with self.subTest(what):
                 self.tarvik.end(signal.SIGKILL)
-                eventually(lambda: not self.all_windows(), "the windows' process ends", 3)
+                eventually(lambda: not windows_processes(), "the windows' process ends")
                 self.assertEqual(panel(), "")
                 self.tarvik = self.start_tarvik()
                 eventually(is_held, "held again")

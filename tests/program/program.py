@@ -16,8 +16,11 @@ import unittest
 TARVIK = ""
 TOOL = ""
 SLEEPER = ""
-POLL_PERIOD = 5
-PATIENCE = 20
+PATIENCE = 30
+DESKTOP = str(pathlib.Path(__file__).resolve().parents[2] / "scripts" / "desktop")
+UPOWER = ("org.freedesktop.UPower", "/org/freedesktop/UPower", "org.freedesktop.UPower")
+BATTERY = ("org.freedesktop.UPower", "/org/freedesktop/UPower/devices/battery_BAT0", "org.freedesktop.UPower.Device")
+LOGIND = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
 
 
 def main():
@@ -57,6 +60,41 @@ def is_not_held():
     return not ours()
 
 
+def hardware(*change):
+    """Changes the virtual laptop. Whoever watches it hears of that later."""
+    subprocess.run([DESKTOP, *map(str, change)], check=True)
+
+
+def system_property(owner, name):
+    answer = subprocess.run(["busctl", "--json=short", "get-property", *owner, name], capture_output=True, text=True, check=False)
+    return json.loads(answer.stdout)["data"] if answer.returncode == 0 else None
+
+
+def set_up_laptop(percent=80, is_charging=True):
+    """Gives the laptop a state, with an open lid, and waits until those that Tarvik asks tell it; before, they tell the last one."""
+    hardware("mains", "on" if is_charging else "off")
+    hardware("battery", percent, "charging" if is_charging else "discharging")
+    hardware("lid", "open")
+    hardware("heat", 40000)
+    told = ((UPOWER, "OnBattery", not is_charging), (BATTERY, "Percentage", percent), (BATTERY, "State", 1 if is_charging else 2),
+            (UPOWER, "LidIsClosed", False), (LOGIND, "LidClosed", False))
+    for owner, name, value in told:
+        eventually(lambda: system_property(owner, name) == value, f"{name} is {value}")
+
+
+def windows_processes():
+    """The windows' processes of whatever Tarvik."""
+    found = []
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            if (process / "comm").read_text(encoding="utf-8") == "TarvikUi\n":
+                found.append(int(process.name))
+        except OSError:
+            # It has just ended.
+            continue
+    return found
+
+
 class Programs:
     """Processes that do nothing under command lines of our choice; ended together."""
 
@@ -83,16 +121,23 @@ class Tarvik:
         with open(self.log_file.name, "w", encoding="utf-8") as log:
             self.process = subprocess.Popen([TARVIK], stderr=log, env=environment)
         if wait:
-            eventually(lambda: self.status() is not None, "Tarvik answers")
+            self.status()
 
     def log(self):
         return pathlib.Path(self.log_file.name).read_text(encoding="utf-8")
 
     @staticmethod
     def status():
-        """What "tarvik status --json" prints; None while it says that Tarvik is not running."""
-        answer = subprocess.run([TOOL, "status", "--json"], capture_output=True, text=True, check=False)
-        return json.loads(answer.stdout) if answer.returncode in (0, 1) else None
+        """What "tarvik status --json" prints, once it does not say that Tarvik is not running: one that is slow to answer is
+        none to the tool."""
+        def ask():
+            nonlocal answer
+            answer = subprocess.run([TOOL, "status", "--json"], capture_output=True, text=True, check=False)
+            return answer.returncode in (0, 1)
+
+        answer = None
+        eventually(ask, "Tarvik answers")
+        return json.loads(answer.stdout)
 
     def end(self, how=None):
         """Ends it with a signal, by default SIGTERM; its exit status and how long it took."""
@@ -120,6 +165,8 @@ class TarvikTestCase(unittest.TestCase):
             instance.end(signal.SIGKILL)
         shutil.rmtree(self.config, ignore_errors=True)
         eventually(is_not_held, "nothing of ours is held after the test")
+        # They end when they notice; until then, the windows of the next Tarvik would take them for their own kind and leave.
+        eventually(lambda: not windows_processes(), "no windows are left after the test")
 
     def start_tarvik(self, **options):
         instance = Tarvik(**options)
