@@ -8,7 +8,7 @@ import unittest
 import pyatspi
 import windows
 from gi.repository import Atspi, GLib
-from windows import DEADLINE, WindowsTestCase
+from windows import DEADLINE, WindowsTestCase, x_focus, x_windows
 
 HELP = "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running."
 CONTROLS = ("Tarvik", "Keep awake for…", "Lock & leave", "Settings…", "Quit Tarvik")
@@ -71,10 +71,12 @@ class AccessibleWindowTest(WindowsTestCase):
     arguments: tuple
 
     def setUp(self):
-        Atspi.set_timeout(2000, 2000)
+        Atspi.set_timeout(DEADLINE * 1000, DEADLINE * 1000)
         self.start_windows()
         self.show(*self.arguments)
         await_true(lambda: self.focused() is not None, "the window has the focus")
+        # Something in it has the focus before the window has it.
+        await_true(lambda: x_focus() in x_windows(self.title), "the keys go to the window")
 
     def frame(self, title=None):
         desktop = pyatspi.Registry.getDesktop(0)
@@ -92,6 +94,10 @@ class AccessibleWindowTest(WindowsTestCase):
 
     def find(self, name, role=None):
         return next((part for part in self.everything() if part.name == name and role in (None, part.getRoleName())), None)
+
+    def is_unchecked(self, name):
+        part = self.find(name, "check box")
+        return part and "checked" not in states(part)
 
     def control(self, name):
         return await_true(lambda: next((part for part in self.everything() if part.name == name and actions(part)), None),
@@ -136,7 +142,7 @@ class PanelTest(AccessibleWindowTest):
         self.tell("session")
         await_true(lambda: self.find("Change session…"), "the new title")
         self.tell("off")
-        await_true(lambda: "checked" not in states(self.find("Tarvik", "check box")), "unchecked")
+        await_true(lambda: self.is_unchecked("Tarvik"), "unchecked")
 
     def test_the_keyboards_focus_is_told(self):
         told = []
@@ -170,7 +176,7 @@ class PanelTest(AccessibleWindowTest):
     def test_a_screen_reader_flips_the_switch(self):
         self.perform("Tarvik", "Toggle")
         self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
-        await_true(lambda: "checked" not in states(self.find("Tarvik", "check box")), "unchecked")
+        await_true(lambda: self.is_unchecked("Tarvik"), "unchecked")
         self.perform("Tarvik", "Press")
         self.assertEqual(self.fake.stdout.readline(), "set isEnabled True\n")
 
@@ -184,7 +190,7 @@ class PanelTest(AccessibleWindowTest):
     def test_a_screen_reader_locks_and_leaves(self):
         self.perform("Lock & leave", "Press")
         self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
-        await_true(lambda: not self.find("Lock & leave") or "showing" not in states(self.find("Lock & leave")), "the panel is closed")
+        await_true(lambda: not ((part := self.find("Lock & leave")) and "showing" in states(part)), "the panel is closed")
 
     def test_a_screen_reader_sets_the_focus(self):
         self.perform("Quit Tarvik", "SetFocus")
@@ -234,7 +240,7 @@ class SettingsTest(AccessibleWindowTest):
         self.assertEqual(self.fake.stdout.readline(), "Install claude\n")
         row = await_true(lambda: (part := self.find("Claude Code", "check box")) and part.description and part, "the failure is told")
         self.assertIn("Couldn't write ~/.claude/settings.json.", row.description)
-        await_true(lambda: "checked" not in states(self.find("Claude Code", "check box")), "the switch is back")
+        await_true(lambda: self.is_unchecked("Claude Code"), "the switch is back")
 
     def test_the_battery_level_is_a_slider_with_a_value(self):
         self.perform("Power", "Press")
@@ -244,7 +250,7 @@ class SettingsTest(AccessibleWindowTest):
 
     def test_escape_closes_it(self):
         press("Escape")
-        await_true(lambda: not self.frame() or "showing" not in states(self.frame()), "the window is closed")
+        await_true(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
 
 
 if __name__ == "__main__":

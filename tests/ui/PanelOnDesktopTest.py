@@ -2,15 +2,17 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 """The panel of the built windows' process on a real window manager, used as a person would. Runs inside scripts/desktop."""
+import ctypes
 import os
 import re
 import subprocess
 import tempfile
 import unittest
 
-from windows import DEADLINE, WindowsTestCase, await_true
+from windows import DEADLINE, WindowsTestCase, await_true, x_focus, x_windows
 
 MARGIN = 6
+PANEL_COLOUR = bytes((0xFB, 0xFB, 0xFC))
 
 
 def output(*command):
@@ -18,7 +20,22 @@ def output(*command):
 
 
 def panel_window():
-    return output("xdotool", "search", "--onlyvisible", "--name", "^Tarvik$").strip()
+    return "".join(x_windows("Tarvik"))
+
+
+def top_of_work_area():
+    """Below the desktop's panel, once the window manager knows of that."""
+    return await_true(lambda: int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1]), "the desktop has no panel")
+
+
+def is_composited():
+    x11 = ctypes.CDLL("libX11.so.6")
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    display = ctypes.c_void_p(x11.XOpenDisplay(None))
+    x11.XInternAtom.restype = x11.XGetSelectionOwner.restype = ctypes.c_ulong
+    owner = x11.XGetSelectionOwner(display, ctypes.c_ulong(x11.XInternAtom(display, b"_NET_WM_CM_S0", 0)))
+    x11.XCloseDisplay(display)
+    return bool(owner)
 
 
 class PanelOnDesktopTest(WindowsTestCase):
@@ -31,7 +48,7 @@ class PanelOnDesktopTest(WindowsTestCase):
     def open(self, *at):
         self.click_tray(*at)
         window = await_true(panel_window, "the panel did not open")
-        await_true(lambda: output("xdotool", "getwindowfocus", "-f").strip() == window, "the panel did not get the focus")
+        await_true(lambda: x_focus() == window, "the panel did not get the focus")
         return window
 
     def press(self, *keys):
@@ -48,17 +65,16 @@ class PanelOnDesktopTest(WindowsTestCase):
         return values["X"], values["Y"], values["WIDTH"], values["HEIGHT"]
 
     def test_opens_below_the_click(self):
-        top_of_work_area = int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1])
+        top = top_of_work_area()
         x, y, width, _height = self.surface(self.open())
-        self.assertGreater(top_of_work_area, 0)
-        self.assertEqual((x, y, width), (900 - 150, top_of_work_area + MARGIN, 300))
+        self.assertEqual((x, y, width), (900 - 150, top + MARGIN, 300))
 
     def test_opens_below_the_pointer_when_the_tray_counts_from_its_own_corner(self):
-        top_of_work_area = int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1])
+        top = top_of_work_area()
         self.addCleanup(subprocess.run, ["xdotool", "mousemove", "640", "400"], check=True, timeout=DEADLINE)
         subprocess.run(["xdotool", "mousemove", "900", "14"], check=True, timeout=DEADLINE)
         x, y, width, _height = self.surface(self.open(0, 25))
-        self.assertEqual((x, y, width), (900 - 150, top_of_work_area + MARGIN, 300))
+        self.assertEqual((x, y, width), (900 - 150, top + MARGIN, 300))
 
     def test_stays_on_the_screen(self):
         x, _y, width, _height = self.surface(self.open(1279, 14))
@@ -72,7 +88,6 @@ class PanelOnDesktopTest(WindowsTestCase):
         """How high the panel is when it has nothing to adapt to."""
         self.tell(state)
         window = self.open()
-        # It is drawn before it has the focus.
         height = self.surface(window)[3]
         self.press("Escape")
         self.assert_closed()
@@ -93,7 +108,10 @@ class PanelOnDesktopTest(WindowsTestCase):
                                    start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         # It serves the tests that follow and ends with the virtual desktop.
         process.returncode = 0
-        await_true(lambda: output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK") not in (before, ""), "the window manager did not come up")
+        # Between the two there is none.
+        await_true(lambda: "window id" in (now := output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")) and now != before,
+                   "the window manager did not come up")
+        await_true(lambda: is_composited() == (compositor == "on"), f"the compositor is not {compositor}")
 
     def test_its_shadow_may_lie_on_panels_and_beyond_the_screen(self):
         self.addCleanup(self.run_window_manager, "off")
@@ -125,8 +143,8 @@ class PanelOnDesktopTest(WindowsTestCase):
     def test_closes_when_another_window_gets_the_focus(self):
         self.open()
         self.start("xev", stdout=subprocess.DEVNULL)
-        other = await_true(lambda: output("xdotool", "search", "--onlyvisible", "--name", "Event Tester").strip(), "xev did not start")
-        subprocess.run(["xdotool", "windowactivate", other], check=True, timeout=DEADLINE)
+        other = await_true(lambda: x_windows("Event Tester"), "xev did not start")
+        subprocess.run(["xdotool", "windowactivate", *other], check=True, timeout=DEADLINE)
         self.assert_closed()
 
     def test_the_keyboard_starts_a_session(self):
@@ -154,14 +172,14 @@ class PanelOnDesktopTest(WindowsTestCase):
     def test_what_was_under_the_pointer_is_not_highlighted_the_next_time(self):
         x, y, width, height = self.surface(self.open())
         beside_the_last_title = (x + width - 40, y + height - 20)
-        plain = self.colour_at(*beside_the_last_title)
+        await_true(lambda: self.colour_at(*beside_the_last_title) == PANEL_COLOUR, "the panel was not drawn")
         subprocess.run(["xdotool", "mousemove", *map(str, beside_the_last_title)], check=True, timeout=DEADLINE)
-        await_true(lambda: self.colour_at(*beside_the_last_title) != plain, "the row was not highlighted")
+        await_true(lambda: self.colour_at(*beside_the_last_title) != PANEL_COLOUR, "the row was not highlighted")
         self.press("Escape")
         self.assert_closed()
         subprocess.run(["xdotool", "mousemove", "100", "700"], check=True, timeout=DEADLINE)
         self.open()
-        await_true(lambda: self.colour_at(*beside_the_last_title) == plain, "the row is still highlighted")
+        await_true(lambda: self.colour_at(*beside_the_last_title) == PANEL_COLOUR, "the row is still highlighted")
 
     def test_quit_ends_tarvik_and_with_it_the_windows(self):
         self.open()

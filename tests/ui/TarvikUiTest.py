@@ -13,7 +13,7 @@ from gi.repository import Gio, GLib
 UI = os.environ["TARVIK_UI"]
 FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
 NAME = "com.morvanta.TarvikUi"
-DEADLINE = 20
+DEADLINE = 30
 
 
 class TarvikUiTest(unittest.TestCase):

@@ -15,7 +15,7 @@ import time
 
 from virtual_seat import VirtualSeat
 
-DEADLINE = 15
+DEADLINE = 30
 NOBODY = 65534
 BAR_HEIGHT = 30
 CONFIGURATION = f"""

@@ -10,7 +10,7 @@ import unittest
 UI = os.environ["TARVIK_UI"]
 FOLDER = pathlib.Path(__file__).parent
 NAME = "com.morvanta.TarvikUi"
-DEADLINE = 20
+DEADLINE = 30
 
 
 def await_true(condition, what):
@@ -26,6 +26,21 @@ def is_on_bus(process):
     owner = subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                             "GetConnectionUnixProcessID", "s", NAME], capture_output=True, text=True, check=False).stdout
     return owner == f"u {process.pid}\n"
+
+
+def x_windows(name):
+    """The visible windows of that name on the X display, as xdotool knows them."""
+    while True:
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"], capture_output=True, text=True, check=False,
+                               timeout=DEADLINE)
+        # A search ends early, and says so, when any window goes meanwhile.
+        if not found.stderr:
+            return found.stdout.split()
+
+
+def x_focus():
+    """The window that the X server sends keys to."""
+    return subprocess.run(["xdotool", "getwindowfocus", "-f"], capture_output=True, text=True, check=False, timeout=DEADLINE).stdout.strip()
 
 
 class WindowsTestCase(unittest.TestCase):
