@@ -13,7 +13,7 @@ import unittest
 import pyatspi
 from gi.repository import Atspi, Gio, GLib
 
-DEADLINE = 20
+DEADLINE = 30
 TARVIK = ("com.morvanta.Tarvik", "/com/morvanta/Tarvik")
 WORDS = "⟦Dozing — nothing to watch~~~~~~~~~~⟧"
 
@@ -58,6 +58,8 @@ class TranslatedProgramsTest(unittest.TestCase):
 
     def start(self, languages):
         process = subprocess.Popen([self.program], env={**os.environ, "LANGUAGE": languages, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
+        # The windows' process ends when it notices; until then it would take the calls of the next Tarvik.
+        self.addCleanup(await_true, lambda: not self.running(), "the windows' process did not end")
         self.addCleanup(process.wait)
         self.addCleanup(process.terminate)
         await_true(lambda: self.status("Reason"), "Tarvik is up")
@@ -84,8 +86,10 @@ class TranslatedProgramsTest(unittest.TestCase):
 
     def loaded(self):
         """Whether there is a translation in the memory of each program of the bundle that runs."""
-        programs = [process for process in pathlib.Path("/proc").glob("[0-9]*") if self.is_ours(process)]
-        return [".qm" in (process / "maps").read_text(encoding="utf-8") for process in programs]
+        return [".qm" in (process / "maps").read_text(encoding="utf-8") for process in self.running()]
+
+    def running(self):
+        return [process for process in pathlib.Path("/proc").glob("[0-9]*") if self.is_ours(process)]
 
     def is_ours(self, process):
         try:
