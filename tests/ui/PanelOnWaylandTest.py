@@ -2,6 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 """The panel of the built windows' process on a real Wayland compositor with a layer shell, used as a person would."""
+import select
+import signal
 import unittest
 
 from sway import BAR_HEIGHT
@@ -64,6 +66,18 @@ class PanelOnPlasma5Test(PanelTest):
         _x, y, _width, _height = self.open()
         self.assertEqual(plasma.stdout.readline(), "HEADLESS-1\n")
         self.assertEqual(y, BAR_HEIGHT + 50 + MARGIN)
+
+    def test_a_compositor_that_stands_still_is_waited_for(self):
+        plasma = self.start_fake("fake_plasmashell.py", "1280", "50", "1024", "718")
+        self.sway.seat.move(1280 + 500, 14)
+        self.sway.processes[0].send_signal(signal.SIGSTOP)
+        try:
+            self.show_panel(500, 14)
+            asked, _, _ = select.select([plasma.stdout], [], [], 0.5)
+        finally:
+            self.sway.processes[0].send_signal(signal.SIGCONT)
+        self.assertFalse(asked)
+        self.assertEqual(plasma.stdout.readline(), "HEADLESS-2\n")
 
     def test_opens_without_an_answer(self):
         self.assertEqual(self.open()[1], BAR_HEIGHT + MARGIN)

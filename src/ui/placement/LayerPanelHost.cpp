@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/placement/LayerPanelHost.h"
 
+#include "ui/placement/LayerShell.h"
 #include "ui/placement/LayerSurface.h"
 #include "ui/placement/PanelPlacement.h"
 #include "ui/placement/ScreenCover.h"
@@ -19,8 +20,9 @@ namespace Tarvik {
 
 namespace {
 
-/// A compositor tells a new window under the pointer so within a few milliseconds.
-constexpr auto pointerPatience = 40ms;
+/// A compositor tells a new window under the pointer so within a few milliseconds. That the pointer is on none, for
+/// example on a window that lies above all others, is rare.
+constexpr auto pointerPatience = 150ms;
 
 } // namespace
 
@@ -31,7 +33,6 @@ LayerPanelHost::LayerPanelHost(QQuickWindow& panel, const LayerShell& shell, con
 {
     panel.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
     m_pointerPatience.setSingleShot(true);
-    m_pointerPatience.setInterval(pointerPatience);
     connect(&m_pointerPatience, &QTimer::timeout, this, &LayerPanelHost::openAtClick);
     connect(&panel, &QWindow::heightChanged, this, &LayerPanelHost::resize);
     connect(&panel, &QWindow::widthChanged, this, &LayerPanelHost::resize);
@@ -55,10 +56,16 @@ void LayerPanelHost::open(QPoint click, const QString&)
         if (!m_hasCursor)
             cover->setCursor(Qt::BlankCursor);
         connect(cover.get(), &ScreenCover::entered, this, [this, screen](QPoint point) { openAt(*screen, point); });
+        connect(cover.get(), &ScreenCover::placed, this, &LayerPanelHost::awaitPointer);
         connect(cover.get(), &ScreenCover::pressed, this, &LayerPanelHost::dismiss);
         m_covers.push_back(std::move(cover));
     }
-    m_pointerPatience.start();
+}
+
+void LayerPanelHost::awaitPointer()
+{
+    if (!m_isPlaced)
+        m_pointerPatience.start(LayerShell::hasPointer() ? pointerPatience : 0ms);
 }
 
 void LayerPanelHost::openAtClick()

@@ -37,6 +37,7 @@ private:
     /// Later, because Qt walks over all windows when it closes them, and the covers go with the panel.
     using Cover = std::unique_ptr<ScreenCover, QScopedPointerDeleteLater>;
 
+    void awaitPointer();
     void openAtClick();
     void openAt(QScreen& screen, QPoint point);
     void place(QScreen& screen, QPoint point, const QMargins& reserved);

@@ -40,6 +40,12 @@ void ignoreRemoval(void*, wl_registry*, uint32_t)
 {
 }
 
+/// One of the application's own objects, by Qt's name for it.
+void* ofPlatform(const char* name)
+{
+    return QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name);
+}
+
 } // namespace
 
 bool LayerShell::isOffered()
@@ -52,14 +58,19 @@ std::unique_ptr<LayerShell> LayerShell::ofApplication()
 {
     if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
         return nullptr;
-    auto* display = static_cast<wl_display*>(
-        QGuiApplication::platformNativeInterface()->nativeResourceForIntegration("wl_display"));
+    auto* display = static_cast<wl_display*>(ofPlatform("wl_display"));
     Globals globals = globalsOf(display);
-    return globals.isComplete() ? std::unique_ptr<LayerShell>(new LayerShell(std::move(globals))) : nullptr;
+    return globals.isComplete() ? std::unique_ptr<LayerShell>(new LayerShell(display, std::move(globals))) : nullptr;
 }
 
-LayerShell::LayerShell(Globals globals)
-    : m_globals(std::move(globals))
+bool LayerShell::hasPointer()
+{
+    return ofPlatform("wl_pointer") != nullptr;
+}
+
+LayerShell::LayerShell(wl_display* display, Globals globals)
+    : m_display(display)
+    , m_globals(std::move(globals))
 {
     const int file = memfd_create("tarvik-transparent", MFD_CLOEXEC);
     if (file < 0 || ftruncate(file, bytesPerPixel) != 0)

@@ -24,6 +24,10 @@ public:
 
     zwlr_layer_shell_v1* shell() const { return m_globals.shell.get(); }
     wp_viewporter* viewporter() const { return m_globals.viewporter.get(); }
+    /// Fires as soon as the compositor has done what was asked of it so far.
+    WaylandObject<wl_callback> sync() const { return WaylandObject<wl_callback>(wl_display_sync(m_display)); }
+    /// Whether there is a pointer that can be anywhere.
+    static bool hasPointer();
     wl_buffer* transparentPixel() const { return m_transparentPixel.get(); }
 
 private:
@@ -35,10 +39,11 @@ private:
         bool isComplete() const { return shell && viewporter && memory; }
     };
 
-    explicit LayerShell(Globals globals);
+    LayerShell(wl_display* display, Globals globals);
     static Globals globalsOf(wl_display* display);
     static void bind(void* globals, wl_registry* registry, uint32_t name, const char* interface, uint32_t version);
 
+    wl_display* m_display;
     Globals m_globals;
     WaylandObject<wl_buffer> m_transparentPixel;
 };

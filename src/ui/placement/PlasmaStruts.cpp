@@ -13,7 +13,8 @@ namespace Tarvik {
 
 namespace {
 
-constexpr auto patience = 100ms;
+/// Who is asked has just passed on the click.
+constexpr auto patience = 1s;
 
 QMargins around(const QRect& free, const QRect& screen)
 {

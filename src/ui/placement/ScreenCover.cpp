@@ -42,8 +42,16 @@ ScreenCover::ScreenCover(const LayerShell& shell, QScreen& screen)
         wp_viewport_set_destination(m_viewport.get(), size.width(), size.height());
         wl_surface_attach(m_surface.surface(), shell.transparentPixel(), 0, 0);
         wl_surface_commit(m_surface.surface());
+        static constexpr wl_callback_listener listener{.done = synchronised};
+        m_sync = shell.sync();
+        wl_callback_add_listener(m_sync.get(), &listener, this);
     });
     connect(&m_surface, &LayerSurface::closed, this, &ScreenCover::pressed);
+}
+
+void ScreenCover::synchronised(void* self, wl_callback*, uint32_t)
+{
+    Q_EMIT static_cast<ScreenCover*>(self)->placed();
 }
 
 bool ScreenCover::event(QEvent* event)

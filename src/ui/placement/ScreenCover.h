@@ -20,6 +20,8 @@ public:
     ScreenCover(const LayerShell& shell, QScreen& screen);
 
 Q_SIGNALS:
+    /// The compositor shows the cover. If the pointer is on it, the compositor is about to say so.
+    void placed();
     /// The pointer is on the screen, at this point of it.
     void entered(QPoint point);
     void pressed();
@@ -28,9 +30,12 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    static void synchronised(void* self, wl_callback* callback, uint32_t serial);
+
     LayerSurface m_surface;
     WaylandObject<wp_viewport> m_viewport;
     QSize m_covered;
+    WaylandObject<wl_callback> m_sync;
 };
 
 } // namespace Tarvik

@@ -53,6 +53,11 @@ void WaylandDestroy::operator()(zwlr_layer_surface_v1* surface) const
     zwlr_layer_surface_v1_destroy(surface);
 }
 
+void WaylandDestroy::operator()(wl_callback* callback) const
+{
+    wl_callback_destroy(callback);
+}
+
 void WaylandDestroy::operator()(wl_display* display) const
 {
     wl_display_disconnect(display);

@@ -5,6 +5,7 @@
 #include <memory>
 
 struct wl_buffer;
+struct wl_callback;
 struct wl_display;
 struct wl_event_queue;
 struct wl_registry;
@@ -20,6 +21,7 @@ namespace Tarvik {
 /// Destroys an object of libwayland-client; a display is disconnected.
 struct WaylandDestroy {
     void operator()(wl_buffer* buffer) const;
+    void operator()(wl_callback* callback) const;
     void operator()(wl_display* display) const;
     void operator()(wl_event_queue* queue) const;
     void operator()(wl_registry* registry) const;
