@@ -4,7 +4,12 @@
 
 #include "support/TestSupport.h"
 
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <csignal>
+#include <functional>
 
 using namespace Tarvik;
 using namespace std::chrono_literals;
@@ -17,18 +22,25 @@ private Q_SLOTS:
     {
         TARVIK_FAIL_ON_WARNINGS();
         m_heard.clear();
+        QFile::remove(m_end);
     }
 
     void theLeaseIsRenewedWhileTheCommandRuns()
     {
-        HeldCommand held({"sleep", "0.5"}, "why", 50ms, recorder());
+        QElapsedTimer elapsed;
+        elapsed.start();
+        HeldCommand held({"sh", "-c", untilCreated(m_end)}, "why", 50ms, recorder([this] {
+            if (m_heard.size() == 5)
+                create(m_end);
+        }));
         QCOMPARE(held.run(), 0);
-        QVERIFY2(m_heard.size() >= 5, qPrintable(QString::number(m_heard.size())));
-        QVERIFY(m_heard.size() <= 12);
+        QVERIFY(m_heard.size() >= 6);
+        const auto renewals = static_cast<qint64>(m_heard.size()) - 2;
+        QVERIFY2(elapsed.elapsed() >= 50 * renewals, qPrintable(QString::number(renewals)));
         for (std::size_t index = 0; index + 1 < m_heard.size(); ++index) {
             QCOMPARE(m_heard[index].action, std::string("acquire"));
             QCOMPARE(m_heard[index].session, held.session());
-            QCOMPARE(m_heard[index].tool, std::string("sleep"));
+            QCOMPARE(m_heard[index].tool, std::string("sh"));
             QCOMPARE(m_heard[index].ttl, std::string("0.100"));
             QCOMPARE(m_heard[index].reason, std::string("why"));
         }
@@ -66,8 +78,14 @@ private Q_SLOTS:
 
     void aStoppedCommandHasNoLease()
     {
-        HeldCommand held(
-            {"sh", "-c", "(sleep 0.2; kill -CONT $$) & kill -STOP $$; sleep 0.2; exit 3"}, {}, 10s, recorder());
+        const std::string script
+            = "echo $$ >" + m_pid.toStdString() + "; kill -STOP $$; " + untilCreated(m_end) + "; exit 3";
+        HeldCommand held({"sh", "-c", script}, {}, 10s, recorder([this] {
+            if (m_heard.size() == 2)
+                ::kill(stoppedCommand(), SIGCONT);
+            else if (m_heard.size() == 3)
+                create(m_end);
+        }));
         QCOMPARE(held.run(), 3);
         QCOMPARE(heardActions(), QStringLiteral("acquire release acquire release"));
     }
@@ -95,14 +113,31 @@ private:
         return actions.join(QLatin1Char(' '));
     }
 
-    HeldCommand::Announce recorder()
+    HeldCommand::Announce recorder(const std::function<void()>& then = [] {})
     {
-        return [this](const Announcement& announcement) {
+        return [this, then](const Announcement& announcement) {
             m_heard.push_back(announcement);
+            then();
             return true;
         };
     }
 
+    static std::string untilCreated(const QString& file)
+    {
+        return "until [ -e " + file.toStdString() + " ]; do sleep 0.01; done";
+    }
+
+    static void create(const QString& file) { QVERIFY(QFile(file).open(QIODevice::WriteOnly)); }
+
+    pid_t stoppedCommand() const
+    {
+        QFile file(m_pid);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
+    }
+
+    QTemporaryDir m_directory;
+    QString m_end = m_directory.filePath(QStringLiteral("end"));
+    QString m_pid = m_directory.filePath(QStringLiteral("pid"));
     std::vector<Announcement> m_heard;
 };
 
