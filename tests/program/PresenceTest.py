@@ -15,7 +15,7 @@ import urllib.parse
 
 import program
 from gi.repository import Gio, GLib
-from program import TarvikTestCase, eventually, hardware, is_held, is_not_held, set_up_laptop
+from program import AT_ONCE, TarvikTestCase, eventually, hardware, is_held, is_not_held, set_up_laptop
 
 # Outside the virtual desktop, this would end the user's own panel.
 PANEL_CONFIGURATION = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
@@ -372,9 +372,9 @@ class PanelTest(PresenceTestCase):
         self.present()
         eventually(is_held, "held")
         self.assertTrue(write_setting("isEnabled", GLib.Variant("b", False)))
-        eventually(is_not_held, "released")
+        eventually(is_not_held, "released", AT_ONCE)
         self.assertTrue(write_setting("isEnabled", GLib.Variant("b", True)))
-        eventually(is_held, "held again")
+        eventually(is_held, "held again", AT_ONCE)
 
 
 class SessionManager:
