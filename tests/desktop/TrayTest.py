@@ -13,6 +13,9 @@ import threading
 import time
 import unittest
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from x_windows import x_windows
+
 DEADLINE = 30
 WATCHER = "org.kde.StatusNotifierWatcher /StatusNotifierWatcher org.kde.StatusNotifierWatcher"
 
@@ -80,11 +83,7 @@ class TrayTest(unittest.TestCase):
 
     def wrapper_windows(self):
         """Windows on the screen that belong to the tray's process: the tray, and its menus."""
-        while True:
-            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--class", "wrapper"], capture_output=True, text=True, check=False)
-            # A search ends early, and says so, when any window goes meanwhile.
-            if not found.stderr:
-                return found.stdout.split()
+        return x_windows("--class", "wrapper")
 
     def has_menu(self):
         """Whether one of them is no tooltip, but a menu."""

@@ -9,6 +9,7 @@ import pathlib
 import re
 import signal
 import subprocess
+import sys
 import tempfile
 import time
 import urllib.parse
@@ -16,6 +17,9 @@ import urllib.parse
 import program
 from gi.repository import Gio, GLib
 from program import AT_ONCE, TarvikTestCase, eventually, hardware, is_held, is_not_held, set_up_laptop
+
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from x_windows import x_windows
 
 # Outside the virtual desktop, this would end the user's own panel.
 PANEL_CONFIGURATION = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
@@ -78,19 +82,9 @@ def geometry(window):
     return tuple(int(match[1]) for match in found) if all(found) else None
 
 
-def search(*pattern):
-    """The visible windows like that."""
-    while True:
-        answer = subprocess.run(["xdotool", "search", "--onlyvisible", *pattern], capture_output=True, text=True, check=False,
-                                timeout=program.PATIENCE)
-        # A search ends early, and says so, when any window goes meanwhile.
-        if not answer.stderr:
-            return answer.stdout.split()
-
-
 def panel():
     """The window of the open panel; empty while it is closed."""
-    return "".join(search("--name", "^Tarvik$"))
+    return "".join(x_windows("--name", "^Tarvik$"))
 
 
 def colours(left, top, width, height):
@@ -145,7 +139,7 @@ class PresenceTestCase(TarvikTestCase):
 
     def item_place(self):
         """Where the tray shows an item; None while it shows none, or a tooltip or menu covers it."""
-        windows = search("--class", "wrapper")
+        windows = x_windows("--class", "wrapper")
         place = geometry(windows[0]) if len(windows) == 1 else None
         return place if place and place[2] > 10 and colours(*place) > 3 else None
 
@@ -235,7 +229,7 @@ class TrayTest(PresenceTestCase):
     def test_the_menu_opens_the_settings(self):
         self.present()
         self.choose("Settings…")
-        eventually(lambda: search("--name", "^Tarvik Settings$"), "the settings window opens")
+        eventually(lambda: x_windows("--name", "^Tarvik Settings$"), "the settings window opens")
 
     def test_a_new_panel_gets_the_item_again(self):
         self.present()
@@ -273,8 +267,8 @@ class PanelTest(PresenceTestCase):
         other = subprocess.Popen(["xev"], stdout=subprocess.DEVNULL)
         self.addCleanup(other.wait)
         self.addCleanup(other.kill)
-        eventually(lambda: search("--name", "Event Tester"), "the other window is there")
-        subprocess.run(["xdotool", "windowactivate", *search("--name", "Event Tester")], check=True)
+        eventually(lambda: x_windows("--name", "Event Tester"), "the other window is there")
+        subprocess.run(["xdotool", "windowactivate", *x_windows("--name", "Event Tester")], check=True)
         self.assert_panel_closes()
 
     def test_its_switch_switches_tarvik(self):

@@ -2,13 +2,18 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 """What a screen reader finds in the windows of the built windows' process, and what it can do there. Runs inside scripts/desktop."""
+import pathlib
 import subprocess
+import sys
 import unittest
 
 import pyatspi
 import windows
 from gi.repository import Atspi, GLib
-from windows import DEADLINE, WindowsTestCase, x_focus, x_windows
+from windows import DEADLINE, WindowsTestCase, x_focus
+
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from x_windows import x_windows
 
 HELP = "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running."
 CONTROLS = ("Tarvik", "Keep awake for…", "Lock & leave", "Settings…", "Quit Tarvik")
@@ -76,7 +81,7 @@ class AccessibleWindowTest(WindowsTestCase):
         self.show(*self.arguments)
         await_true(lambda: self.focused() is not None, "the window has the focus")
         # Something in it has the focus before the window has it.
-        await_true(lambda: x_focus() in x_windows(self.title), "the keys go to the window")
+        await_true(lambda: x_focus() in x_windows("--name", f"^{self.title}$"), "the keys go to the window")
 
     def frame(self, title=None):
         desktop = pyatspi.Registry.getDesktop(0)

@@ -4,12 +4,17 @@
 """The panel of the built windows' process on a real window manager, used as a person would. Runs inside scripts/desktop."""
 import ctypes
 import os
+import pathlib
 import re
 import subprocess
+import sys
 import tempfile
 import unittest
 
-from windows import DEADLINE, WindowsTestCase, await_true, x_focus, x_windows
+from windows import DEADLINE, WindowsTestCase, await_true, x_focus
+
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from x_windows import x_windows
 
 MARGIN = 6
 PANEL_COLOUR = bytes((0xFB, 0xFB, 0xFC))
@@ -20,7 +25,7 @@ def output(*command):
 
 
 def panel_window():
-    return "".join(x_windows("Tarvik"))
+    return "".join(x_windows("--name", "^Tarvik$"))
 
 
 def top_of_work_area():
@@ -143,7 +148,7 @@ class PanelOnDesktopTest(WindowsTestCase):
     def test_closes_when_another_window_gets_the_focus(self):
         self.open()
         self.start("xev", stdout=subprocess.DEVNULL)
-        other = await_true(lambda: x_windows("Event Tester"), "xev did not start")
+        other = await_true(lambda: x_windows("--name", "^Event Tester$"), "xev did not start")
         subprocess.run(["xdotool", "windowactivate", *other], check=True, timeout=DEADLINE)
         self.assert_closed()
 

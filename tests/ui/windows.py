@@ -28,16 +28,6 @@ def is_on_bus(process):
     return owner == f"u {process.pid}\n"
 
 
-def x_windows(name):
-    """The visible windows of that name on the X display, as xdotool knows them."""
-    while True:
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"], capture_output=True, text=True, check=False,
-                               timeout=DEADLINE)
-        # A search ends early, and says so, when any window goes meanwhile.
-        if not found.stderr:
-            return found.stdout.split()
-
-
 def x_focus():
     """The window that the X server sends keys to."""
     return subprocess.run(["xdotool", "getwindowfocus", "-f"], capture_output=True, text=True, check=False, timeout=DEADLINE).stdout.strip()
