@@ -41,6 +41,13 @@ class StallTest(unittest.TestCase):
     def test_a_command_killed_by_a_signal_reports_it(self):
         self.assertEqual(run("sh", "-c", "kill -KILL $$").returncode, 137)
 
+    def test_a_termination_ends_the_command_first(self):
+        with subprocess.Popen([STALL, "sh", "-c", "echo $$; exec sleep 1000"], stdout=subprocess.PIPE, text=True) as stall:
+            command = int(stall.stdout.readline())
+            stall.terminate()
+            self.assertEqual(stall.wait(LIFE), 143)
+        self.assertFalse(pathlib.Path(f"/proc/{command}").exists())
+
     def test_what_somebody_else_has_stopped_stays_so(self):
         script = """(sleep 1000 & kill -STOP $!; for i in 1 2 3 4 5 6 7 8 9 10; do sleep 0.2; grep -q '^State:.T' /proc/$!/status || exit 9
                     done; kill -KILL $!)"""
