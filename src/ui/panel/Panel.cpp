@@ -8,8 +8,9 @@
 #include "ui/design/Appearance.h"
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/PanelHost.h"
+#include "ui/placement/WindowActivation.h"
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -94,7 +95,7 @@ bool Panel::create()
     connect(window, &QWindow::visibleChanged, this, [this](bool visible) {
         if (!visible) {
             forgetPointer();
-            forgetFocus();
+            forgetFocus(*m_window);
         }
         Q_EMIT visibleChanged();
     });
@@ -113,13 +114,6 @@ void Panel::forgetPointer()
     // Nobody tells a hidden window that the pointer has left it; what was under the pointer would stay highlighted.
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(m_window.get(), &leave);
-}
-
-void Panel::forgetFocus()
-{
-    // The application listens to the window that has the focus, but does not stop when that window closes: it would
-    // listen once more with every opening, and act as often on every move of the focus.
-    QObject::disconnect(m_window.get(), &QWindow::focusObjectChanged, qGuiApp, nullptr);
 }
 
 } // namespace Tarvik

@@ -48,7 +48,6 @@ Q_SIGNALS:
 private:
     bool create();
     void forgetPointer();
-    void forgetFocus();
 
     QQmlEngine& m_engine;
     Models m_models;

@@ -20,7 +20,7 @@ public:
     ScreenCover(const LayerShell& shell, QScreen& screen);
 
 Q_SIGNALS:
-    /// The compositor shows the cover. If the pointer is on it, the compositor is about to say so.
+    /// The compositor has the cover. If the pointer is on it, the compositor is about to say so.
     void placed();
     /// The pointer is on the screen, at this point of it.
     void entered(QPoint point);

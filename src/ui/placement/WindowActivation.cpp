@@ -4,6 +4,7 @@
 
 #include "ui/placement/X11Hints.h"
 
+#include <QGuiApplication>
 #include <QString>
 #include <QWindow>
 
@@ -18,6 +19,11 @@ void showAndActivate(QWindow& window, const QString& activationToken)
     if (!activationToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
     window.requestActivate();
+}
+
+void forgetFocus(QWindow& window)
+{
+    QObject::disconnect(&window, &QWindow::focusObjectChanged, qGuiApp, nullptr);
 }
 
 } // namespace Tarvik

@@ -11,4 +11,9 @@ namespace Tarvik {
 /// xdg-activation or by the startup notification protocol; it may be empty.
 void showAndActivate(QWindow& window, const QString& activationToken);
 
+/// Ends what Qt leaves of the focus of a window that closes. The application listens to the window that has the focus,
+/// but does not stop when that window closes: it would listen once more with every opening, and act as often on every
+/// move of the focus. Call it whenever a window is hidden that may be shown again.
+void forgetFocus(QWindow& window);
+
 } // namespace Tarvik

@@ -102,7 +102,11 @@ bool SettingsWindow::create()
     m_window->setIcon(applicationIcon(m_models.iconDirectory));
     connect(m_window.get(), SIGNAL(applicationsWanted()), this, SLOT(listApplications()));
     connect(m_window.get(), SIGNAL(copyText(QString)), this, SLOT(copyText(QString)));
-    connect(m_window.get(), &QWindow::visibleChanged, this, &SettingsWindow::visibleChanged);
+    connect(m_window.get(), &QWindow::visibleChanged, this, [this](bool visible) {
+        if (!visible)
+            forgetFocus(*m_window);
+        Q_EMIT visibleChanged();
+    });
     return true;
 }
 
