@@ -112,8 +112,8 @@ private Q_SLOTS:
         SettingsMirror settings(m_client);
         settings.setIsEnabled(true);
         QCOMPARE(settings.isEnabled(), true);
-        // QtDBus would wait for an answer for 25 seconds; a busy machine may let this process wait, too.
-        QVERIFY(elapsed.elapsed() < 12'500);
+        // QtDBus would wait for an answer for 25 seconds.
+        QVERIFY(elapsed.elapsed() < 2000);
         QTRY_VERIFY(calls >= 8);
         QVERIFY(!settings.isConnected());
     }

@@ -8,6 +8,7 @@
 #include "support/TestSupport.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QStringDecoder>
@@ -288,8 +289,10 @@ private Q_SLOTS:
                 + "\nwhile :; do :; done"));
         table->read([](const QByteArray&) { QFAIL("called after destruction"); });
         QTRY_VERIFY(QFile::exists(ready));
-        // Whoever waited for its end would wait for ever.
+        QElapsedTimer timer;
+        timer.start();
         table.reset();
+        QVERIFY(timer.elapsed() < 100);
         QTRY_VERIFY(waitForTheKilled());
         QVERIFY(!QFile::exists(asked));
         QCoreApplication::processEvents();

@@ -116,7 +116,7 @@ class CrashTest(PresenceTestCase):
         for what in self.interrupted():
             with self.subTest(what):
                 self.tarvik.end(signal.SIGKILL)
-                eventually(lambda: not windows_processes(), "the windows' process ends")
+                eventually(lambda: not windows_processes(), "the windows' process ends", 3)
                 self.assertEqual(panel(), "")
                 self.tarvik = self.start_tarvik()
                 eventually(is_held, "held again")

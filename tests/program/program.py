@@ -17,9 +17,7 @@ TARVIK = ""
 TOOL = ""
 SLEEPER = ""
 PATIENCE = 30
-# Processes are looked for every five seconds; what comes by an event waits for no such look. A busy machine adds to both.
-AT_ONCE = 4
-WITH_THE_NEXT_SCAN = 9
+POLL_PERIOD = 5
 DESKTOP = str(pathlib.Path(__file__).resolve().parents[2] / "scripts" / "desktop")
 UPOWER = ("org.freedesktop.UPower", "/org/freedesktop/UPower", "org.freedesktop.UPower")
 BATTERY = ("org.freedesktop.UPower", "/org/freedesktop/UPower/devices/battery_BAT0", "org.freedesktop.UPower.Device")
