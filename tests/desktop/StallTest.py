@@ -42,7 +42,7 @@ class StallTest(unittest.TestCase):
         self.assertEqual(run("sh", "-c", "kill -KILL $$").returncode, 137)
 
     def test_a_termination_ends_the_command_first(self):
-        with subprocess.Popen([STALL, "sh", "-c", "echo $$; exec sleep 1000"], stdout=subprocess.PIPE, text=True) as stall:
+        with subprocess.Popen([STALL, "sh", "-c", "echo $$; exec sleep 60"], stdout=subprocess.PIPE, text=True) as stall:
             command = int(stall.stdout.readline())
             stall.terminate()
             self.assertEqual(stall.wait(LIFE), 143)
