@@ -44,7 +44,7 @@ public:
     QString service() const override { return {}; }
     State state() const override { return State::effective; }
     int error() const override { return 0; }
-    void setServed(bool) override { }
+    void setOwner(const QString&) override { }
 
 private:
     int& m_held;

@@ -18,7 +18,7 @@ private Q_SLOTS:
         m_pressed.clear();
         m_kde = std::make_unique<FakeKGlobalAccel>(m_services);
         QVERIFY(m_kde->appear());
-        m_hotKeys = std::make_unique<KGlobalAccelHotKeys>(m_client);
+        m_hotKeys = std::make_unique<KGlobalAccelHotKeys>(m_client, m_services.baseService());
         m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
     }
 

@@ -11,14 +11,14 @@ namespace Tarvik {
 
 namespace {
 
-/// The message that gives back what `answer` granted, sent to the very process that granted it: a cookie means nothing,
-/// or another program's inhibitor, to a successor. Invalid when `answer` granted no cookie.
-QDBusMessage cookieRelease(const InhibitorRequest& request, const QDBusMessage& answer)
+/// The message that gives back what `answer` of `owner` granted, sent to the very process that granted it: a cookie
+/// means nothing, or another program's inhibitor, to a successor. Invalid when `answer` granted no cookie.
+QDBusMessage cookieRelease(const InhibitorRequest& request, const QString& owner, const QDBusMessage& answer)
 {
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QLatin1String("u"))
         return {};
     QDBusMessage message
-        = QDBusMessage::createMethodCall(answer.service(), request.path, request.interface, request.releaseMethod);
+        = QDBusMessage::createMethodCall(owner, request.path, request.interface, request.releaseMethod);
     message.setArguments(answer.arguments());
     message.setAutoStartService(false);
     return message;
@@ -39,23 +39,24 @@ DBusInhibitor::~DBusInhibitor()
     giveBack();
 }
 
-void DBusInhibitor::setServed(bool served)
+void DBusInhibitor::setOwner(const QString& owner)
 {
     abandonCall();
+    m_owner = owner;
     m_error = 0;
     m_cookieRelease = {};
-    m_state = served ? State::pending : State::waiting;
+    m_state = owner.isEmpty() ? State::waiting : State::pending;
     // A descriptor stays open meanwhile: logind finds the inhibitors of its predecessor again, and the new one, once
     // granted, takes the old one's place.
-    if (served)
+    if (!owner.isEmpty())
         take();
     m_onChange();
 }
 
 void DBusInhibitor::take()
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        m_request.service, m_request.path, m_request.interface, QStringLiteral("Inhibit"));
+    QDBusMessage message
+        = QDBusMessage::createMethodCall(m_owner, m_request.path, m_request.interface, QStringLiteral("Inhibit"));
     message.setArguments(m_request.arguments);
     m_call = callAsync(m_bus, message, [this](const QDBusMessage& answer) { receive(answer); });
 }
@@ -74,7 +75,7 @@ std::optional<int> DBusInhibitor::accept(const QDBusMessage& answer)
     if (answer.type() != QDBusMessage::ReplyMessage)
         return DBusErrors::toErrno(answer.errorName());
     if (!m_request.releaseMethod.isEmpty()) {
-        m_cookieRelease = cookieRelease(m_request, answer);
+        m_cookieRelease = cookieRelease(m_request, m_owner, answer);
         return m_cookieRelease.type() == QDBusMessage::InvalidMessage ? std::optional(EBADMSG) : std::nullopt;
     }
     if (answer.signature() != QLatin1String("h"))
@@ -97,8 +98,8 @@ void DBusInhibitor::abandonCall()
     }
     QDBusPendingCallWatcher* call = m_call.release();
     call->disconnect();
-    const auto giveBackLate = [bus = m_bus, request = m_request](QDBusPendingCallWatcher* finished) {
-        const QDBusMessage release = cookieRelease(request, finished->reply());
+    const auto giveBackLate = [bus = m_bus, request = m_request, owner = m_owner](QDBusPendingCallWatcher* finished) {
+        const QDBusMessage release = cookieRelease(request, owner, finished->reply());
         if (release.type() != QDBusMessage::InvalidMessage)
             bus.send(release);
         finished->deleteLater();

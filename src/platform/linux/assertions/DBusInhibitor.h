@@ -37,7 +37,7 @@ public:
     QString service() const override { return m_request.service; }
     State state() const override { return m_state; }
     int error() const override { return m_error; }
-    void setServed(bool served) override;
+    void setOwner(const QString& owner) override;
 
 private:
     void take();
@@ -49,6 +49,8 @@ private:
     QDBusConnection m_bus;
     InhibitorRequest m_request;
     std::function<void()> m_onChange;
+    /// The unique name of who has been asked.
+    QString m_owner;
     State m_state = State::waiting;
     int m_error = 0;
     DBusCall m_call;

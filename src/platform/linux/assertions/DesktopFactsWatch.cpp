@@ -47,9 +47,9 @@ DesktopFactsWatch::DesktopFactsWatch(
     };
 }
 
-bool DesktopFactsWatch::isServed(const QString& service) const
+QString DesktopFactsWatch::owner(const QString& service) const
 {
-    return m_systemNames.isOwned(service) || m_sessionNames.isOwned(service);
+    return m_systemNames.isOwned(service) ? m_systemNames.owner(service) : m_sessionNames.owner(service);
 }
 
 void DesktopFactsWatch::update(const QString& service)

@@ -23,7 +23,8 @@ public:
     /// Both buses have told which services there are.
     bool isKnown() const { return m_systemNames.isKnown() && m_sessionNames.isKnown(); }
     const DesktopFacts& facts() const { return m_facts; }
-    bool isServed(const QString& service) const;
+    /// The unique name of whoever has the name `service`; empty when nobody has.
+    QString owner(const QString& service) const;
 
     /// The facts have become known or have changed, or `service`, unless it is empty, has another owner or none.
     std::function<void(const QString& service)> onChange;

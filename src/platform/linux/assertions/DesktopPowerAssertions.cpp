@@ -72,7 +72,7 @@ public:
         std::erase_if(m_holds, [&](const Hold& hold) { return !wanted.contains(hold.kind) && isServed(hold); });
         for (const Hold& hold : m_holds) {
             if (hold.inhibitor->service() == changedService)
-                hold.inhibitor->setServed(watch.isServed(changedService));
+                hold.inhibitor->setOwner(watch.owner(changedService));
         }
         for (const DesktopHold kind : wanted) {
             if (std::ranges::find(m_holds, kind, &Hold::kind) == m_holds.end())
@@ -92,7 +92,7 @@ private:
     bool isServed(const Hold& hold) const
     {
         const QString service = hold.inhibitor->service();
-        return service.isEmpty() || m_owner->m_watch.isServed(service);
+        return service.isEmpty() || !m_owner->m_watch.owner(service).isEmpty();
     }
 
     void add(DesktopHold kind)
@@ -106,7 +106,7 @@ private:
             if (m_owner != nullptr)
                 m_owner->schedulePublishing();
         });
-        inhibitor->setServed(m_owner->m_watch.isServed(inhibitor->service()));
+        inhibitor->setOwner(m_owner->m_watch.owner(inhibitor->service()));
         m_holds.push_back({kind, std::move(inhibitor)});
     }
 

@@ -28,8 +28,9 @@ public:
     /// Why the service refused, a positive errno; 0 in every other state.
     virtual int error() const = 0;
 
-    /// The service has got an owner, perhaps another one than before, or lost it.
-    virtual void setServed(bool served) = 0;
+    /// The service has got an owner, perhaps another one than before, or lost it: its unique name on the bus, or
+    /// nothing.
+    virtual void setOwner(const QString& owner) = 0;
 };
 
 } // namespace Tarvik

@@ -27,7 +27,7 @@ public:
     QString service() const override { return {}; }
     State state() const override;
     int error() const override;
-    void setServed(bool) override { }
+    void setOwner(const QString&) override { }
 
 private:
     struct Disconnect {

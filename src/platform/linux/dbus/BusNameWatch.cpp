@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/dbus/BusNameWatch.h"
 
-#include <algorithm>
+#include "platform/linux/dbus/BusOwner.h"
+
 #include <utility>
 
 namespace Tarvik {
@@ -21,32 +22,36 @@ BusNameWatch::BusNameWatch(const QDBusConnection& bus, const QStringList& names)
         &QDBusServiceWatcher::serviceOwnerChanged,
         &m_watcher,
         [this](const QString& name, const QString&, const QString& owner) { setOwner(name, owner); });
-    askForNames();
+    askForOwners();
 }
 
-void BusNameWatch::askForNames()
+void BusNameWatch::askForOwners()
 {
-    const auto message = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"ListNames"_s);
-    m_listing = callAsync(m_watcher.connection(), message, [this](const QDBusMessage& answer) { readNames(answer); });
+    m_owners.clear();
+    m_questions.clear();
+    const QStringList names = m_watcher.watchedServices();
+    m_unanswered = names.size();
+    for (const QString& name : names) {
+        m_questions.push_back(callAsync(m_watcher.connection(),
+            BusOwner::question(name),
+            [this, name](const QDBusMessage& answer) { readOwner(name, answer); }));
+    }
 }
 
-void BusNameWatch::readNames(const QDBusMessage& answer)
+void BusNameWatch::readOwner(const QString& name, const QDBusMessage& answer)
 {
-    m_listing.reset();
+    if (const QString owner = BusOwner::in(answer); !owner.isEmpty())
+        m_owners.insert(name, owner);
+    if (--m_unanswered > 0)
+        return;
+    m_questions.clear();
     // QtDBus may hand over a signal ahead of an older answer, or one that an earlier watch has asked for, without those
-    // that followed it; so only an answer in a quiet time is believed.
+    // that followed it; so only answers in a quiet time are believed.
     if (std::exchange(m_hasChanged, false)) {
-        askForNames();
+        askForOwners();
         return;
     }
     m_known = true;
-    if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "as"_L1) {
-        const QStringList owned = answer.arguments().constFirst().toStringList();
-        const QStringList watched = m_watcher.watchedServices();
-        std::ranges::copy_if(
-            watched, std::back_inserter(m_owned), [&](const QString& name) { return owned.contains(name); });
-    }
     if (onKnown)
         onKnown();
 }
@@ -57,9 +62,10 @@ void BusNameWatch::setOwner(const QString& name, const QString& owner)
         m_hasChanged = true;
         return;
     }
-    m_owned.removeOne(name);
-    if (!owner.isEmpty())
-        m_owned.append(name);
+    if (owner.isEmpty())
+        m_owners.remove(name);
+    else
+        m_owners.insert(name, owner);
     if (onOwnerChange)
         onOwnerChange(name);
 }

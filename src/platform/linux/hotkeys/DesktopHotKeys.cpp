@@ -111,7 +111,7 @@ void DesktopHotKeys::choose()
     use(nullptr);
     m_isOnPortal = false;
     if (m_names.isOwned(BusNames::kglobalaccel))
-        use(std::make_unique<KGlobalAccelHotKeys>(m_bus));
+        use(std::make_unique<KGlobalAccelHotKeys>(m_bus, m_names.owner(BusNames::kglobalaccel)));
     else if (m_display.isWayland && m_bus.isConnected()) {
         m_isOnPortal = true;
         use(std::make_unique<PortalOnOwnConnection>());

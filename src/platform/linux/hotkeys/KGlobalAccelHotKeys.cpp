@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/KGlobalAccelHotKeys.h"
 
-#include "platform/linux/dbus/BusNames.h"
 #include "platform/linux/hotkeys/KeyCombination.h"
 
 #include <QDBusArgument>
@@ -24,14 +23,6 @@ const auto pressedSignal = u"globalShortcutPressed"_s;
 /// Flags of "setShortcut".
 constexpr uint setPresent = 2;
 constexpr uint isDefault = 8;
-
-QDBusMessage methodCall(const QString& method, const QVariantList& arguments)
-{
-    auto message
-        = QDBusMessage::createMethodCall(BusNames::kglobalaccel, u"/kglobalaccel"_s, u"org.kde.KGlobalAccel"_s, method);
-    message.setArguments(arguments);
-    return message;
-}
 
 /// The keys that an action really has; none when another program has them or the user wants none.
 bool hasKeys(const QDBusMessage& answer)
@@ -60,9 +51,7 @@ public:
     {
         std::erase(m_hotKeys.m_registrations, this);
         // The action stays known, with the user's choice of keys.
-        auto message = methodCall(u"setInactive"_s, {m_actionId});
-        message.setAutoStartService(false);
-        m_hotKeys.m_bus.send(message);
+        m_hotKeys.m_bus.send(methodCall(u"setInactive"_s, {m_actionId}));
     }
 
     Registration(const Registration&) = delete;
@@ -73,6 +62,14 @@ public:
     const QString& actionName() const { return m_actionId.at(1); }
 
 private:
+    QDBusMessage methodCall(const QString& method, const QVariantList& arguments) const
+    {
+        auto message
+            = QDBusMessage::createMethodCall(m_hotKeys.m_owner, u"/kglobalaccel"_s, u"org.kde.KGlobalAccel"_s, method);
+        message.setArguments(arguments);
+        return message;
+    }
+
     /// Three calls that are answered in their order; the last answer tells what has become of it.
     void announce(int key)
     {
@@ -92,12 +89,10 @@ private:
     void receive(const QDBusMessage& answer)
     {
         m_settingKeys.reset();
-        if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "ai"_L1) {
+        if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "ai"_L1)
             m_status = HotKeyStatus::notAvailable;
-        } else {
-            m_hotKeys.m_owner = answer.service();
+        else
             m_status = hasKeys(answer) ? HotKeyStatus::registered : HotKeyStatus::taken;
-        }
         if (m_hotKeys.onStateChange)
             m_hotKeys.onStateChange();
     }
@@ -111,16 +106,16 @@ private:
     DBusCall m_settingKeys;
 };
 
-KGlobalAccelHotKeys::KGlobalAccelHotKeys(QDBusConnection sessionBus)
+KGlobalAccelHotKeys::KGlobalAccelHotKeys(QDBusConnection sessionBus, QString owner)
     : m_bus(std::move(sessionBus))
+    , m_owner(std::move(owner))
 {
-    // Of any sender: naming the service would make QtDBus wait for the bus to tell its owner.
-    m_bus.connect({}, componentPath, componentInterface, pressedSignal, this, SLOT(receivePress(QDBusMessage)));
+    m_bus.connect(m_owner, componentPath, componentInterface, pressedSignal, this, SLOT(receivePress(QDBusMessage)));
 }
 
 KGlobalAccelHotKeys::~KGlobalAccelHotKeys()
 {
-    m_bus.disconnect({}, componentPath, componentInterface, pressedSignal, this, SLOT(receivePress(QDBusMessage)));
+    m_bus.disconnect(m_owner, componentPath, componentInterface, pressedSignal, this, SLOT(receivePress(QDBusMessage)));
 }
 
 std::unique_ptr<HotKeyRegistration> KGlobalAccelHotKeys::registerHotKey(const HotKeyRequest& request)
@@ -130,8 +125,7 @@ std::unique_ptr<HotKeyRegistration> KGlobalAccelHotKeys::registerHotKey(const Ho
 
 void KGlobalAccelHotKeys::receivePress(const QDBusMessage& signal)
 {
-    if (signal.service() != m_owner || signal.signature() != "ssx"_L1
-        || signal.arguments().at(0).toString() != component)
+    if (signal.signature() != "ssx"_L1 || signal.arguments().at(0).toString() != component)
         return;
     const QString action = signal.arguments().at(1).toString();
     const auto it = std::ranges::find(m_registrations, action, &Registration::actionName);

@@ -20,7 +20,8 @@ class KGlobalAccelHotKeys final : public QObject, public HotKeys {
     Q_OBJECT
 
 public:
-    explicit KGlobalAccelHotKeys(QDBusConnection sessionBus);
+    /// `owner` is the unique name of whoever owns org.kde.kglobalaccel; only it is asked, and believed.
+    KGlobalAccelHotKeys(QDBusConnection sessionBus, QString owner);
     ~KGlobalAccelHotKeys() override;
 
     [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
@@ -32,7 +33,6 @@ private:
     class Registration;
 
     QDBusConnection m_bus;
-    /// The unique name of whoever answers.
     QString m_owner;
     std::vector<Registration*> m_registrations;
 };

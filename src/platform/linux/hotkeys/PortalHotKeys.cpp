@@ -78,32 +78,20 @@ PortalHotKeys::PortalHotKeys(QDBusConnection bus)
     , m_names(m_bus, {BusNames::desktopPortal})
 {
     registerPortalShortcuts();
-    m_bus.connect({}, portalPath, shortcutsInterface, u"Activated"_s, this, SLOT(receivePress(QDBusMessage)));
-    m_bus.connect({}, {}, sessionInterface, u"Closed"_s, this, SLOT(receiveClosed(QDBusMessage)));
     m_names.onKnown = [this] {
         if (m_names.isOwned(BusNames::desktopPortal))
-            start();
+            followOwner();
         else
             startPortal();
     };
-    m_names.onOwnerChange = [this](const QString& name) {
-        m_session.clear();
-        m_isIntroduced = false;
-        if (m_names.isOwned(name)) {
-            start();
-            return;
-        }
-        m_call.reset();
-        m_request.reset();
-        setRegistered({});
-    };
+    m_names.onOwnerChange = [this](const QString&) { followOwner(); };
 }
 
 PortalHotKeys::~PortalHotKeys()
 {
     closeSession();
-    m_bus.disconnect({}, portalPath, shortcutsInterface, u"Activated"_s, this, SLOT(receivePress(QDBusMessage)));
-    m_bus.disconnect({}, {}, sessionInterface, u"Closed"_s, this, SLOT(receiveClosed(QDBusMessage)));
+    if (!m_owner.isEmpty())
+        stopListening();
 }
 
 std::unique_ptr<HotKeyRegistration> PortalHotKeys::registerHotKey(const HotKeyRequest& request)
@@ -123,6 +111,35 @@ void PortalHotKeys::restartSoon()
                 start();
         },
         Qt::QueuedConnection);
+}
+
+void PortalHotKeys::followOwner()
+{
+    if (!m_owner.isEmpty())
+        stopListening();
+    m_session.clear();
+    m_isIntroduced = false;
+    m_owner = m_names.owner(BusNames::desktopPortal);
+    if (!m_owner.isEmpty()) {
+        listen();
+        start();
+        return;
+    }
+    m_call.reset();
+    m_request.reset();
+    setRegistered({});
+}
+
+void PortalHotKeys::listen()
+{
+    m_bus.connect(m_owner, portalPath, shortcutsInterface, u"Activated"_s, this, SLOT(receivePress(QDBusMessage)));
+    m_bus.connect(m_owner, {}, sessionInterface, u"Closed"_s, this, SLOT(receiveClosed(QDBusMessage)));
+}
+
+void PortalHotKeys::stopListening()
+{
+    m_bus.disconnect(m_owner, portalPath, shortcutsInterface, u"Activated"_s, this, SLOT(receivePress(QDBusMessage)));
+    m_bus.disconnect(m_owner, {}, sessionInterface, u"Closed"_s, this, SLOT(receiveClosed(QDBusMessage)));
 }
 
 void PortalHotKeys::start()
@@ -172,7 +189,6 @@ void PortalHotKeys::receiveVersion(const QDBusMessage& answer)
         setRegistered({});
         return;
     }
-    m_owner = answer.service();
     m_isIntroduced = true;
     createSession();
 }
@@ -239,8 +255,7 @@ void PortalHotKeys::setRegistered(const QStringList& names)
 
 void PortalHotKeys::receivePress(const QDBusMessage& signal)
 {
-    if (signal.service() != m_owner || signal.signature() != "osta{sv}"_L1
-        || signal.arguments().at(0).value<QDBusObjectPath>().path() != m_session)
+    if (signal.signature() != "osta{sv}"_L1 || signal.arguments().at(0).value<QDBusObjectPath>().path() != m_session)
         return;
     const auto it = std::ranges::find(m_registrations, signal.arguments().at(1).toString(), &Registration::name);
     if (it != m_registrations.end() && onPressed)
@@ -249,7 +264,7 @@ void PortalHotKeys::receivePress(const QDBusMessage& signal)
 
 void PortalHotKeys::receiveClosed(const QDBusMessage& signal)
 {
-    if (signal.service() != m_owner || m_session.isEmpty() || signal.path() != m_session)
+    if (m_session.isEmpty() || signal.path() != m_session)
         return;
     m_session.clear();
     m_request.reset();

@@ -35,6 +35,9 @@ private:
 
     /// The shortcuts of a session are bound once, all together, so that a change needs another session.
     void restartSoon();
+    void followOwner();
+    void listen();
+    void stopListening();
     void start();
     void startPortal();
     void introduce();
@@ -47,7 +50,7 @@ private:
 
     QDBusConnection m_bus;
     BusNameWatch m_names;
-    /// The portal's unique name.
+    /// The portal's unique name; only it is believed.
     QString m_owner;
     bool m_isIntroduced = false;
     bool m_isRestartScheduled = false;

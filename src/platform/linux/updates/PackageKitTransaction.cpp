@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/updates/PackageKitTransaction.h"
 
+#include "platform/linux/dbus/BusOwner.h"
+
 #include <QDBusError>
 #include <QDBusObjectPath>
 
@@ -15,6 +17,8 @@ namespace {
 
 const auto packageKit = u"org.freedesktop.PackageKit"_s;
 const auto transactionInterface = u"org.freedesktop.PackageKit.Transaction"_s;
+
+const auto gone = u"PackageKit has gone."_s;
 
 /// PK_EXIT_ENUM_SUCCESS.
 constexpr uint success = 1;
@@ -38,19 +42,29 @@ PackageKitTransaction::PackageKitTransaction(
         m_bus,
         QDBusMessage::createMethodCall(
             packageKit, u"/org/freedesktop/PackageKit"_s, packageKit, u"CreateTransaction"_s),
-        [this](const QDBusMessage& created) { begin(created); },
+        [this](const QDBusMessage& created) { findOwner(created); },
         ServiceStart::ifNeeded);
 }
 
-void PackageKitTransaction::begin(const QDBusMessage& created)
+void PackageKitTransaction::findOwner(const QDBusMessage& created)
 {
     if (created.signature() != "o"_L1) {
         finish(created.errorMessage());
         return;
     }
-    // The unique name: a PackageKit that was started anew knows nothing of this transaction.
-    m_service = created.service();
     m_path = created.arguments().constFirst().value<QDBusObjectPath>().path();
+    m_call = callAsync(
+        m_bus, BusOwner::question(packageKit), [this](const QDBusMessage& answer) { begin(BusOwner::in(answer)); });
+}
+
+void PackageKitTransaction::begin(const QString& owner)
+{
+    if (owner.isEmpty()) {
+        finish(gone);
+        return;
+    }
+    // The unique name: a PackageKit that was started anew knows nothing of this transaction.
+    m_service = owner;
     listen();
     m_lifeCheck = m_clock.every(patience, [this] { giveUpUnlessAlive(); });
 
@@ -72,7 +86,7 @@ void PackageKitTransaction::listen()
     m_watcher.setConnection(m_bus);
     m_watcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     m_watcher.addWatchedService(m_service);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(u"PackageKit has gone."_s); });
+    connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(gone); });
     const auto connectTo = [this](const QString& name, const char* slot) {
         m_bus.connect(m_service, m_path, transactionInterface, name, this, slot);
     };

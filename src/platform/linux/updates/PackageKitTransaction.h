@@ -54,7 +54,8 @@ private Q_SLOTS:
     void noticeLife();
 
 private:
-    void begin(const QDBusMessage& created);
+    void findOwner(const QDBusMessage& created);
+    void begin(const QString& owner);
     void listen();
     QDBusMessage methodCall(const QString& method) const;
     void giveUpUnlessAlive();
