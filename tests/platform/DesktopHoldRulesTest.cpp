@@ -70,8 +70,11 @@ private Q_SLOTS:
         QTest::newRow("LXQt on systemd 252")
             << with(lxqt, &DesktopFacts::systemdVersion, 252) << Holds{logindIdle} << Holds{logindIdle};
 
-        QTest::newRow("LXQt on X11") << with(lxqt, &DesktopFacts::x11Screen, true) << Holds{logindSleep}
-                                     << Holds{x11ScreenSaver, logindIdle};
+        QTest::newRow("LXQt on X11, systemd 252")
+            << with(with(lxqt, &DesktopFacts::systemdVersion, 252), &DesktopFacts::x11Screen, true)
+            << Holds{x11ScreenSaver, logindIdle} << Holds{x11ScreenSaver, logindIdle};
+        QTest::newRow("LXQt on X11, systemd 257")
+            << with(lxqt, &DesktopFacts::x11Screen, true) << Holds{logindSleep} << Holds{x11ScreenSaver, logindIdle};
         QTest::newRow("a window manager without a desktop on X11") << DesktopFacts{
             .logind = true, .x11Screen = true} << Holds{logindIdle} << Holds{x11ScreenSaver, logindIdle};
         QTest::newRow("an X11 session without logind")
@@ -99,6 +102,41 @@ private Q_SLOTS:
         QFETCH(DesktopFacts, facts);
         QTEST(DesktopHoldRules::againstSystemSleep(facts), "system");
         QTEST(DesktopHoldRules::againstDisplaySleep(facts), "display");
+    }
+
+    void someDesktopsMustBeMadeToCountIdlenessAnew_data()
+    {
+        QTest::addColumn<DesktopFacts>("facts");
+        QTest::addColumn<Holds>("moment");
+
+        const DesktopFacts xfce{.logind = true,
+            .xfcePowerManager = true,
+            .powerManagement = true,
+            .x11Screen = true,
+            .xfceSuspendsWhenIdle = true};
+        QTest::newRow("XFCE that suspends when idle") << xfce << Holds{x11ScreenSaver};
+        QTest::newRow("XFCE as installed") << with(xfce, &DesktopFacts::xfceSuspendsWhenIdle, false) << Holds{};
+        QTest::newRow("XFCE on Wayland") << with(xfce, &DesktopFacts::x11Screen, false) << Holds{};
+        const DesktopFacts lxqt{.logind = true, .lxqtSession = true, .x11Screen = true, .systemdVersion = 252};
+        QTest::newRow("LXQt") << lxqt << Holds{x11ScreenSaver};
+        QTest::newRow("LXQt on systemd 257") << with(lxqt, &DesktopFacts::systemdVersion, 257) << Holds{x11ScreenSaver};
+        const DesktopFacts kde{.logind = true, .kdePowerManager = true, .powerManagement = true, .x11Screen = true};
+        QTest::newRow("KDE") << kde << Holds{};
+        QTest::newRow("KDE with a stray LXQt session") << with(kde, &DesktopFacts::lxqtSession, true) << Holds{};
+        QTest::newRow("GNOME, MATE, Cinnamon")
+            << DesktopFacts{.logind = true, .sessionManager = true, .x11Screen = true} << Holds{};
+        const DesktopFacts sway{.logind = true, .idleDaemonSuspends = true, .systemdVersion = 257};
+        QTest::newRow("swayidle on systemd 257") << sway << Holds{logindIdle};
+        QTest::newRow("swayidle on systemd 252, after an idle lock")
+            << with(sway, &DesktopFacts::systemdVersion, 252) << Holds{};
+        QTest::newRow("a window manager without a desktop")
+            << DesktopFacts{.logind = true, .x11Screen = true} << Holds{};
+    }
+
+    void someDesktopsMustBeMadeToCountIdlenessAnew()
+    {
+        QFETCH(DesktopFacts, facts);
+        QTEST(DesktopHoldRules::rearmingSystemSleep(facts), "moment");
     }
 
     void idleDaemonDesktopsAreKnownByName()

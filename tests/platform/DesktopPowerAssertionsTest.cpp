@@ -148,6 +148,47 @@ private Q_SLOTS:
         QTRY_VERIFY(powerManagement.held().isEmpty());
     }
 
+    void xfceCountsIdlenessAnewAfterTheWork()
+    {
+        FakeXfce xfce(m_services, u"4.18.1"_s);
+        xfce.set(u"inactivity-on-ac"_s, 15U);
+        FakeCookieInhibitor powerManagement = fakePowerManagement();
+        QVERIFY(powerManagement.appear() && xfce.appear());
+        int held = 0;
+        int activity = 0;
+        start({}, m_system, m_session, [&] {
+            ++activity;
+            return std::make_unique<CountedInhibitor>(held);
+        });
+        auto system = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(powerManagement.held().size(), 1);
+        auto display = m_assertions->create(preventUserIdleDisplaySleep, u"Tarvik"_s);
+        QTRY_COMPARE(powerManagement.held().size(), 2);
+        display.reset();
+        QCOMPARE(activity, 0);
+        system.reset();
+        QCOMPARE(activity, 1);
+        QCOMPARE(held, 0);
+        QTRY_VERIFY(powerManagement.held().isEmpty());
+    }
+
+    void anIdleDaemonIsHeldByAnIdleLockForAMomentAfterTheWork()
+    {
+        FakeLogind logind(m_services);
+        FakeDBusService systemd(m_services, u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1"_s);
+        systemd.handler = [&](const QDBusMessage& call) {
+            return call.createReply(QVariant::fromValue(QDBusVariant(u"257.13-1~deb13u1"_s)));
+        };
+        QVERIFY(systemd.appear() && logind.appear());
+        start(u"sway"_s);
+        auto system = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(logind.held(), (Requests{logindArguments(u"sleep"_s)}));
+        logind.requests.clear();
+        system.reset();
+        QTRY_COMPARE(logind.requests, (Requests{logindArguments(u"idle"_s)}));
+        QTRY_VERIFY(logind.held().isEmpty());
+    }
+
     void swayIsHeldByASleepLockWhereThatBindsItsOwner()
     {
         FakeLogind logind(m_services);

@@ -34,6 +34,11 @@ bool isKde(const DesktopFacts& facts)
     return facts.kdePowerManager && facts.powerManagement;
 }
 
+bool isXfceThatSuspends(const DesktopFacts& facts)
+{
+    return facts.xfcePowerManager && facts.powerManagement && facts.xfceSuspendsWhenIdle;
+}
+
 } // namespace
 
 QList<DesktopHold> againstSystemSleep(const DesktopFacts& facts)
@@ -42,14 +47,17 @@ QList<DesktopHold> againstSystemSleep(const DesktopFacts& facts)
     if (isKde(facts))
         return {DesktopHold::kdePowerManagement};
     // On XFCE the call keeps the screen on too, so it is made only where XFCE would suspend.
-    if (facts.xfcePowerManager && facts.powerManagement && facts.xfceSuspendsWhenIdle)
+    if (isXfceThatSuspends(facts))
         return {DesktopHold::xfcePowerManagement};
     if (facts.sessionManager)
         return QList{DesktopHold::sessionManagerSuspend} + logindOnly(facts, DesktopHold::logindIdle);
     const bool suspendsByCommand = !facts.xfcePowerManager && (facts.lxqtSession || facts.idleDaemonSuspends);
     if (suspendsByCommand && facts.systemdVersion >= sleepLocksBindTheirOwner)
         return logindOnly(facts, DesktopHold::logindSleep);
-    return logindOnly(facts, DesktopHold::logindIdle);
+    // LXQt goes by the X server alone, so that the screen stays on too.
+    const bool suspendsByXServer = suspendsByCommand && facts.lxqtSession && facts.x11Screen;
+    return (suspendsByXServer ? QList{DesktopHold::x11ScreenSaver} : QList<DesktopHold>{})
+        + logindOnly(facts, DesktopHold::logindIdle);
 }
 
 QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts)
@@ -65,6 +73,16 @@ QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts)
     return (facts.x11Screen ? QList{DesktopHold::x11ScreenSaver} : QList<DesktopHold>{})
         + (facts.screenSaver ? QList{DesktopHold::screenSaver} : QList<DesktopHold>{})
         + logindOnly(facts, DesktopHold::logindIdle);
+}
+
+QList<DesktopHold> rearmingSystemSleep(const DesktopFacts& facts)
+{
+    const bool goesByXServer = isXfceThatSuspends(facts) || facts.lxqtSession;
+    if (goesByXServer && facts.x11Screen && !isKde(facts))
+        return {DesktopHold::x11ScreenSaver};
+    // Idle daemons start counting anew after an "idle" lock.
+    return againstSystemSleep(facts) == QList{DesktopHold::logindSleep} ? QList{DesktopHold::logindIdle}
+                                                                        : QList<DesktopHold>{};
 }
 
 bool namesIdleDaemonDesktop(QStringView currentDesktop)

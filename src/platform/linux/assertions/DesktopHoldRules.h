@@ -44,6 +44,11 @@ QList<DesktopHold> againstSystemSleep(const DesktopFacts& facts);
 /// The holds that keep the display on and unlocked.
 QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts);
 
+/// What must be held for one more moment when the system may sleep again: there are desktops whose timer goes off once
+/// in a time without activity and, when suspend was refused then, is armed again by activity alone, or by what they
+/// take for it. Without that the computer would stay awake until somebody touches it.
+QList<DesktopHold> rearmingSystemSleep(const DesktopFacts& facts);
+
 /// Whether XDG_CURRENT_DESKTOP, a list separated by colons, names a desktop of the kind `idleDaemonSuspends`.
 bool namesIdleDaemonDesktop(QStringView currentDesktop);
 

@@ -25,6 +25,9 @@ public:
         if (m_owner == nullptr)
             return;
         std::erase(m_owner->m_assertions, this);
+        m_holds.clear();
+        if (m_type == PowerAssertionType::preventUserIdleSystemSleep)
+            rearm();
         m_owner->schedulePublishing();
     }
 
@@ -93,6 +96,14 @@ private:
     {
         const QString service = hold.inhibitor->service();
         return service.isEmpty() || !m_owner->m_watch.owner(service).isEmpty();
+    }
+
+    /// Has the desktop count the time without activity anew.
+    void rearm()
+    {
+        for (const DesktopHold kind : DesktopHoldRules::rearmingSystemSleep(m_owner->m_watch.facts()))
+            add(kind);
+        m_holds.clear();
     }
 
     void add(DesktopHold kind)
