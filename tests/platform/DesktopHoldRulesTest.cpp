@@ -123,8 +123,9 @@ private Q_SLOTS:
         const DesktopFacts kde{.logind = true, .kdePowerManager = true, .powerManagement = true, .x11Screen = true};
         QTest::newRow("KDE") << kde << Holds{};
         QTest::newRow("KDE with a stray LXQt session") << with(kde, &DesktopFacts::lxqtSession, true) << Holds{};
-        QTest::newRow("GNOME, MATE, Cinnamon")
-            << DesktopFacts{.logind = true, .sessionManager = true, .x11Screen = true} << Holds{};
+        const DesktopFacts desktop{.logind = true, .sessionManager = true, .x11Screen = true};
+        QTest::newRow("GNOME, MATE") << desktop << Holds{};
+        QTest::newRow("Cinnamon") << with(desktop, &DesktopFacts::cinnamonPowerManager, true) << Holds{x11ScreenSaver};
         const DesktopFacts sway{.logind = true, .idleDaemonSuspends = true, .systemdVersion = 257};
         QTest::newRow("swayidle on systemd 257") << sway << Holds{logindIdle};
         QTest::newRow("swayidle on systemd 252, after an idle lock")

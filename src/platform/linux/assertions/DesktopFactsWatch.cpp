@@ -19,6 +19,7 @@ DesktopFactsWatch::DesktopFactsWatch(
           {BusNames::sessionManager,
               BusNames::kdePowerManager,
               BusNames::xfcePowerManager,
+              BusNames::cinnamonPowerManager,
               BusNames::lxqtSession,
               BusNames::powerManagement,
               BusNames::screenSaver})
@@ -58,6 +59,7 @@ void DesktopFactsWatch::update(const QString& service)
     m_facts.sessionManager = m_sessionNames.isOwned(BusNames::sessionManager);
     m_facts.kdePowerManager = m_sessionNames.isOwned(BusNames::kdePowerManager);
     m_facts.xfcePowerManager = m_sessionNames.isOwned(BusNames::xfcePowerManager);
+    m_facts.cinnamonPowerManager = m_sessionNames.isOwned(BusNames::cinnamonPowerManager);
     m_facts.lxqtSession = m_sessionNames.isOwned(BusNames::lxqtSession);
     m_facts.powerManagement = m_sessionNames.isOwned(BusNames::powerManagement);
     m_facts.screenSaver = m_sessionNames.isOwned(BusNames::screenSaver);

@@ -77,7 +77,7 @@ QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts)
 
 QList<DesktopHold> rearmingSystemSleep(const DesktopFacts& facts)
 {
-    const bool goesByXServer = isXfceThatSuspends(facts) || facts.lxqtSession;
+    const bool goesByXServer = isXfceThatSuspends(facts) || facts.lxqtSession || facts.cinnamonPowerManager;
     if (goesByXServer && facts.x11Screen && !isKde(facts))
         return {DesktopHold::x11ScreenSaver};
     // Idle daemons start counting anew after an "idle" lock.

@@ -18,6 +18,8 @@ struct DesktopFacts {
     bool kdePowerManager = false;
     /// org.xfce.PowerManager.
     bool xfcePowerManager = false;
+    /// org.cinnamon.SettingsDaemon.Power.
+    bool cinnamonPowerManager = false;
     bool lxqtSession = false;
     /// org.freedesktop.PowerManagement.
     bool powerManagement = false;
@@ -46,7 +48,8 @@ QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts);
 
 /// What must be held for one more moment when the system may sleep again: there are desktops whose timer goes off once
 /// in a time without activity and, when suspend was refused then, is armed again by activity alone, or by what they
-/// take for it. Without that the computer would stay awake until somebody touches it.
+/// take for it; Cinnamon's goes off after twice the time, or four times. Without that the computer would stay awake
+/// until somebody touches it.
 QList<DesktopHold> rearmingSystemSleep(const DesktopFacts& facts);
 
 /// Whether XDG_CURRENT_DESKTOP, a list separated by colons, names a desktop of the kind `idleDaemonSuspends`.

@@ -14,6 +14,7 @@ inline const auto logind = QStringLiteral("org.freedesktop.login1");
 inline const auto sessionManager = QStringLiteral("org.gnome.SessionManager");
 inline const auto kdePowerManager = QStringLiteral("org.kde.Solid.PowerManagement");
 inline const auto xfcePowerManager = QStringLiteral("org.xfce.PowerManager");
+inline const auto cinnamonPowerManager = QStringLiteral("org.cinnamon.SettingsDaemon.Power");
 inline const auto lxqtSession = QStringLiteral("org.lxqt.session");
 inline const auto powerManagement = QStringLiteral("org.freedesktop.PowerManagement");
 inline const auto screenSaver = QStringLiteral("org.freedesktop.ScreenSaver");
