@@ -20,7 +20,8 @@ constexpr Seconds hostPatience{10};
 
 /// The ids of the menu's entries.
 enum Entry {
-    status = 1,
+    openPanel = 1,
+    status,
     separatorAboveSwitch,
     onOff,
     session,
@@ -86,10 +87,7 @@ TrayPresenter::TrayPresenter(AwakeCoordinator& coordinator, AppSettings& setting
     , m_settings(settings)
     , m_tray(tray)
 {
-    m_tray.onActivate = [this](int x, int y, const QString& activationToken) {
-        if (onOpenPanel)
-            onOpenPanel(x, y, activationToken);
-    };
+    m_tray.onActivate = [this](int x, int y, const QString& token) { openPanel(x, y, token); };
     m_tray.onMenuActivated = [this](int id) { carryOut(id); };
     connect(&m_coordinator, &AwakeCoordinator::evaluated, this, &TrayPresenter::update);
     m_hostDeadline = clock.after(hostPatience, [this] {
@@ -125,6 +123,7 @@ TrayMenu TrayPresenter::menu() const
     TrayMenuEntry onOffSwitch = command(Entry::onOff, u"Tarvik"_s);
     onOffSwitch.isChecked = m_settings.isEnabled();
     return {
+        command(Entry::openPanel, QCoreApplication::translate("TrayPresenter", "Open Tarvik…")),
         statusLine,
         separator(Entry::separatorAboveSwitch),
         onOffSwitch,
@@ -154,9 +153,19 @@ TrayMenuEntry TrayPresenter::sessionEntry() const
     return entry;
 }
 
+void TrayPresenter::openPanel(int x, int y, const QString& activationToken)
+{
+    if (onOpenPanel)
+        onOpenPanel(x, y, activationToken);
+}
+
 void TrayPresenter::carryOut(int id)
 {
     switch (id) {
+    case Entry::openPanel:
+        // Menus do not tell where they were.
+        openPanel(0, 0, {});
+        return;
     case Entry::onOff:
         m_settings.setIsEnabled(!m_settings.isEnabled());
         return;

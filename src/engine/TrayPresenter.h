@@ -21,7 +21,7 @@ public:
     TrayPresenter(AwakeCoordinator& coordinator, AppSettings& settings, TrayItem& tray, Clock& clock);
     ~TrayPresenter() override;
 
-    /// The item was clicked; see TrayItem::onActivate.
+    /// The item was clicked, see TrayItem::onActivate, or the panel chosen in its menu, which has no place: 0, 0.
     std::function<void(int x, int y, const QString& activationToken)> onOpenPanel;
     std::function<void()> onLock;
     std::function<void()> onOpenSettings;
@@ -31,6 +31,7 @@ private:
     void update();
     TrayMenu menu() const;
     TrayMenuEntry sessionEntry() const;
+    void openPanel(int x, int y, const QString& activationToken);
     void carryOut(int id);
 
     AwakeCoordinator& m_coordinator;

@@ -67,7 +67,7 @@ private Q_SLOTS:
     {
         start();
         QCOMPARE(FakeTrayItem::text(m_tray->menu),
-            u"Dozing — nothing to watch | - | Tarvik"
+            u"Open Tarvik… | Dozing — nothing to watch | - | Tarvik"
             " | Keep awake for… [10 minutes | 1 hour | 2 hours | All day (16 h)]"
             " | Lock & leave | - | Settings… | Quit Tarvik"_s);
         QVERIFY(!m_tray->entry(u"Dozing — nothing to watch"_s).isEnabled);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         start();
         m_tray->choose(u"10 minutes"_s);
         QCOMPARE(FakeTrayItem::text(m_tray->menu),
-            u"Awake — 11 min left | - | Tarvik"
+            u"Open Tarvik… | Awake — 11 min left | - | Tarvik"
             " | Change session… [10 minutes | 1 hour | 2 hours | All day (16 h) | - | Cancel timer]"
             " | Lock & leave | - | Settings… | Quit Tarvik"_s);
         QCOMPARE(m_tray->appearance.imageName, u"MenuActive"_s);
@@ -156,21 +156,23 @@ private Q_SLOTS:
         m_presenter->onQuit = [&] { calls.append(u"quit"_s); };
         m_presenter->onOpenPanel
             = [&](int x, int y, const QString& token) { calls.append(u"panel %1 %2 %3"_s.arg(x).arg(y).arg(token)); };
+        m_tray->choose(u"Open Tarvik…"_s);
         m_tray->choose(u"Lock & leave"_s);
         m_tray->choose(u"Quit Tarvik"_s);
         m_tray->onActivate(12, 34, u"token"_s);
-        QCOMPARE(calls, (QStringList{u"lock"_s, u"quit"_s, u"panel 12 34 token"_s}));
+        QCOMPARE(calls, (QStringList{u"panel 0 0 "_s, u"lock"_s, u"quit"_s, u"panel 12 34 token"_s}));
     }
 
     void choicesThatNobodyHandlesAndUnknownOnesDoNothing()
     {
         start();
         const TrayMenu before = m_tray->menu;
+        m_tray->choose(u"Open Tarvik…"_s);
         m_tray->choose(u"Lock & leave"_s);
         m_tray->choose(u"Settings…"_s);
         m_tray->choose(u"Quit Tarvik"_s);
         m_tray->onActivate(1, 2, {});
-        for (const int id : {-1, 0, 1, 99, 104, 4711})
+        for (const int id : {-1, 0, 2, 99, 104, 4711})
             m_tray->onMenuActivated(id);
         m_machine->settle();
         QCOMPARE(m_tray->menu, before);
