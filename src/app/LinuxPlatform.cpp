@@ -97,7 +97,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , hotKeys(std::make_unique<DesktopHotKeys>(
           sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}, clock))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
-    , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory()))
+    , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory(), clock))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
     , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath(), clock))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(

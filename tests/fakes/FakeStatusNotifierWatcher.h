@@ -5,8 +5,10 @@
 #include "fakes/FakeDBusService.h"
 
 #include <QDBusError>
-#include <QDBusVariant>
 #include <QStringList>
+#include <QVariantMap>
+
+#include <utility>
 
 namespace Tarvik {
 
@@ -29,12 +31,28 @@ public:
             {});
     }
 
+    /// Items are lost without having gone.
+    void loseItems()
+    {
+        for (const QString& item : std::exchange(m_listed, {}))
+            emitSignal(service(), QStringLiteral("StatusNotifierItemUnregistered"), {item});
+    }
+
     bool hasHost = true;
+    /// What an item is called in the list, with its name as NAME.
+    QString notation = QStringLiteral("NAME/StatusNotifierItem");
+    /// Cannot tell which items it has.
+    bool hasNoList = false;
+    /// How many of the next announcements come to nothing, without a word.
+    int forgets = 0;
     /// Knows no properties.
     bool isPoor = false;
     /// Takes no items.
     bool refuses = false;
     int refusals = 0;
+    /// How often it was asked for its properties.
+    int questions = 0;
+    /// The names that have been announced, as often as they were.
     QStringList items;
 
 private:
@@ -45,13 +63,24 @@ private:
                 ++refusals;
                 return call.createErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The panel is full"));
             }
-            items.append(call.arguments().constFirst().toString());
+            const QString name = call.arguments().constFirst().toString();
+            items.append(name);
+            if (forgets > 0)
+                --forgets;
+            else
+                m_listed.append(QString(notation).replace(QStringLiteral("NAME"), name));
             return call.createReply();
         }
+        ++questions;
         if (isPoor)
             return call.createErrorReply(QDBusError::UnknownProperty, QStringLiteral("There are no properties"));
-        return call.createReply(QVariant::fromValue(QDBusVariant(hasHost)));
+        QVariantMap properties{{QStringLiteral("IsStatusNotifierHostRegistered"), hasHost}};
+        if (!hasNoList)
+            properties[QStringLiteral("RegisteredStatusNotifierItems")] = m_listed;
+        return call.createReply(properties);
     }
+
+    QStringList m_listed;
 };
 
 } // namespace Tarvik

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 
+#include "fakes/FakeClock.h"
 #include "fakes/FakeStatusNotifierWatcher.h"
 #include "support/TestSupport.h"
 
@@ -24,7 +25,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_item = std::make_unique<StatusNotifierTrayItem>(m_client, m_icons.path());
+        m_item = std::make_unique<StatusNotifierTrayItem>(m_client, m_icons.path(), m_clock);
         m_item->setAppearance(looking);
         m_signals.clear();
     }
@@ -107,13 +108,134 @@ private Q_SLOTS:
         QTRY_VERIFY(m_item->hasHost());
     }
 
-    void aRefusalIsLoggedAndNoHost()
+    void howAWatcherWritesItsItemsDoesNotMatter_data()
+    {
+        QTest::addColumn<QString>("notation");
+        QTest::addColumn<bool>("isOurs");
+        const QString unique = m_client.baseService();
+        QTest::newRow("name") << u"NAME"_s << true;
+        QTest::newRow("name and path") << u"NAME/StatusNotifierItem"_s << true;
+        QTest::newRow("name at path") << u"NAME@/StatusNotifierItem"_s << true;
+        QTest::newRow("connection and path") << unique + u"/StatusNotifierItem"_s << true;
+        QTest::newRow("connection at path") << unique + u"@/StatusNotifierItem"_s << true;
+        QTest::newRow("the eleventh item of the process") << u"NAME1/StatusNotifierItem"_s << false;
+        QTest::newRow("another connection") << unique + u"0/StatusNotifierItem"_s << false;
+        QTest::newRow("another process") << u"org.kde.StatusNotifierItem-0-1/StatusNotifierItem"_s << false;
+    }
+
+    void howAWatcherWritesItsItemsDoesNotMatter()
+    {
+        QFETCH(QString, notation);
+        QFETCH(bool, isOurs);
+        FakeStatusNotifierWatcher watcher(m_services);
+        watcher.notation = notation;
+        QVERIFY(watcher.appear());
+        QTRY_COMPARE(m_clock.pending(), std::size_t{1});
+        m_clock.advance(Seconds{1});
+        QTRY_COMPARE(watcher.items.size(), isOurs ? 1 : 2);
+        QTRY_COMPARE(m_item->hasHost(), isOurs);
+    }
+
+    void aWatcherWithoutAListIsAHost()
+    {
+        FakeStatusNotifierWatcher watcher(m_services);
+        watcher.hasNoList = true;
+        QVERIFY(watcher.appear());
+        QTRY_VERIFY(m_item->hasHost());
+        watcher.setHost(false);
+        QTRY_VERIFY(!m_item->hasHost());
+    }
+
+    void anItemThatGotLostIsAnnouncedAgain()
+    {
+        FakeStatusNotifierWatcher watcher(m_services);
+        watcher.forgets = 2;
+        QVERIFY(watcher.appear());
+        for (int announcements = 1; announcements <= 2; ++announcements) {
+            QTRY_COMPARE(m_clock.pending(), std::size_t{1});
+            QVERIFY(!m_item->hasHost());
+            m_clock.advance(Seconds{0.9});
+            QCOMPARE(watcher.items.size(), announcements);
+            m_clock.advance(Seconds{0.1});
+            QTRY_COMPARE(watcher.items.size(), announcements + 1);
+        }
+        QTRY_VERIFY(m_item->hasHost());
+    }
+
+    void anItemThatIsListedIsNotAnnouncedAgain()
+    {
+        FakeStatusNotifierWatcher watcher(m_services);
+        QVERIFY(watcher.appear());
+        QTRY_VERIFY(m_item->hasHost());
+        m_clock.advance(Seconds{1});
+        QCOMPARE(m_clock.pending(), std::size_t{0});
+        // The watcher has been asked before this, and an announcement would have come after it.
+        watcher.setHost(false);
+        QTRY_VERIFY(!m_item->hasHost());
+        QCOMPARE(watcher.items.size(), 1);
+    }
+
+    void anItemThatGetsLostLaterIsAnnouncedAgain()
+    {
+        FakeStatusNotifierWatcher watcher(m_services);
+        QVERIFY(watcher.appear());
+        QTRY_VERIFY(m_item->hasHost());
+        m_clock.advance(Seconds{3600});
+        watcher.loseItems();
+        QTRY_VERIFY(!m_item->hasHost());
+        QCOMPARE(watcher.items.size(), 1);
+        m_clock.advance(Seconds{1});
+        QTRY_VERIFY(m_item->hasHost());
+        QCOMPARE(watcher.items.size(), 2);
+    }
+
+    void aWatcherThatKeepsNothingIsLeftAlone()
+    {
+        FakeStatusNotifierWatcher watcher(m_services);
+        watcher.forgets = std::numeric_limits<int>::max();
+        QVERIFY(watcher.appear());
+        constexpr int announcements = 1 + TrayHostRegistration::maximumRepetitions;
+        for (int i = 1; i <= announcements; ++i) {
+            QTRY_COMPARE(watcher.items.size(), i);
+            QTRY_COMPARE(m_clock.pending(), std::size_t{1});
+            if (i == announcements)
+                expectLog(QtWarningMsg, u"^the panel does not keep the tray item$"_s);
+            m_clock.advance(Seconds{1});
+        }
+        // The answer to each question has arrived when the watcher is asked the next one.
+        for (int questions = 2 * announcements; questions < 2 * announcements + 2; ++questions) {
+            QTRY_COMPARE(watcher.questions, questions);
+            watcher.setHost(true);
+        }
+        QCOMPARE(m_clock.pending(), std::size_t{0});
+        QCOMPARE(watcher.items.size(), announcements);
+        QVERIFY(!m_item->hasHost());
+    }
+
+    void aWatcherThatRefusesIsToldAgain()
     {
         FakeStatusNotifierWatcher watcher(m_services);
         watcher.refuses = true;
-        expectLog(QtWarningMsg, u"^the panel refused the tray item: The panel is full$"_s);
         QVERIFY(watcher.appear());
         QTRY_COMPARE(watcher.refusals, 1);
+        QTRY_COMPARE(m_clock.pending(), std::size_t{1});
+        QVERIFY(!m_item->hasHost());
+        watcher.refuses = false;
+        m_clock.advance(Seconds{1});
+        QTRY_VERIFY(m_item->hasHost());
+    }
+
+    void aLastingRefusalIsLoggedAndNoHost()
+    {
+        FakeStatusNotifierWatcher watcher(m_services);
+        watcher.refuses = true;
+        QVERIFY(watcher.appear());
+        expectLog(QtWarningMsg, u"^the panel refused the tray item: The panel is full$"_s);
+        for (int repetitions = 0; repetitions < TrayHostRegistration::maximumRepetitions; ++repetitions) {
+            QTRY_COMPARE(m_clock.pending(), std::size_t{1});
+            m_clock.advance(Seconds{1});
+            QTRY_COMPARE(watcher.refusals, repetitions + 2);
+        }
         watcher.setHost(true);
         // Whatever the item would have made of it has happened when a later call is answered.
         QCOMPARE(properties()[u"Title"_s], u"Watching"_s);
@@ -122,7 +244,7 @@ private Q_SLOTS:
 
     void withoutABusThereIsNoHost()
     {
-        StatusNotifierTrayItem item(QDBusConnection(u"nowhere"_s), m_icons.path());
+        StatusNotifierTrayItem item(QDBusConnection(u"nowhere"_s), m_icons.path(), m_clock);
         item.setAppearance(looking);
         item.setMenu({});
         QCoreApplication::processEvents();
@@ -134,7 +256,7 @@ private Q_SLOTS:
         m_item.reset();
         QTRY_VERIFY(!isOnBus());
         QVERIFY(m_others.registerService(ownName));
-        m_item = std::make_unique<StatusNotifierTrayItem>(m_client, m_icons.path());
+        m_item = std::make_unique<StatusNotifierTrayItem>(m_client, m_icons.path(), m_clock);
         FakeStatusNotifierWatcher watcher(m_services);
         QVERIFY(watcher.appear());
         QTRY_COMPARE(watcher.items, QStringList{m_client.baseService()});
@@ -150,6 +272,8 @@ private Q_SLOTS:
         QCOMPARE(all[u"Title"_s], u"Watching"_s);
         QCOMPARE(all[u"IconName"_s], u"tarvik-looking-symbolic"_s);
         QCOMPARE(all[u"IconThemePath"_s], m_icons.path());
+        QCOMPARE(all[u"IconAccessibleDesc"_s], u"Watching"_s);
+        QCOMPARE(all[u"AttentionAccessibleDesc"_s], u"Watching"_s);
         QCOMPARE(all[u"ItemIsMenu"_s], false);
         QCOMPARE(all[u"Menu"_s].value<QDBusObjectPath>().path(), u"/MenuBar"_s);
     }
@@ -299,6 +423,7 @@ private:
         QCOMPARE(file.write(QByteArray(bytes, 'p')), bytes);
     }
 
+    FakeClock m_clock;
     QTemporaryDir m_icons;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);

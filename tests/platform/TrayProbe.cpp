@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
+#include "platform/linux/TimerfdClock.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 
 #include <QCoreApplication>
@@ -58,7 +59,8 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     if (argc != 3)
         return 2;
-    StatusNotifierTrayItem item(QDBusConnection::sessionBus(), QString::fromLocal8Bit(argv[1]));
+    TimerfdClock clock;
+    StatusNotifierTrayItem item(QDBusConnection::sessionBus(), QString::fromLocal8Bit(argv[1]), clock);
     item.onHostChange = [&] { say(item.hasHost() ? u"hosted"_s : u"alone"_s); };
     item.onActivate
         = [](int x, int y, const QString& token) { say(u"activate %1 %2 \"%3\""_s.arg(x).arg(y).arg(token)); };

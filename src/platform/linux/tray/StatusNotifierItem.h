@@ -22,6 +22,8 @@ class StatusNotifierItem final : public QObject {
     Q_PROPERTY(QString Title READ title)
     Q_PROPERTY(QString IconName READ iconName)
     Q_PROPERTY(QString IconThemePath READ iconThemePath)
+    Q_PROPERTY(QString IconAccessibleDesc READ title)
+    Q_PROPERTY(QString AttentionAccessibleDesc READ title)
     Q_PROPERTY(QList<Tarvik::StatusNotifierPixmap> IconPixmap READ iconPixmap)
     Q_PROPERTY(Tarvik::StatusNotifierToolTip ToolTip READ toolTip)
     Q_PROPERTY(QDBusObjectPath Menu READ menu)

@@ -12,10 +12,11 @@ const auto menuPath = u"/MenuBar"_s;
 
 } // namespace
 
-StatusNotifierTrayItem::StatusNotifierTrayItem(const QDBusConnection& sessionBus, const QString& iconDirectory)
+StatusNotifierTrayItem::StatusNotifierTrayItem(
+    const QDBusConnection& sessionBus, const QString& iconDirectory, Clock& clock)
     : m_menu(sessionBus, menuPath)
     , m_item(sessionBus, iconDirectory, menuPath)
-    , m_registration(sessionBus)
+    , m_registration(sessionBus, clock)
 {
     m_menu.onActivated = [this](int id) {
         if (onMenuActivated)

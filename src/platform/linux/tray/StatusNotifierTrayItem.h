@@ -14,7 +14,8 @@ class StatusNotifierTrayItem final : public TrayItem {
 public:
     /// `iconDirectory` is the bundle's "Contents/Resources/icons": panels look for the icons there too, so that they
     /// need not be installed in the desktop's own icon theme.
-    StatusNotifierTrayItem(const QDBusConnection& sessionBus, const QString& iconDirectory);
+    /// `clock` must outlive the object.
+    StatusNotifierTrayItem(const QDBusConnection& sessionBus, const QString& iconDirectory, Clock& clock);
 
     void setAppearance(const TrayAppearance& appearance) override;
     void setMenu(const TrayMenu& menu) override;

@@ -3,9 +3,11 @@
 #include "platform/linux/tray/TrayHostRegistration.h"
 
 #include "core/Logging.h"
+#include "platform/linux/dbus/DBusProperties.h"
 
 #include <QCoreApplication>
-#include <QDBusVariant>
+
+#include <algorithm>
 
 namespace Tarvik {
 
@@ -27,18 +29,29 @@ QString ownName()
     return u"org.kde.StatusNotifierItem-%1-1"_s.arg(QCoreApplication::applicationPid());
 }
 
+/// Watchers list an item by the bus name alone or with the path of its object behind it, in various notations.
+bool isItemOf(const QString& name, const QString& item)
+{
+    if (!item.startsWith(name))
+        return false;
+    const QChar next = item.size() == name.size() ? QChar(u'/') : item.at(name.size());
+    return !next.isLetterOrNumber();
+}
+
 } // namespace
 
-TrayHostRegistration::TrayHostRegistration(QDBusConnection sessionBus)
+TrayHostRegistration::TrayHostRegistration(QDBusConnection sessionBus, Clock& clock)
     : m_bus(std::move(sessionBus))
+    , m_clock(clock)
     , m_watcher(m_bus, {watcherName})
 {
     if (!m_bus.isConnected())
         return;
-    for (const auto& signal : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s})
-        m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(askForHost()));
-    m_watcher.onKnown = [this] { announce(); };
-    m_watcher.onOwnerChange = [this](const QString&) { announce(); };
+    for (const auto& signal :
+        {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s, u"StatusNotifierItemUnregistered"_s})
+        m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(lookAgain()));
+    m_watcher.onKnown = [this] { announceAnew(); };
+    m_watcher.onOwnerChange = [this](const QString&) { announceAnew(); };
     requestOwnName();
 }
 
@@ -63,44 +76,96 @@ void TrayHostRegistration::requestOwnName()
             = answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toUInt() == primaryOwner;
         // Another process may have the same number in a process namespace of its own.
         m_name = isOwner ? ownName() : m_bus.baseService();
-        announce();
+        announceAnew();
     });
+}
+
+void TrayHostRegistration::announceAnew()
+{
+    m_repetitions = 0;
+    setHasHost(false);
+    announce();
 }
 
 void TrayHostRegistration::announce()
 {
     m_announcement.reset();
-    m_hostCall.reset();
+    m_watcherCall.reset();
+    m_check.reset();
     m_isAnnounced = false;
-    setHasHost(false);
     if (m_name.isEmpty() || !m_watcher.isOwned(watcherName))
         return;
     auto call = QDBusMessage::createMethodCall(watcherName, watcherPath, watcherName, u"RegisterStatusNotifierItem"_s);
     call << m_name;
     m_announcement = callAsync(m_bus, call, [this](const QDBusMessage& answer) {
         m_announcement.reset();
-        if (answer.type() != QDBusMessage::ReplyMessage) {
+        m_isAnnounced = answer.type() == QDBusMessage::ReplyMessage;
+        if (!m_isAnnounced && m_repetitions == maximumRepetitions) {
             qCWarning(logSystem, "the panel refused the tray item: %s", qUtf8Printable(answer.errorMessage()));
             return;
         }
-        m_isAnnounced = true;
-        askForHost();
+        checkSoon();
+        lookAgain();
     });
 }
 
-void TrayHostRegistration::askForHost()
+void TrayHostRegistration::checkSoon()
+{
+    m_check = m_clock.after(settlingTime, [this] {
+        m_check.reset();
+        check();
+    });
+}
+
+void TrayHostRegistration::check()
+{
+    if (m_isAnnounced)
+        askWatcher([this] { repeat(); });
+    else
+        repeat();
+}
+
+void TrayHostRegistration::repeat()
+{
+    if (m_repetitions == maximumRepetitions) {
+        qCWarning(logSystem, "the panel does not keep the tray item");
+        return;
+    }
+    ++m_repetitions;
+    announce();
+}
+
+void TrayHostRegistration::lookAgain()
+{
+    // Not announced again at once: the watcher may be in the middle of something.
+    askWatcher([this] {
+        if (!m_check && m_repetitions < maximumRepetitions)
+            checkSoon();
+    });
+}
+
+void TrayHostRegistration::askWatcher(std::function<void()> onMissing)
 {
     if (!m_isAnnounced)
         return;
-    auto call
-        = QDBusMessage::createMethodCall(watcherName, watcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    call << watcherName << u"IsStatusNotifierHostRegistered"_s;
-    m_hostCall = callAsync(m_bus, call, [this](const QDBusMessage& answer) {
-        m_hostCall.reset();
+    const QDBusMessage call = DBusProperties::getAll(watcherName, watcherPath, watcherName);
+    m_watcherCall = callAsync(m_bus, call, [this, onMissing = std::move(onMissing)](const QDBusMessage& answer) {
+        m_watcherCall.reset();
         // A watcher that accepts items but cannot tell is taken for a panel.
-        const QVariant value = answer.arguments().value(0).value<QDBusVariant>().variant();
-        setHasHost(value.typeId() != QMetaType::Bool || value.toBool());
+        const QVariantMap watcher = DBusProperties::propertiesIn(answer).value_or(QVariantMap());
+        const auto items = DBusProperties::exactly<QStringList>(watcher[u"RegisteredStatusNotifierItems"_s]);
+        const auto hasHost = DBusProperties::exactly<bool>(watcher[u"IsStatusNotifierHostRegistered"_s]);
+        const bool isListed = !items || isAmong(*items);
+        setHasHost(isListed && hasHost.value_or(true));
+        if (!isListed)
+            onMissing();
     });
+}
+
+bool TrayHostRegistration::isAmong(const QStringList& items) const
+{
+    return std::ranges::any_of(
+        items, [this](const QString& item) { return isItemOf(m_name, item) || isItemOf(m_bus.baseService(), item); });
 }
 
 void TrayHostRegistration::setHasHost(bool hasHost)

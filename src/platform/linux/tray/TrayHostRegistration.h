@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Clock.h"
 #include "platform/linux/dbus/BusNameWatch.h"
 
 #include <QObject>
@@ -10,37 +11,52 @@ namespace Tarvik {
 
 /// Announces one org.kde.StatusNotifierItem to whichever org.kde.StatusNotifierWatcher there is, and again to each that
 /// appears later. The item is announced under a bus name of its own, so that panels drop it as soon as this object
-/// ends.
+/// ends. A watcher may refuse the item or lose one that it has accepted, as GNOME's does now and then while it is
+/// starting: it is asked a second later, and told again where the item is missing.
 class TrayHostRegistration final : public QObject {
     Q_OBJECT
 
 public:
-    explicit TrayHostRegistration(QDBusConnection sessionBus);
+    static constexpr Seconds settlingTime{1};
+    static constexpr int maximumRepetitions = 5;
+
+    /// `clock` must outlive the object.
+    TrayHostRegistration(QDBusConnection sessionBus, Clock& clock);
     ~TrayHostRegistration() override;
 
-    /// A watcher has accepted the item and knows of a panel that shows items.
+    /// A watcher lists the item and knows of a panel that shows items.
     bool hasHost() const { return m_hasHost; }
 
     /// `hasHost` has changed.
     std::function<void()> onHostChange;
 
 private Q_SLOTS:
-    void askForHost();
+    void lookAgain();
 
 private:
     void requestOwnName();
+    void announceAnew();
     void announce();
+    void checkSoon();
+    void check();
+    void repeat();
+    void askWatcher(std::function<void()> onMissing);
+    bool isAmong(const QStringList& items) const;
     void setHasHost(bool hasHost);
 
     QDBusConnection m_bus;
+    Clock& m_clock;
     BusNameWatch m_watcher;
     /// What the item is announced as; empty until the bus has answered.
     QString m_name;
     bool m_isAnnounced = false;
+    /// Of the announcement to the watcher that there is now.
+    int m_repetitions = 0;
     bool m_hasHost = false;
     DBusCall m_nameCall;
     DBusCall m_announcement;
-    DBusCall m_hostCall;
+    DBusCall m_watcherCall;
+    std::unique_ptr<Timer> m_check;
 };
 
 } // namespace Tarvik
