@@ -85,7 +85,7 @@ private Q_SLOTS:
         QVERIFY(portal.appear());
         start({.x11 = m_server.display(), .isWayland = true});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::notAvailable}));
-        QVERIFY(m_services.registerService(mediaKeys));
+        const GnomeDesktop gnome(m_services);
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"GNOME's custom shortcuts"_s, HotKeyStatus::registered}));
         QVERIFY(m_services.unregisterService(mediaKeys));
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::notAvailable}));
@@ -95,20 +95,51 @@ private Q_SLOTS:
     {
         FakePortal portal(m_others);
         QVERIFY(portal.appear());
-        QVERIFY(m_services.registerService(mediaKeys));
+        const GnomeDesktop gnome(m_services);
         start({.x11 = {}, .isWayland = true});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::registered}));
-        QVERIFY(m_services.unregisterService(mediaKeys));
     }
 
-    void gnomeUnderX11GetsAKeyGrab()
+    void gnomeUnderX11GetsACustomShortcutAndNoKeyGrab()
+    {
+        const GnomeDesktop gnome(m_services);
+        start({.x11 = m_server.display()});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"GNOME's custom shortcuts"_s, HotKeyStatus::registered}));
+        const XClient other(m_server);
+        QVERIFY(other.grab(keyA, superAlt));
+    }
+
+    void gnomeThatAppearsLaterTakesTheShortcutFromTheXServer()
+    {
+        start({.x11 = m_server.display()});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+        {
+            const GnomeDesktop gnome(m_services);
+            QTRY_COMPARE(
+                m_registration->state(), (HotKeyState{u"GNOME's custom shortcuts"_s, HotKeyStatus::registered}));
+            const XClient other(m_server);
+            QTRY_VERIFY(other.grab(keyA, superAlt));
+        }
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+    }
+
+    void aMediaKeysDaemonWithoutGnomesShellIsNotGnome()
     {
         QVERIFY(m_services.registerService(mediaKeys));
         start({.x11 = m_server.display()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
         QVERIFY(m_services.unregisterService(mediaKeys));
-        QCoreApplication::processEvents();
-        QCOMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
+    }
+
+    void gnomeThatTakesNoShortcutLeavesTheXServer()
+    {
+        const GnomeDesktop gnome(m_services);
+        m_hotKeys
+            = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{.x11 = m_server.display()}, m_clock);
+        HotKeyRequest unknown = lock();
+        unknown.keyCode = 0xFFFF;
+        m_registration = m_hotKeys->registerHotKey(unknown);
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::notAvailable}));
     }
 
     void anXServerThatCannotBeReachedGivesNone()
@@ -184,7 +215,27 @@ private Q_SLOTS:
     }
 
 private:
-    const QString mediaKeys = u"org.gnome.SettingsDaemon.MediaKeys"_s;
+    static inline const QString mediaKeys = u"org.gnome.SettingsDaemon.MediaKeys"_s;
+
+    /// The names by which GNOME is known, from its construction to its destruction.
+    struct GnomeDesktop {
+        explicit GnomeDesktop(const QDBusConnection& connection)
+            : bus(connection)
+        {
+            for (const QString& name : names)
+                bus.registerService(name);
+        }
+        ~GnomeDesktop()
+        {
+            for (const QString& name : names)
+                bus.unregisterService(name);
+        }
+        GnomeDesktop(const GnomeDesktop&) = delete;
+        GnomeDesktop& operator=(const GnomeDesktop&) = delete;
+
+        static inline const QStringList names{mediaKeys, u"org.gnome.Shell"_s};
+        QDBusConnection bus;
+    };
 
     static HotKeyRequest lock()
     {

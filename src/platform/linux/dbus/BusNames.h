@@ -9,6 +9,7 @@ namespace Tarvik::BusNames {
 
 inline const auto kglobalaccel = QStringLiteral("org.kde.kglobalaccel");
 inline const auto gnomeMediaKeys = QStringLiteral("org.gnome.SettingsDaemon.MediaKeys");
+inline const auto gnomeShell = QStringLiteral("org.gnome.Shell");
 inline const auto desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 inline const auto logind = QStringLiteral("org.freedesktop.login1");
 inline const auto sessionManager = QStringLiteral("org.gnome.SessionManager");

@@ -83,14 +83,10 @@ DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display, Cloc
     : m_bus(std::move(sessionBus))
     , m_display(std::move(display))
     , m_clock(clock)
-    , m_names(m_bus, {BusNames::kglobalaccel, BusNames::gnomeMediaKeys})
+    , m_names(m_bus, {BusNames::kglobalaccel, BusNames::gnomeMediaKeys, BusNames::gnomeShell})
 {
     m_names.onKnown = [this] { choose(); };
-    m_names.onOwnerChange = [this](const QString& name) {
-        // To an X server's grabs GNOME's daemon is nothing.
-        if (name == BusNames::kglobalaccel || m_display.isWayland)
-            choose();
-    };
+    m_names.onOwnerChange = [this](const QString&) { choose(); };
     // Without a bus nobody will tell.
     if (m_names.isKnown())
         choose();
@@ -115,18 +111,32 @@ void DesktopHotKeys::choose()
     else if (m_display.isWayland && m_bus.isConnected()) {
         m_isOnPortal = true;
         use(std::make_unique<PortalOnOwnConnection>());
-    } else if (!m_display.isWayland && !m_display.x11.isEmpty())
-        use(X11HotKeys::connect(m_display.x11, m_clock));
+    } else if (!m_display.isWayland && !m_display.x11.isEmpty()) {
+        if (hasGnomeShortcuts())
+            use(std::make_unique<GnomeHotKeys>(m_bus));
+        if (!m_provider || isRefused())
+            use(X11HotKeys::connect(m_display.x11, m_clock));
+    }
     if (onStateChange)
         onStateChange();
 }
 
+bool DesktopHotKeys::hasGnomeShortcuts() const
+{
+    // Cinnamon's daemon has the name of GNOME's, too, for media players. GNOME's own gets the keys from a shell of this
+    // name; Budgie's and Pantheon's lend them to it as well.
+    return m_names.isOwned(BusNames::gnomeMediaKeys) && m_names.isOwned(BusNames::gnomeShell);
+}
+
+bool DesktopHotKeys::isRefused() const
+{
+    return std::ranges::any_of(m_registrations,
+        [](const Registration* registration) { return registration->state().status == HotKeyStatus::notAvailable; });
+}
+
 bool DesktopHotKeys::isRefusedByPortal() const
 {
-    return m_isOnPortal && m_names.isOwned(BusNames::gnomeMediaKeys)
-        && std::ranges::any_of(m_registrations, [](const Registration* registration) {
-               return registration->state().status == HotKeyStatus::notAvailable;
-           });
+    return m_isOnPortal && hasGnomeShortcuts() && isRefused();
 }
 
 void DesktopHotKeys::fallBackFromPortal()

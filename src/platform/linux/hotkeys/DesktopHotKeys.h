@@ -14,9 +14,10 @@
 
 namespace Tarvik {
 
-/// Shortcuts of whichever desktop is running: KGlobalAccel where its name is owned, also when it appears later; else
-/// key grabs on an X server; else, under Wayland, the desktop portal; else, where that has none and GNOME's settings
-/// daemon runs, GNOME's custom shortcuts; else none.
+/// Shortcuts of whichever desktop is running, also when it appears later: KGlobalAccel where its name is owned; else,
+/// under Wayland, the desktop portal and, where that has none, GNOME's custom shortcuts; else, on an X server, GNOME's
+/// custom shortcuts, because its shell keeps the keyboard to itself while the overview is open, and elsewhere key
+/// grabs; else none.
 class DesktopHotKeys final : public HotKeys {
 public:
     struct Display {
@@ -38,6 +39,8 @@ private:
     class Registration;
 
     void choose();
+    bool hasGnomeShortcuts() const;
+    bool isRefused() const;
     bool isRefusedByPortal() const;
     void fallBackFromPortal();
     void use(std::unique_ptr<HotKeys> provider);
