@@ -6,7 +6,6 @@
 #include "bus/BusInterfaces.h"
 #include "engine/LaunchAtLogin.h"
 #include "hooks/HookConfig.h"
-#include "hotkey/LockScreen.h"
 
 #include <QCoreApplication>
 
@@ -58,13 +57,13 @@ void TarvikApp::connectTray()
 {
     m_tray.onOpenPanel = [this](int x, int y, const QString& token) { m_ui.showPanel(x, y, token); };
     m_tray.onOpenSettings = [this] { m_ui.showSettings({}); };
-    m_tray.onLock = [this] { lockTheScreen(); };
+    m_tray.onLock = [this] { m_coordinator.lockScreen(); };
     m_tray.onQuit = [] { QCoreApplication::quit(); };
 }
 
 void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
 {
-    const auto lock = [this] { lockTheScreen(); };
+    const auto lock = [this] { m_coordinator.lockScreen(); };
     const auto quit = [] { QCoreApplication::quit(); };
     const auto setLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
     const auto setClamshellEnabled = [this](bool on) { m_settings.setClamshellEnabled(on); };
@@ -81,11 +80,6 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
     m_busObject.add(BusInterfaces::hooks({.home = m_platform.home, .tool = m_platform.bundle.toolPath()}, sessionBus));
-}
-
-void TarvikApp::lockTheScreen()
-{
-    lockScreen(*m_platform.screenLock);
 }
 
 } // namespace Tarvik

@@ -28,7 +28,6 @@ public:
 private:
     void connectTray();
     void offerOnBus(const QDBusConnection& sessionBus);
-    void lockTheScreen();
 
     LinuxPlatform m_platform;
     AppSettings m_settings;

@@ -15,6 +15,7 @@
 #include "monitors/ThermalMonitor.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +24,7 @@ namespace Tarvik {
 AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services, const HookPaths& hookPaths)
     : m_parts(parts)
     , m_assertions(services.assertions)
+    , m_screenLock(services.screenLock)
     , m_clock(services.clock)
     , m_notifications(services.notifications)
     , m_transitions(parts.settings, parts.journal, m_notifications)
@@ -33,7 +35,7 @@ AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services,
         services.hotKeys,
         LockShortcut::keyCode,
         LockShortcut::modifiers,
-        [&screenLock = services.screenLock] { lockScreen(screenLock); },
+        [this] { lockScreen(); },
         LockShortcut::purpose());
     if (m_parts.settings.notifyOnPause() || m_parts.settings.notifyOnToggle())
         m_notifications.requestAuthorization();
@@ -65,6 +67,15 @@ void AwakeCoordinator::listen()
     connect(&m_parts.settings, &AppSettings::changed, this, &AwakeCoordinator::evaluateSoon);
     // The edge is measured from the state at start, so that starting on AC power is not plugging in.
     m_wasOnAC = m_parts.power.isOnAC();
+}
+
+void AwakeCoordinator::lockScreen()
+{
+    // It may take the desktop seconds to give up.
+    Tarvik::lockScreen(m_screenLock, [self = QPointer(this)](const QString& title, const QString& body) {
+        if (self)
+            self->m_notifications.post(title, body);
+    });
 }
 
 void AwakeCoordinator::evaluateSoon()

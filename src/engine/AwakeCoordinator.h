@@ -91,6 +91,9 @@ public:
     /// Starts a timed session of so many minutes, in place of a running one, or ends the running one.
     void setTimedSession(std::optional<int> minutes);
 
+    /// Locks the screen, as the shortcut does.
+    void lockScreen();
+
     /// Whether the shortcut that locks the screen is ours.
     HotKeyState lockHotKeyState() const { return m_lockHotKey->state(); }
 
@@ -130,6 +133,7 @@ private:
 
     Parts m_parts;
     PowerAssertions& m_assertions;
+    ScreenLock& m_screenLock;
     Clock& m_clock;
     Notifications m_notifications;
     TransitionRecorder m_transitions;

@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace Tarvik {
 
 using namespace Qt::StringLiterals;
@@ -16,11 +18,14 @@ HotKeyPurpose LockShortcut::purpose()
     return {.name = u"lock-screen"_s, .description = QCoreApplication::translate("LockShortcut", "Lock the screen")};
 }
 
-void lockScreen(ScreenLock& screenLock)
+void lockScreen(ScreenLock& screenLock, std::function<void(const QString& title, const QString& body)> tell)
 {
-    screenLock.lock([](const QString& error) {
-        if (!error.isEmpty())
-            qCCritical(logSystem, "Could not lock the screen: %s", qUtf8Printable(error));
+    screenLock.lock([tell = std::move(tell)](const QString& error) {
+        if (error.isEmpty())
+            return;
+        qCCritical(logSystem, "Could not lock the screen: %s", qUtf8Printable(error));
+        tell(QCoreApplication::translate("LockScreen", "Tarvik could not lock the screen"),
+            error.front().toUpper() + error.mid(1));
     });
 }
 

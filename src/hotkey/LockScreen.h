@@ -5,6 +5,7 @@
 #include "platform/HotKeys.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace Tarvik {
 
@@ -17,7 +18,8 @@ inline constexpr std::uint32_t modifiers = KeyModifiers::command | KeyModifiers:
 HotKeyPurpose purpose();
 } // namespace LockShortcut
 
-/// Locks the screen at once; a failure is logged and has no other effect.
-void lockScreen(ScreenLock& screenLock);
+/// Locks the screen at once. A failure is logged and, because whoever has asked for it is about to walk away, handed to
+/// `tell` as the title and the body of a notification.
+void lockScreen(ScreenLock& screenLock, std::function<void(const QString& title, const QString& body)> tell);
 
 } // namespace Tarvik

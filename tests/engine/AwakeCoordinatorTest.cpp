@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "CoordinatedMachine.h"
 
+#include "hotkey/LockScreen.h"
 #include "support/TestSupport.h"
 
 #include <QSignalSpy>
@@ -518,6 +519,30 @@ private Q_SLOTS:
         m->thermalState.current = ThermalLevel::critical;
         m->start();
         QCOMPARE(m->coordinator->statusDetails(), u"charging 63% · running very hot"_s);
+    }
+
+    void aScreenThatCannotBeLockedIsAnnouncedWhateverTheSettings()
+    {
+        m->store.values[u"notifyOnPause"_s] = false;
+        m->start();
+        m->hotKeys.press(LockShortcut::keyCode, LockShortcut::modifiers);
+        expectLog(QtCriticalMsg, u"^Could not lock the screen: no locker$"_s);
+        m->screenLock.answer(u"no locker"_s);
+        m->coordinator->lockScreen();
+        expectLog(QtCriticalMsg, u"^Could not lock the screen: no locker$"_s);
+        m->screenLock.answer(u"no locker"_s);
+        const QString text = u"Tarvik could not lock the screen: No locker"_s;
+        QCOMPARE(m->notifications.texts(), (QStringList{text, text}));
+    }
+
+    void aScreenThatCannotBeLockedAfterTheEndIsOnlyLogged()
+    {
+        m->start();
+        m->coordinator->lockScreen();
+        m->coordinator.reset();
+        expectLog(QtCriticalMsg, u"^Could not lock the screen: no locker$"_s);
+        m->screenLock.answer(u"no locker"_s);
+        QCOMPARE(m->notifications.texts(), QStringList());
     }
 
     void theShortcutLocksTheScreenForAsLongAsTheCoordinatorLives()

@@ -32,7 +32,7 @@ private Q_SLOTS:
             center,
             LockShortcut::keyCode,
             LockShortcut::modifiers,
-            [&] { lockScreen(screenLock); },
+            [&] { lockScreen(screenLock, {}); },
             LockShortcut::purpose());
         QCOMPARE(screenLock.requests, 0);
         hotKeys.press(0, 0x900);
@@ -40,12 +40,21 @@ private Q_SLOTS:
         screenLock.answer({});
     }
 
-    void aFailureIsOneLineInTheLog()
+    void aFailureIsOneLineInTheLogAndIsTold()
     {
         FakeScreenLock screenLock;
-        lockScreen(screenLock);
-        expectLog(QtCriticalMsg, u"^Could not lock the screen: No screen locker could be reached$"_s);
-        screenLock.answer(u"No screen locker could be reached"_s);
+        QStringList told;
+        lockScreen(screenLock, [&](const QString& title, const QString& body) { told = {title, body}; });
+        expectLog(QtCriticalMsg, u"^Could not lock the screen: no screen locker could be reached$"_s);
+        screenLock.answer(u"no screen locker could be reached"_s);
+        QCOMPARE(told, (QStringList{u"Tarvik could not lock the screen"_s, u"No screen locker could be reached"_s}));
+    }
+
+    void aLockedScreenIsNotTold()
+    {
+        FakeScreenLock screenLock;
+        lockScreen(screenLock, [](const QString&, const QString&) { QFAIL("There is nothing to tell."); });
+        screenLock.answer({});
     }
 
     void aFailureIsLoggedAsAnErrorOfTheSystemCategory()
@@ -53,7 +62,7 @@ private Q_SLOTS:
         static QByteArray category;
         static QtMsgType type = QtDebugMsg;
         FakeScreenLock screenLock;
-        lockScreen(screenLock);
+        lockScreen(screenLock, [](const QString&, const QString&) {});
         const QtMessageHandler before
             = qInstallMessageHandler([](QtMsgType level, const QMessageLogContext& context, const QString&) {
                   category = context.category;
