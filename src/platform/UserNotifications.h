@@ -13,8 +13,8 @@ class UserNotifications {
 public:
     virtual ~UserNotifications() = default;
 
-    /// Asks for permission to post alerts. The answer comes later: `granted`, or an error text, which is empty without
-    /// one.
+    /// Asks for permission to post alerts. The answer comes later, when there is somebody to ask: `granted`, or an
+    /// error text, which is empty without one.
     virtual void requestAuthorization(std::function<void(bool granted, const QString& error)> done) = 0;
 
     /// Shows one notification at once, never in place of an earlier one. Plain text; `identifier` is unique.

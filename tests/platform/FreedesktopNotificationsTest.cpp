@@ -31,15 +31,44 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answers, QStringList{u"granted"_s});
     }
 
-    void noDaemonIsAnError()
+    void aPostToNobodyIsAnError()
     {
-        authorize();
-        QTRY_COMPARE(m_answers.size(), 1);
-        QVERIFY2(
-            m_answers.constFirst().contains("org.freedesktop.Notifications"_L1), qPrintable(m_answers.constFirst()));
         post(u"body"_s);
         QTRY_COMPARE(m_errors.size(), 1);
         QVERIFY2(m_errors.constFirst().contains("org.freedesktop.Notifications"_L1), qPrintable(m_errors.constFirst()));
+    }
+
+    void aDaemonThatIsNotThereYetIsAskedWhenItAppears()
+    {
+        authorize();
+        authorize();
+        // The bus has said that nobody is there once it has said so to this post.
+        post(u"body"_s);
+        QTRY_COMPARE(m_errors.size(), 1);
+        QVERIFY(m_answers.isEmpty());
+        FakeNotificationDaemon daemon(m_services);
+        QVERIFY(daemon.appear());
+        QTRY_COMPARE(m_answers, (QStringList{u"granted"_s, u"granted"_s}));
+        QCOMPARE(daemon.capabilityReads, 1);
+    }
+
+    void aDaemonThatAppearsWhileTheBusIsAskedIsNotMissed()
+    {
+        FakeNotificationDaemon daemon(m_services);
+        authorize();
+        QVERIFY(daemon.appear());
+        QTRY_COMPARE(m_answers, QStringList{u"granted"_s});
+    }
+
+    void aDaemonThatAppearsAndRefusesIsAnError()
+    {
+        authorize();
+        post(u"body"_s);
+        QTRY_COMPARE(m_errors.size(), 1);
+        FakeNotificationDaemon daemon(m_services);
+        daemon.refuses = true;
+        QVERIFY(daemon.appear());
+        QTRY_COMPARE(m_answers, QStringList{u"Out of paper"_s});
     }
 
     void noBusIsAnError()

@@ -26,6 +26,14 @@ QString errorText(const QDBusMessage& answer)
     return answer.errorMessage().isEmpty() ? answer.errorName() : answer.errorMessage();
 }
 
+/// Whether it is the bus that answers, which knows of no daemon or could not start one.
+bool saysNobodyIsThere(const QDBusMessage& answer)
+{
+    return answer.errorName() == "org.freedesktop.DBus.Error.ServiceUnknown"_L1
+        || answer.errorName() == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1
+        || answer.errorName().startsWith("org.freedesktop.DBus.Error.Spawn."_L1);
+}
+
 QString escaped(QString text)
 {
     return text.replace(u'&', "&amp;"_L1).replace(u'<', "&lt;"_L1).replace(u'>', "&gt;"_L1);
@@ -49,7 +57,18 @@ FreedesktopNotifications::FreedesktopNotifications(QDBusConnection sessionBus, Q
 
 void FreedesktopNotifications::requestAuthorization(std::function<void(bool granted, const QString& error)> done)
 {
-    afterReadingCapabilities([done = std::move(done)](const QString& error) { done(error.isEmpty(), error); });
+    m_requests.push_back(std::move(done));
+    answerRequests();
+}
+
+void FreedesktopNotifications::answerRequests()
+{
+    afterReadingCapabilities([this](const QString& error) {
+        if (m_isAbsent)
+            return;
+        for (const auto& done : std::exchange(m_requests, {}))
+            done(error.isEmpty(), error);
+    });
 }
 
 void FreedesktopNotifications::post(
@@ -77,6 +96,7 @@ void FreedesktopNotifications::afterReadingCapabilities(Receiver next)
 void FreedesktopNotifications::readCapabilities()
 {
     m_askedPredecessor = false;
+    m_hasAppeared = false;
     m_capabilitiesCall = callAsync(
         m_bus,
         methodCall(u"GetCapabilities"_s),
@@ -87,6 +107,12 @@ void FreedesktopNotifications::readCapabilities()
 void FreedesktopNotifications::receiveCapabilities(const QDBusMessage& answer)
 {
     m_capabilitiesCall.reset();
+    m_isAbsent = saysNobodyIsThere(answer);
+    // QtDBus may tell of a new owner ahead of an older answer.
+    if (m_isAbsent && m_hasAppeared) {
+        readCapabilities();
+        return;
+    }
     const QString error = errorText(answer);
     if (error.isEmpty())
         m_readsMarkup = answer.arguments().value(0).toStringList().contains("body-markup"_L1);
@@ -102,6 +128,9 @@ void FreedesktopNotifications::changeOwner(const QString& before, const QString&
     // The predecessor's answer would say nothing about this daemon, and may never come.
     if (m_askedPredecessor && m_capabilitiesCall && !now.isEmpty())
         readCapabilities();
+    m_hasAppeared = m_capabilitiesCall && !now.isEmpty();
+    if (!m_capabilitiesCall && !now.isEmpty() && !m_requests.empty())
+        answerRequests();
 }
 
 void FreedesktopNotifications::notify(const QString& title, const QString& body, Receiver done)

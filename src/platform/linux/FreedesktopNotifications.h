@@ -14,8 +14,8 @@
 namespace Tarvik {
 
 /// org.freedesktop.Notifications, version 1.2 of the Desktop Notifications Specification. The bus starts the desktop's
-/// notification daemon where it is not running. Nobody is asked for permission there: authorisation is granted when a
-/// daemon answers.
+/// notification daemon where it is not running and it knows how. Nobody is asked for permission there: authorisation is
+/// granted when a daemon answers, be it that the desktop starts it only after us.
 class FreedesktopNotifications final : public UserNotifications {
 public:
     /// `icon` is a name in the icon theme or a file's URI.
@@ -32,6 +32,7 @@ public:
 private:
     using Receiver = std::function<void(const QString& error)>;
 
+    void answerRequests();
     void afterReadingCapabilities(Receiver next);
     void readCapabilities();
     void receiveCapabilities(const QDBusMessage& answer);
@@ -46,6 +47,11 @@ private:
     DBusCall m_capabilitiesCall;
     /// The daemon that was asked has lost its name meanwhile.
     bool m_askedPredecessor = false;
+    /// A daemon has appeared since the last question.
+    bool m_hasAppeared = false;
+    /// When last asked, there was no daemon.
+    bool m_isAbsent = false;
+    std::vector<std::function<void(bool granted, const QString& error)>> m_requests;
     std::vector<Receiver> m_waiting;
     std::map<unsigned, DBusCall> m_posts;
     unsigned m_lastPost = 0;
