@@ -28,5 +28,5 @@ target_compile_definitions(tarvik-options INTERFACE
 function(tarvik_library folder)
   string(REPLACE "/" "-" name "tarvik-${folder}")
   add_library(${name} STATIC ${ARGN})
-  target_link_libraries(${name} PUBLIC tarvik-options Qt6::Core)
+  target_link_libraries(${name} PUBLIC tarvik-base Qt6::Core)
 endfunction()

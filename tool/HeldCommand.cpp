@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HeldCommand.h"
 
+#include "base/FileDescriptor.h"
 #include "platform/HookWire.h"
-#include "platform/linux/kernel/FileDescriptor.h"
 
 #include <poll.h>
 #include <spawn.h>

@@ -6,7 +6,7 @@
 #include "DBusMessage.h"
 #include "Deadline.h"
 
-#include "platform/linux/kernel/FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 #include <optional>
 #include <string>

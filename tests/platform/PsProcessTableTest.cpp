@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PsProcessTable.h"
 
+#include "base/FileDescriptor.h"
 #include "fakes/FakeClock.h"
 #include "platform/linux/TimerfdClock.h"
-#include "platform/linux/kernel/FileDescriptor.h"
 #include "support/TestSupport.h"
 
 #include <QDir>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/FileDescriptor.h"
 #include "core/SettingsStore.h"
-#include "platform/linux/kernel/FileDescriptor.h"
 
 #include <QJsonObject>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/kernel/FileDescriptor.h"
+#include "base/ChildProcess.h"
 
 #include <QByteArray>
 
@@ -22,28 +22,27 @@ public:
     PsProcess(const PsProcess&) = delete;
     PsProcess& operator=(const PsProcess&) = delete;
 
-    /// Readable once the child has ended, pidfd_open(2).
-    int exitDescriptor() const { return m_pidfd.get(); }
+    /// Readable once the child has ended.
+    int endDescriptor() const { return m_process.endDescriptor(); }
 
     /// Takes what lies in the pipe, without blocking; false when that is more than allowed or cannot be read.
     bool readAvailable();
     /// Blocks until the child has closed its output; false as above.
     bool readToEnd();
     /// Waits for the child to end. True if it ended by itself, with whatever status.
-    bool reap();
+    bool reap() { return m_process.reap().has_value(); }
 
     const QByteArray& output() const { return m_output; }
 
 private:
-    PsProcess(FileDescriptor pidfd, FileDescriptor pipe, qsizetype maximumBytes);
+    PsProcess(ChildProcess process, FileDescriptor pipe, qsizetype maximumBytes);
     /// At most `size` bytes in one read(2); the number of bytes, 0 at the end, or -1.
     qsizetype append(qsizetype size);
 
-    FileDescriptor m_pidfd;
+    ChildProcess m_process;
     FileDescriptor m_pipe;
     qsizetype m_maximumBytes;
     QByteArray m_output;
-    bool m_reaped = false;
 };
 
 } // namespace Tarvik

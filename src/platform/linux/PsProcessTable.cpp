@@ -51,7 +51,7 @@ void PsProcessTable::read(Receiver receiver)
         return;
     }
 
-    m_exitNotifier = std::make_unique<QSocketNotifier>(m_process->exitDescriptor(), QSocketNotifier::Read);
+    m_exitNotifier = std::make_unique<QSocketNotifier>(m_process->endDescriptor(), QSocketNotifier::Read);
     QObject::connect(m_exitNotifier.get(), &QSocketNotifier::activated, &m_context, [this] {
         const bool complete = m_process->readAvailable();
         finish(m_process->reap() && complete);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/kernel/FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 #include <QByteArray>
 #include <QSocketNotifier>

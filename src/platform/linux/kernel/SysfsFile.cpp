@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/kernel/SysfsFile.h"
 
-#include "platform/linux/kernel/FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 #include <QFile>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/kernel/FileDescriptor.h"
+#include "base/ChildProcess.h"
 
 #include <QSocketNotifier>
 #include <QStringList>
@@ -25,13 +25,13 @@ public:
     LockCommand(const LockCommand&) = delete;
     LockCommand& operator=(const LockCommand&) = delete;
 
-    bool isRunning() const { return m_pidfd.isValid(); }
+    bool isRunning() const { return m_process.isHeld(); }
 
 private:
-    LockCommand(FileDescriptor pidfd, std::function<void(bool succeeded)> onExit);
+    LockCommand(ChildProcess process, std::function<void(bool succeeded)> onExit);
     void reap();
 
-    FileDescriptor m_pidfd;
+    ChildProcess m_process;
     std::function<void(bool succeeded)> m_onExit;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
