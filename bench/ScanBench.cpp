@@ -67,7 +67,7 @@ public:
     {
     }
 
-    QByteArray readNow() override { return m_table.readNow(); }
+    bool wait(Seconds patience) override { return m_table.wait(patience); }
 
     void read(Receiver receiver) override
     {

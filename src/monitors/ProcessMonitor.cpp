@@ -20,7 +20,10 @@ ProcessMonitor::ProcessMonitor(
 {
     m_applications.onChange = [this] { scan(); };
     m_timer = clock.every(pollInterval, [this] { scan(); });
-    publishFrom(m_table.readNow());
+    scan();
+    // What the desktop reports is known without it. Whenever it comes, it is published like any other.
+    if (m_isScanning && !m_table.wait(startPatience))
+        publishFrom({});
 }
 
 ProcessMonitor::~ProcessMonitor()

@@ -29,6 +29,9 @@ public:
 
     static constexpr Seconds pollInterval{5.0};
 
+    /// The longest that construction waits for the process table: nothing starts later because a listing hangs.
+    static constexpr Seconds startPatience{2.0};
+
     /// Scans once before it returns, waiting for the process table that one time. The settings are not kept alive;
     /// without them a scan does nothing. The others must outlive the monitor.
     ProcessMonitor(AppSettings& settings,

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Clock.h"
+
 #include <QByteArray>
 
 #include <functional>
@@ -16,12 +18,13 @@ public:
 
     virtual ~ProcessTable() = default;
 
-    /// Lists and waits for the result. Blocks; meant for the one pass before the event loop runs.
-    virtual QByteArray readNow() = 0;
-
     /// Lists without blocking; `receiver` is called later from the event loop, unless the table is destroyed before.
     /// Must not be called while an earlier listing is still running.
     virtual void read(Receiver receiver) = 0;
+
+    /// Waits for the listing that is running. Returns whether it has come to its end, and its receiver has been called,
+    /// within that time; else it goes on. Blocks; meant for the one pass before the event loop runs.
+    virtual bool wait(Seconds patience) = 0;
 };
 
 } // namespace Tarvik

@@ -8,15 +8,10 @@
 
 namespace Tarvik {
 
-/// A process table whose text is `output`. A read is answered at once or, when `answersLater`, by finish().
+/// A process table whose text is `output`. A read is answered at once or, when `answersLater`, by finish() or, unless
+/// it `hangs`, when it is waited for.
 class FakeProcessTable final : public ProcessTable {
 public:
-    QByteArray readNow() override
-    {
-        ++reads;
-        return output;
-    }
-
     void read(Receiver receiver) override
     {
         ++reads;
@@ -25,10 +20,18 @@ public:
             finish();
     }
 
+    bool wait(Seconds) override
+    {
+        if (!hangs)
+            finish();
+        return !hangs;
+    }
+
     void finish() { std::exchange(pending, nullptr)(output); }
 
     QByteArray output;
     bool answersLater = false;
+    bool hangs = false;
     int reads = 0;
     Receiver pending;
 };

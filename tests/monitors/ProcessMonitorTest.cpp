@@ -40,6 +40,20 @@ private Q_SLOTS:
         QCOMPARE(m_table->reads, 1);
     }
 
+    void aListingThatHangsKeepsTheMonitorFromNothing()
+    {
+        m_settings->setWatchEditors(true);
+        m_applications->running = {{{}, u"Zed"_s}};
+        m_table->output = "/usr/bin/claude\n";
+        m_table->answersLater = true;
+        m_table->hangs = true;
+        const auto monitor = makeMonitor();
+        QCOMPARE(monitor->activeAgentLabels(), QStringList{u"Zed"_s});
+        m_table->finish();
+        QCOMPARE(monitor->activeAgentLabels(), (QStringList{u"Claude Code"_s, u"Zed"_s}));
+        QCOMPARE(m_changes, 1);
+    }
+
     void everyCommandLineAgentIsDetectedByEachOfItsNames()
     {
         const auto monitor = makeMonitor();

@@ -48,7 +48,7 @@ private Q_SLOTS:
         sleeper.start(u"/bin/sleep"_s, {u"86399.25"_s});
         QTRY_VERIFY(hasCommandLine(sleeper));
         PsProcessTable table(m_clock);
-        const QByteArray now = table.readNow();
+        const QByteArray now = readNow(table);
         const QByteArray later = readInLoop(table);
         sleeper.kill();
         QVERIFY(sleeper.waitForFinished());
@@ -64,7 +64,7 @@ private Q_SLOTS:
         sleeper.start(u"/bin/sleep"_s, {u"86396"_s});
         QTRY_VERIFY(hasCommandLine(sleeper));
         PsProcessTable table(m_clock);
-        const QByteArrayList lines = table.readNow().split('\n');
+        const QByteArrayList lines = readNow(table).split('\n');
         QVERIFY(!lines.contains("COMMAND"));
         sleeper.kill();
         QVERIFY(sleeper.waitForFinished());
@@ -78,8 +78,8 @@ private Q_SLOTS:
         const auto script = write("echo \"$#:$*\"; env | grep -v -e ^PWD= -e ^_= -e ^SHLVL= -e ^OLDPWD= | sort\n"
                                   "readlink /proc/$$/fd/0 /proc/$$/fd/2; echo noise >&2; cat");
         PsProcessTable table(m_clock, script);
-        QCOMPARE(table.readNow(),
-            QByteArray("3:-axww -o args=\nLC_ALL=C.UTF-8\nPATH=/usr/bin:/bin\n/dev/null\n/dev/null\n"));
+        QCOMPARE(
+            readNow(table), QByteArray("3:-axww -o args=\nLC_ALL=C.UTF-8\nPATH=/usr/bin:/bin\n/dev/null\n/dev/null\n"));
     }
 
     void theUsersPsSettingsDoNotMatter_data()
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QTRY_VERIFY(hasCommandLine(sleeper));
         const QByteArray before = qgetenv(variable.constData());
         qputenv(variable.constData(), value);
-        const QByteArray output = PsProcessTable(m_clock).readNow();
+        const QByteArray output = readNow(PsProcessTable(m_clock));
         if (before.isNull())
             qunsetenv(variable.constData());
         else
@@ -122,7 +122,7 @@ private Q_SLOTS:
         }
         QByteArray output;
         PsProcessTable table(m_clock);
-        QTRY_VERIFY((output = table.readNow()).contains("-tarvik 86397"));
+        QTRY_VERIFY((output = readNow(table)).contains("-tarvik 86397"));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
         QStringDecoder decoder(QStringDecoder::Utf8);
@@ -133,7 +133,7 @@ private Q_SLOTS:
     void bytesThatAreNotUtf8ArriveAsTheyAre()
     {
         PsProcessTable table(m_clock, write("printf 'a\\377\\376b\\001\\n'"));
-        QCOMPARE(table.readNow(),
+        QCOMPARE(readNow(table),
             QByteArray("a\xff\xfe"
                        "b\x01\n"));
         QCOMPARE(readInLoop(table),
@@ -160,7 +160,7 @@ private Q_SLOTS:
         }
         QByteArray output;
         PsProcessTable table(m_clock);
-        QTRY_VERIFY((output = table.readNow()).contains("sleep-with-arguments"));
+        QTRY_VERIFY((output = readNow(table)).contains("sleep-with-arguments"));
         const QByteArray inLoop = readInLoop(table);
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
@@ -178,13 +178,13 @@ private Q_SLOTS:
         const auto script = write("head -c 5000000 /dev/zero | tr '\\0' x");
         PsProcessTable table(m_clock, script);
         QCOMPARE(readInLoop(table), QByteArray(5'000'000, 'x'));
-        QCOMPARE(table.readNow(), QByteArray(5'000'000, 'x'));
+        QCOMPARE(readNow(table), QByteArray(5'000'000, 'x'));
     }
 
     void anOutputBeyondTheLimitIsNoListing()
     {
         PsProcessTable table(m_clock, write("exec head -c 300000000 /dev/zero"));
-        QCOMPARE(table.readNow(), QByteArray());
+        QCOMPARE(readNow(table), QByteArray());
         QTRY_VERIFY(waitForTheKilled());
     }
 
@@ -204,24 +204,59 @@ private Q_SLOTS:
         FakeClock clock;
         auto table = std::make_unique<PsProcessTable>(clock, write("exec sleep 86395"));
         table->read([](const QByteArray&) { QFAIL("the listing has not ended"); });
-        clock.advance(60s);
+        clock.advance(27s);
         QVERIFY(clock.untilNext() > 1s);
         QVERIFY(clock.untilNext() <= 5s);
         table.reset();
         QTRY_VERIFY(waitForTheKilled());
     }
 
+    void aHangingChildIsKilledAfterHalfAMinuteAndCountsAsAFailedRun()
+    {
+        FakeClock clock;
+        PsProcessTable table(clock, write("echo line\nexec sleep 86394"));
+        QByteArray output = "unset";
+        table.read([&](const QByteArray& text) { output = text; });
+        clock.advance(29.9s);
+        QCOMPARE(output, QByteArray("unset"));
+        clock.advance(0.1s);
+        QCOMPARE(output, QByteArray());
+        QCOMPARE(clock.pending(), 0U);
+        QTRY_VERIFY(waitForTheKilled());
+        table.read([&](const QByteArray&) { output = "next"; });
+        clock.advance(30s);
+        QCOMPARE(output, QByteArray("next"));
+        QTRY_VERIFY(waitForTheKilled());
+    }
+
+    void waitingEndsBeforeAListingThatHangsAndTheListingGoesOn()
+    {
+        const QString go = m_directory.filePath(u"go"_s);
+        PsProcessTable table(m_clock, write("while [ ! -e " + go.toLocal8Bit() + " ]; do sleep 0.01; done; echo line"));
+        QByteArray output = "unset";
+        table.read([&](const QByteArray& text) { output = text; });
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!table.wait(0.05s));
+        QVERIFY(timer.elapsed() >= 50);
+        QCOMPARE(output, QByteArray("unset"));
+        QVERIFY(QFile(go).open(QIODevice::WriteOnly));
+        QTRY_COMPARE(output, QByteArray("line\n"));
+    }
+
     void anExecutableThatIsMissingGivesNothingLater()
     {
         PsProcessTable table(m_clock, "/nonexistent/ps");
-        QCOMPARE(table.readNow(), QByteArray());
-        bool called = false;
+        QCOMPARE(readNow(table), QByteArray());
+        int calls = 0;
         table.read([&](const QByteArray& output) {
-            called = true;
+            ++calls;
             QVERIFY(output.isEmpty());
         });
-        QVERIFY(!called);
-        QTRY_VERIFY(called);
+        QCOMPARE(calls, 0);
+        QTRY_COMPARE(calls, 1);
+        QCoreApplication::processEvents();
+        QCOMPARE(calls, 1);
     }
 
     void aDestroyedTableDoesNotReportAFailedStart()
@@ -234,9 +269,9 @@ private Q_SLOTS:
 
     void outputOfAFailedRunCountsAndOfAKilledOneDoesNot()
     {
-        QCOMPARE(PsProcessTable(m_clock, write("echo line; exit 1")).readNow(), QByteArray("line\n"));
+        QCOMPARE(readNow(PsProcessTable(m_clock, write("echo line; exit 1"))), QByteArray("line\n"));
         PsProcessTable killed(m_clock, write("echo line; kill -9 $$"));
-        QCOMPARE(killed.readNow(), QByteArray());
+        QCOMPARE(readNow(killed), QByteArray());
         QCOMPARE(readInLoop(killed, "unset"), QByteArray());
     }
 
@@ -252,13 +287,13 @@ private Q_SLOTS:
         for (const int spare : {0, 1, 2}) {
             const rlimit tight{.rlim_cur = static_cast<rlim_t>(firstFree + spare), .rlim_max = before.rlim_max};
             QCOMPARE(setrlimit(RLIMIT_NOFILE, &tight), 0);
-            const QByteArray output = table.readNow();
+            const QByteArray output = readNow(table);
             QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
             QCOMPARE(output, QByteArray());
             QCOMPARE(openDescriptors(), open);
             QVERIFY(hasNoChildren());
         }
-        QVERIFY(!table.readNow().isEmpty());
+        QVERIFY(!readNow(table).isEmpty());
     }
 
     void blockedAndIgnoredSignalsAreNotInherited()
@@ -269,7 +304,7 @@ private Q_SLOTS:
         sigprocmask(SIG_SETMASK, &all, &before);
         auto* const pipeSignal = signal(SIGPIPE, SIG_IGN);
         const QByteArray output
-            = PsProcessTable(m_clock, write("exec grep -E '^Sig(Blk|Ign)' /proc/self/status")).readNow();
+            = readNow(PsProcessTable(m_clock, write("exec grep -E '^Sig(Blk|Ign)' /proc/self/status")));
         signal(SIGPIPE, pipeSignal);
         sigprocmask(SIG_SETMASK, &before, nullptr);
         const QByteArrayList lines = output.split('\n');
@@ -320,7 +355,7 @@ private Q_SLOTS:
         QCOMPARE(readInLoop(table), QByteArray("line\n"));
         const QStringList before = openDescriptors();
         for (int i = 0; i < 100; ++i)
-            QCOMPARE(i % 2 == 0 ? readInLoop(table) : table.readNow(), QByteArray("line\n"));
+            QCOMPARE(i % 2 == 0 ? readInLoop(table) : readNow(table), QByteArray("line\n"));
         QCOMPARE(openDescriptors(), before);
         QVERIFY(hasNoChildren());
     }
@@ -330,7 +365,7 @@ private Q_SLOTS:
         PsProcessTable table(m_clock, write("exec ls /proc/self/fd"));
         const FileDescriptor inheritable(dup(STDIN_FILENO));
         // The last one is the directory that is being listed.
-        QCOMPARE(table.readNow(), QByteArray("0\n1\n2\n3\n"));
+        QCOMPARE(readNow(table), QByteArray("0\n1\n2\n3\n"));
     }
 
     void aZombieIsListedByItsNameAlone()
@@ -342,7 +377,7 @@ private Q_SLOTS:
         }
         siginfo_t ended{};
         QCOMPARE(waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT), 0);
-        const QByteArray output = PsProcessTable(m_clock).readNow();
+        const QByteArray output = readNow(PsProcessTable(m_clock));
         waitpid(child, nullptr, 0);
         QVERIFY(output.split('\n').contains("[tarvik-zombie] <defunct>"));
     }
@@ -356,6 +391,18 @@ private:
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return file.fileName().toStdString();
     }
+
+    /// Waits for the listing without an event loop.
+    static QByteArray readNow(PsProcessTable& table)
+    {
+        QByteArray result = "no answer";
+        table.read([&](const QByteArray& output) { result = output; });
+        if (!table.wait(30s))
+            qWarning("the listing has not ended");
+        return result;
+    }
+
+    static QByteArray readNow(PsProcessTable&& table) { return readNow(table); }
 
     static QByteArray readInLoop(PsProcessTable& table, const QByteArray& initial = {})
     {

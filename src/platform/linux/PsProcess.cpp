@@ -21,7 +21,6 @@ namespace {
 /// Enough for nearly every listing, so that the child never has to wait for us; also what an unprivileged process may
 /// ask for by default, see pipe(7).
 constexpr int pipeBytes = 1024 * 1024;
-constexpr qsizetype blockingReadBytes = 64 * 1024;
 constexpr auto killTime = 100ms;
 
 /// Nothing is inherited: COLUMNS, PS_FORMAT, PS_PERSONALITY and more of the kind change what ps prints, and a locale
@@ -73,15 +72,6 @@ bool PsProcess::readAvailable()
     if (ioctl(m_pipe.get(), FIONREAD, &available) != 0)
         return false;
     return available == 0 || append(available) >= 0;
-}
-
-bool PsProcess::readToEnd()
-{
-    for (;;) {
-        const qsizetype count = append(blockingReadBytes);
-        if (count <= 0)
-            return count == 0;
-    }
 }
 
 qsizetype PsProcess::append(qsizetype size)

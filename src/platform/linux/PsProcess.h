@@ -24,11 +24,11 @@ public:
 
     /// Readable once the child has ended.
     int endDescriptor() const { return m_process.endDescriptor(); }
+    /// Whether the child ends within that time.
+    bool awaitEnd(std::chrono::milliseconds patience) const { return m_process.awaitEnd(patience); }
 
     /// Takes what lies in the pipe, without blocking; false when that is more than allowed or cannot be read.
     bool readAvailable();
-    /// Blocks until the child has closed its output; false as above.
-    bool readToEnd();
     /// Waits for the child to end. True if it ended by itself, with whatever status.
     bool reap() { return m_process.reap().has_value(); }
 
