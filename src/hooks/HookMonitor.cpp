@@ -7,6 +7,7 @@
 #include "platform/HookWire.h"
 
 #include <QByteArray>
+#include <QSet>
 
 #include <algorithm>
 #include <clocale>
@@ -129,8 +130,14 @@ QList<HookSession> HookMonitor::sessions() const
 
 QStringList HookMonitor::activeAgents() const
 {
-    QStringList labels = m_registry.liveTools(m_clock.now());
-    std::ranges::transform(labels, labels.begin(), label);
+    QStringList labels;
+    QSet<QString> known;
+    for (const HookSession& session : m_registry.live(m_clock.now())) {
+        if (!known.contains(session.tool)) {
+            known.insert(session.tool);
+            labels.append(label(session.tool));
+        }
+    }
     return labels;
 }
 
@@ -153,7 +160,10 @@ void HookMonitor::handle(const HookChannel::Payload& payload)
         };
         switch (announcement->action) {
         case Action::acquire:
-            return m_registry.hasRoomFor(session) ? std::optional(m_registry.acquire(session)) : std::nullopt;
+            // Leases that are over are in nobody's way.
+            if (!m_registry.hasRoomFor(session.key))
+                handleExpiry();
+            return m_registry.hasRoomFor(session.key) ? std::optional(m_registry.acquire(session)) : std::nullopt;
         case Action::release:
             return m_registry.release(announcement->key, now);
         case Action::releaseAll:
@@ -178,7 +188,6 @@ void HookMonitor::handle(const HookChannel::Payload& payload)
 void HookMonitor::handleExpiry()
 {
     const TimePoint now = m_clock.now();
-    m_expiryTimer.reset();
     if (!m_registry.dropLapsed(now)) {
         armExpiryTimer(now);
         return;
@@ -209,8 +218,10 @@ void HookMonitor::armExpiryTimer(TimePoint now)
     if (m_expiryTimer && m_expiryTimer->expiry == *expiry && now < m_expiryTimer->due)
         return;
     const Seconds delay = std::max(*expiry - now + slack, slack);
-    m_expiryTimer
-        = ExpiryTimer{.expiry = *expiry, .due = now + delay, .timer = m_clock.after(delay, [this] { handleExpiry(); })};
+    m_expiryTimer = ExpiryTimer{.expiry = *expiry, .due = now + delay, .timer = m_clock.after(delay, [this] {
+                                    m_expiryTimer.reset();
+                                    handleExpiry();
+                                })};
 }
 
 } // namespace Tarvik

@@ -135,18 +135,6 @@ private Q_SLOTS:
         QCOMPARE(liveKeys(registry, 1e12), QStringList{u"c"_s});
     }
 
-    void toolsAreThoseOfTheLiveLeasesWithoutRepeats()
-    {
-        HookRegistry registry;
-        registry.acquire(session(u"1"_s, 0, 10, u"gemini"_s));
-        registry.acquire(session(u"2"_s, 1, 20, u"codex"_s));
-        registry.acquire(session(u"3"_s, 2, 20, u"claude"_s));
-        registry.acquire(session(u"4"_s, 3, 20, u"codex"_s));
-        QCOMPARE(registry.liveTools(at(5)), QStringList({u"gemini"_s, u"codex"_s, u"claude"_s}));
-        QCOMPARE(registry.liveTools(at(10)), QStringList({u"codex"_s, u"claude"_s}));
-        QCOMPARE(registry.liveTools(at(20)), QStringList());
-    }
-
     void aCopyIsAValueOfItsOwn()
     {
         HookRegistry registry;
@@ -157,20 +145,20 @@ private Q_SLOTS:
         QCOMPARE(copy.liveCount(at(1)), 0);
     }
 
-    void thereIsRoomForRealWorkButNotForAFlood()
+    void thereIsRoomForAThousandLeases()
     {
         HookRegistry registry;
-        HookSession huge = session(u"huge"_s, 0, 10);
-        huge.reason = QString(HookRegistry::maximumSize / 4, u'x');
-        QVERIFY(registry.hasRoomFor(huge));
-        registry.acquire(huge);
-        // In the place of itself it fits, beside itself it does not.
-        QVERIFY(registry.hasRoomFor(huge));
-        huge.key = u"other"_s;
-        QVERIFY(!registry.hasRoomFor(huge));
-        QVERIFY(registry.hasRoomFor(session(u"small"_s, 0, 10)));
-        registry.release(u"huge"_s, at(1));
-        QVERIFY(registry.hasRoomFor(huge));
+        for (int number = 0; number < HookRegistry::maximumCount; ++number) {
+            const QString key = QString::number(number);
+            QVERIFY(registry.hasRoomFor(key));
+            registry.acquire(session(key, 0, 10));
+        }
+        QCOMPARE(registry.sessions().size(), 1000);
+        // In the place of another it fits, beside it it does not.
+        QVERIFY(registry.hasRoomFor(u"0"_s));
+        QVERIFY(!registry.hasRoomFor(u"new"_s));
+        registry.release(u"0"_s, at(1));
+        QVERIFY(registry.hasRoomFor(u"new"_s));
     }
 
     void randomOperationsAgreeWithAPlainTable()
