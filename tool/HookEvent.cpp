@@ -3,6 +3,7 @@
 #include "HookEvent.h"
 
 #include "hooks/HookSpec.h"
+#include "hooks/HookTraits.h"
 #include "platform/HookWire.h"
 
 #include <rapidjson/memorystream.h>
@@ -129,22 +130,15 @@ static std::string inferEventName(const HookPayload& payload)
 
 std::string hookEventName(std::string_view tool, const HookPayload& payload)
 {
-    return payload.event.empty() && tool == "copilot" ? inferEventName(payload) : payload.event;
+    return payload.event.empty() && HookTraits::of(tool).leavesEventsUnnamed ? inferEventName(payload) : payload.event;
 }
 
 std::string hookSessionKey(std::string_view tool, const HookPayload& payload, const Environment& environment)
 {
-    static constexpr std::array<std::pair<std::string_view, const char*>, 4> variables{{
-        {"claude", "CLAUDE_CODE_SESSION_ID"},
-        {"gemini", "GEMINI_SESSION_ID"},
-        {"qwen", "QWEN_CODE_SESSION_ID"},
-        {"droid", "session_id"},
-    }};
     std::string session = payload.session;
-    for (const auto& [agent, variable] : variables) {
-        if (session.empty() && agent == tool)
-            session = environment(variable);
-    }
+    const char* const variable = HookTraits::of(tool).sessionVariable;
+    if (session.empty() && variable != nullptr)
+        session = environment(variable);
     if (session.empty())
         session = payload.transcriptPath.empty() ? payload.workingDirectory : payload.transcriptPath;
     return session.empty() ? session : std::string(tool) + ':' + session;

@@ -5,7 +5,6 @@
 #include "bus/BusInterface.h"
 #include "bus/BusInterfaces.h"
 #include "engine/LaunchAtLogin.h"
-#include "hooks/HookConfig.h"
 
 #include <QCoreApplication>
 
@@ -14,14 +13,13 @@ namespace Tarvik {
 TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
     : m_platform(systemBus, sessionBus)
     , m_settings(*m_platform.settingsStore)
+    , m_hookFiles(m_platform.home, m_platform.bundle.toolPath())
     , m_power(*m_platform.powerSources, *m_platform.lidSensor, m_platform.clock)
     , m_process(m_settings,
           *m_platform.processTable,
           *m_platform.runningApplications,
           m_platform.clock,
-          [this, invalidIds = QSet<QString>()]() mutable {
-              return HookConfig::installedIds(m_platform.home, invalidIds);
-          })
+          [this] { return m_hookFiles.installedIds(); })
     , m_thermal(*m_platform.thermalState)
     , m_journal(*m_platform.settingsStore, m_platform.clock)
     , m_hooks(*m_platform.hookChannel, m_platform.clock)
@@ -33,7 +31,7 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
               m_hotKeys,
               *m_platform.screenLock,
               m_platform.clock},
-          {.home = m_platform.home, .tool = m_platform.bundle.toolPath()})
+          m_hookFiles)
     , m_updater(*m_platform.updateDriver, *m_platform.settingsStore, m_platform.clock)
     , m_status({m_coordinator,
                    m_power,
@@ -79,7 +77,7 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     m_busObject.add(BusInterfaces::thermal(m_thermal, sessionBus));
     m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
-    m_busObject.add(BusInterfaces::hooks({.home = m_platform.home, .tool = m_platform.bundle.toolPath()}, sessionBus));
+    m_busObject.add(BusInterfaces::hooks(m_hookFiles, sessionBus));
 }
 
 } // namespace Tarvik

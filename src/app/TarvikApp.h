@@ -9,6 +9,7 @@
 #include "core/AppSettings.h"
 #include "engine/AwakeCoordinator.h"
 #include "engine/TrayPresenter.h"
+#include "hooks/HookFiles.h"
 #include "hooks/HookMonitor.h"
 #include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
@@ -31,6 +32,7 @@ private:
 
     LinuxPlatform m_platform;
     AppSettings m_settings;
+    HookFiles m_hookFiles;
     PowerMonitor m_power;
     ProcessMonitor m_process;
     ThermalMonitor m_thermal;

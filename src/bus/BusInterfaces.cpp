@@ -9,7 +9,7 @@
 #include "core/AppSettings.h"
 #include "engine/AwakeCoordinator.h"
 #include "engine/StatusText.h"
-#include "hooks/HookConfig.h"
+#include "hooks/HookFiles.h"
 #include "journal/Journal.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ThermalMonitor.h"
@@ -27,9 +27,9 @@ namespace {
 
 constexpr int longestSessionMinutes = 366 * 24 * 60;
 
-QStringList installedIds(const QString& home)
+QStringList installedIds(HookFiles& files)
 {
-    const QSet<QString> installed = HookConfig::installedIds(home);
+    const QSet<QString> installed = files.installedIds();
     QStringList ids;
     for (const HookSpec& spec : HookSpec::all) {
         const QString id = QString::fromUtf8(spec.id.data(), static_cast<qsizetype>(spec.id.size()));
@@ -182,21 +182,21 @@ std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& b
     return result;
 }
 
-std::unique_ptr<BusInterface> hooks(HookPaths paths, const QDBusConnection& bus)
+std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus)
 {
     auto result = std::make_unique<BusInterface>(UiWire::hooksInterface, bus);
     const auto property = u"installedIds"_s;
-    const auto read = [home = paths.home] { return installedIds(home); };
+    const auto read = [&files] { return installedIds(files); };
     result->addProperty(property, read);
     result->announceWithoutValue(property);
     result->addMethod(u"InstalledIds"_s, read);
-    result->addMethod(u"Install"_s, [paths, property, interface = result.get()](const QString& id) {
+    result->addMethod(u"Install"_s, [&files, property, interface = result.get()](const QString& id) {
         interface->invalidateSoon(property);
-        return edit(id, [&](const HookSpec& spec) { return HookConfig::install(spec, paths.home, paths.tool); });
+        return edit(id, [&](const HookSpec& spec) { return files.install(spec); });
     });
-    result->addMethod(u"Uninstall"_s, [paths, property, interface = result.get()](const QString& id) {
+    result->addMethod(u"Uninstall"_s, [&files, property, interface = result.get()](const QString& id) {
         interface->invalidateSoon(property);
-        return edit(id, [&](const HookSpec& spec) { return HookConfig::uninstall(spec, paths.home); });
+        return edit(id, [&](const HookSpec& spec) { return files.uninstall(spec); });
     });
     return result;
 }

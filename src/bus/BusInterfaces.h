@@ -13,6 +13,7 @@ namespace Tarvik {
 class AppSettings;
 class AwakeCoordinator;
 class BusInterface;
+class HookFiles;
 class Journal;
 class PowerMonitor;
 class StatusObject;
@@ -55,13 +56,7 @@ std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnec
 
 std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus);
 
-/// Whose configuration is edited, and which tool it is to run.
-struct HookPaths {
-    QString home;
-    QString tool;
-};
-
-std::unique_ptr<BusInterface> hooks(HookPaths paths, const QDBusConnection& bus);
+std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus);
 

@@ -6,7 +6,7 @@
 #include "core/Logging.h"
 #include "engine/LaunchAtLogin.h"
 #include "engine/StatusText.h"
-#include "hooks/HookConfig.h"
+#include "hooks/HookFiles.h"
 #include "hooks/HookMonitor.h"
 #include "hotkey/LockScreen.h"
 #include "journal/Journal.h"
@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace Tarvik {
 
-AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services, const HookPaths& hookPaths)
+AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services, const HookFiles& hookFiles)
     : m_parts(parts)
     , m_assertions(services.assertions)
     , m_screenLock(services.screenLock)
@@ -39,7 +39,7 @@ AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services,
         LockShortcut::purpose());
     if (m_parts.settings.notifyOnPause() || m_parts.settings.notifyOnToggle())
         m_notifications.requestAuthorization();
-    HookConfig::refreshOutdated(hookPaths.home, hookPaths.tool);
+    hookFiles.refreshOutdated();
     evaluate();
 }
 

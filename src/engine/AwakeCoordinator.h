@@ -17,6 +17,7 @@
 namespace Tarvik {
 
 class AppSettings;
+class HookFiles;
 class HookMonitor;
 class HotKeyCenter;
 class Journal;
@@ -60,15 +61,9 @@ public:
         Clock& clock;
     };
 
-    /// Where the agents' hook configuration lies and which tool it must run.
-    struct HookPaths {
-        QString home;
-        QString tool;
-    };
-
     /// Takes over the callbacks of all monitors, repairs the agents' hook entries and evaluates once. Everything passed
     /// in must outlive the coordinator.
-    AwakeCoordinator(const Parts& parts, const Services& services, const HookPaths& hookPaths);
+    AwakeCoordinator(const Parts& parts, const Services& services, const HookFiles& hookFiles);
     ~AwakeCoordinator() override;
 
     bool isAwake() const { return m_status.isAwake; }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/HookEntries.h"
 
+#include "hooks/HookTraits.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -152,7 +154,7 @@ std::vector<const Object*> eventMaps(const HookSpec& spec, const Object& documen
     const JsonValue* hooks = member(document, hooksKey);
     const bool hasHooks = hooks != nullptr && hooks->object() != nullptr;
     std::vector<const Object*> maps{hasHooks ? hooks->object() : &none};
-    if (alsoAtTopLevel(spec))
+    if (HookTraits::of(spec.id).readsTopLevel)
         maps.push_back(&document);
     return maps;
 }
@@ -203,7 +205,7 @@ void add(const HookSpec& spec, const std::string& command, JsonValue::Object& do
     if (hooks.object() == nullptr)
         hooks.content = Object{};
     addTo(*hooks.object(), spec, command);
-    if (alsoAtTopLevel(spec))
+    if (HookTraits::of(spec.id).readsTopLevel)
         addTo(document, spec, command);
     if (spec.shape == Shape::flatList)
         document.try_emplace(std::string(versionKey), JsonValue{JsonValue::Number{"1"}});
@@ -217,7 +219,7 @@ void remove(const HookSpec& spec, JsonValue::Object& document)
         if (hooks->second.object()->empty())
             document.erase(hooks);
     }
-    if (alsoAtTopLevel(spec))
+    if (HookTraits::of(spec.id).readsTopLevel)
         removeFrom(document, spec);
 }
 

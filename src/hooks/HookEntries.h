@@ -14,13 +14,6 @@
 /// stays as it is, in its order.
 namespace Tarvik::HookEntries {
 
-/// Whether this agent takes the events from the document's top level: Droid reads a hooks.json that is keyed by event
-/// and ignores, with a warning, what stands under "hooks". Our entries then go to both places.
-constexpr bool alsoAtTopLevel(const HookSpec& spec)
-{
-    return spec.id == "droid";
-}
-
 /// What the agent's shell shall run. Nothing when the tool's path (absolute) holds a character that keeps a meaning
 /// within double quotes, sh(1): an escaped one would no longer be recognised as ours, and a bare one would run
 /// something else at every turn of the agent.

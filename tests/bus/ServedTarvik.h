@@ -56,8 +56,7 @@ public:
         object->add(BusInterfaces::power(*machine.power, bus));
         object->add(BusInterfaces::thermal(*machine.thermal, bus));
         object->add(BusInterfaces::journal(*machine.journal, bus));
-        object->add(BusInterfaces::hooks(
-            {.home = machine.home.path(), .tool = QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")}, bus));
+        object->add(BusInterfaces::hooks(machine.hookFiles, bus));
         object->add(BusInterfaces::updater(*updater, bus));
         bus.registerService(QString::fromLatin1(StatusWire::busName));
     }

@@ -405,11 +405,11 @@ private Q_SLOTS:
     void anAgentWithAHookIsLeftOutOfProcessDetection()
     {
         const HookSpec* claude = HookSpec::all.data();
-        QVERIFY(HookConfig::install(*claude, m->home.path(), u"/opt/tarvik/Contents/SharedSupport/tarvik"_s));
+        QVERIFY(m->hookFiles.install(*claude));
         m->start();
         m->run("claude\n");
         QVERIFY(!m->coordinator->isAwake());
-        QVERIFY(HookConfig::uninstall(*claude, m->home.path()));
+        QVERIFY(m->hookFiles.uninstall(*claude));
         m->run("claude\n");
         QVERIFY(m->coordinator->isAwake());
     }
@@ -417,7 +417,7 @@ private Q_SLOTS:
     void hookEntriesOfAnotherInstallationAreRepairedAtStart()
     {
         const HookSpec* claude = HookSpec::all.data();
-        QVERIFY(HookConfig::install(*claude, m->home.path(), u"/somewhere/else/tarvik"_s));
+        QVERIFY(HookFiles(m->home.path(), u"/somewhere/else/tarvik"_s).install(*claude));
         expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
         m->start();
         QFile file(m->home.filePath(u".claude/settings.json"_s));

@@ -17,7 +17,7 @@
 #include "fakes/FakeSettingsStore.h"
 #include "fakes/FakeThermalState.h"
 #include "fakes/FakeUserNotifications.h"
-#include "hooks/HookConfig.h"
+#include "hooks/HookFiles.h"
 #include "hooks/HookMonitor.h"
 #include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
@@ -41,14 +41,13 @@ public:
     {
         settings.emplace(store);
         power.emplace(powerSources, lid, clock);
-        process.emplace(
-            *settings, processTable, applications, clock, [this] { return HookConfig::installedIds(home.path()); });
+        process.emplace(*settings, processTable, applications, clock, [this] { return hookFiles.installedIds(); });
         thermal.emplace(thermalState);
         journal.emplace(store, clock);
         hooks.emplace(channel, clock);
         coordinator.emplace(AwakeCoordinator::Parts{*settings, *power, *process, *thermal, *journal, *hooks},
             AwakeCoordinator::Services{assertions, loginItem, notifications, hotKeyCenter, screenLock, clock},
-            AwakeCoordinator::HookPaths{home.path(), QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")});
+            hookFiles);
     }
 
     /// `percent` absent: no battery.
@@ -92,6 +91,7 @@ public:
     }
 
     QTemporaryDir home;
+    HookFiles hookFiles{home.path(), QStringLiteral("/opt/tarvik/Contents/SharedSupport/tarvik")};
     FakeClock clock;
     FakeSettingsStore store;
     FakePowerSources powerSources;

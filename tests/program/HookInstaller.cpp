@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/HookConfig.h"
+#include "hooks/HookFiles.h"
 
 #include <QFile>
 
@@ -22,7 +22,7 @@ int main(int argumentCount, char** arguments)
         std::fputs("HookInstaller: There is no such agent or action.\n", stderr);
         return 2;
     }
-    const bool isDone = action == "install" ? HookConfig::install(*spec, home, QFile::decodeName(arguments[4]))
-                                            : HookConfig::uninstall(*spec, home);
+    const HookFiles files(home, QFile::decodeName(arguments[4]));
+    const bool isDone = action == "install" ? files.install(*spec) : files.uninstall(*spec);
     return isDone ? 0 : 1;
 }

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/HookConfig.h"
+#include "hooks/HookFiles.h"
 
+#include "base/FileDescriptor.h"
 #include "hooks/HookEntries.h"
+#include "hooks/HookTraits.h"
 #include "hooks/JsonDocument.h"
 #include "support/OrdinaryUser.h"
 #include "support/TestSupport.h"
@@ -15,8 +17,12 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <fcntl.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -70,9 +76,28 @@ private:
     });
 };
 
+/// Tells whether a file has been opened since the last time.
+class FileOpenings {
+public:
+    explicit FileOpenings(const QString& path)
+        : m_watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        inotify_add_watch(m_watch.get(), QFile::encodeName(path).constData(), IN_OPEN);
+    }
+
+    bool take() const
+    {
+        std::array<char, 4096> events{};
+        return read(m_watch.get(), events.data(), events.size()) > 0;
+    }
+
+private:
+    FileDescriptor m_watch;
+};
+
 } // namespace
 
-class HookConfigTest : public QObject {
+class HookFilesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -81,18 +106,19 @@ private Q_SLOTS:
         TARVIK_FAIL_ON_WARNINGS();
         m_directory = std::make_unique<QTemporaryDir>();
         QVERIFY(m_directory->isValid());
+        m_files = std::make_unique<HookFiles>(home(), toolPath);
     }
 
     void anEmptyHomeHasNothingInstalled()
     {
-        QCOMPARE(HookConfig::installedIds(home()), QSet<QString>());
-        HookConfig::refreshOutdated(home(), toolPath);
+        QCOMPARE(m_files->installedIds(), QSet<QString>());
+        m_files->refreshOutdated();
         QCOMPARE(names(u"."_s), QStringList());
     }
 
     void installCreatesAMissingFileWithItsDirectories()
     {
-        QVERIFY(HookConfig::install(spec("copilot"), home(), toolPath));
+        QVERIFY(m_files->install(spec("copilot")));
         const QJsonObject file = QJsonDocument::fromJson(contents(u".copilot/hooks/tarvik.json"_s)).object();
         QCOMPARE(file[u"version"_s], QJsonValue(1));
         const QJsonObject hooks = file[u"hooks"_s].toObject();
@@ -105,52 +131,52 @@ private Q_SLOTS:
     void theFileIsPrettyPrintedWithSortedKeys()
     {
         put(u".factory/hooks.json"_s, R"({"z":1.50,"a":"é"})");
-        QVERIFY(HookConfig::install(spec("droid"), home(), toolPath));
-        QVERIFY(HookConfig::uninstall(spec("droid"), home()));
+        QVERIFY(m_files->install(spec("droid")));
+        QVERIFY(m_files->uninstall(spec("droid")));
         QCOMPARE(contents(u".factory/hooks.json"_s), "{\n  \"a\": \"é\",\n  \"z\": 1.50\n}\n");
     }
 
     void aSecondInstallWritesTheSameBytes()
     {
         for (const HookSpec& each : HookSpec::all) {
-            QVERIFY(HookConfig::install(each, home(), toolPath));
+            QVERIFY(m_files->install(each));
             const QByteArray once = contents(configPath(each));
-            QVERIFY(HookConfig::install(each, home(), toolPath));
+            QVERIFY(m_files->install(each));
             QCOMPARE(contents(configPath(each)), once);
         }
-        QCOMPARE(HookConfig::installedIds(home()).size(), qsizetype(HookSpec::all.size()));
+        QCOMPARE(m_files->installedIds().size(), qsizetype(HookSpec::all.size()));
     }
 
     void theInstalledAgentsAreThoseWhoseFilesSaySo()
     {
-        QVERIFY(HookConfig::install(spec("claude"), home(), toolPath));
-        QVERIFY(HookConfig::install(spec("codex"), home(), u"/elsewhere/tarvik"_s));
-        QVERIFY(HookConfig::install(spec("qwen"), home(), toolPath));
-        QVERIFY(HookConfig::uninstall(spec("qwen"), home()));
-        QCOMPARE(HookConfig::installedIds(home()), QSet<QString>({u"claude"_s, u"codex"_s}));
+        QVERIFY(m_files->install(spec("claude")));
+        QVERIFY(HookFiles(home(), u"/elsewhere/tarvik"_s).install(spec("codex")));
+        QVERIFY(m_files->install(spec("qwen")));
+        QVERIFY(m_files->uninstall(spec("qwen")));
+        QCOMPARE(m_files->installedIds(), QSet<QString>({u"claude"_s, u"codex"_s}));
     }
 
     void uninstallWithoutAFileSucceedsAndCreatesNone()
     {
-        QVERIFY(HookConfig::uninstall(spec("claude"), home()));
+        QVERIFY(m_files->uninstall(spec("claude")));
         QCOMPARE(names(u"."_s), QStringList());
     }
 
     void uninstallWritesAlsoWhenNothingChanges()
     {
         put(u".claude/settings.json"_s, "{}");
-        QVERIFY(HookConfig::uninstall(spec("claude"), home()));
+        QVERIFY(m_files->uninstall(spec("claude")));
         QCOMPARE(contents(u".claude/settings.json"_s), "{}\n");
     }
 
     void aZeroByteFileCountsAsMissing()
     {
         put(u".claude/settings.json"_s, "");
-        QVERIFY(std::holds_alternative<HookConfig::Missing>(HookConfig::read(spec("claude"), home())));
-        QVERIFY(HookConfig::uninstall(spec("claude"), home()));
+        QVERIFY(std::holds_alternative<HookFiles::Missing>(m_files->read(spec("claude"))));
+        QVERIFY(m_files->uninstall(spec("claude")));
         QCOMPARE(contents(u".claude/settings.json"_s), "");
-        QVERIFY(HookConfig::install(spec("claude"), home(), toolPath));
-        QCOMPARE(HookConfig::installedIds(home()), QSet<QString>{u"claude"_s});
+        QVERIFY(m_files->install(spec("claude")));
+        QCOMPARE(m_files->installedIds(), QSet<QString>{u"claude"_s});
     }
 
     void aFileThatIsNoJsonObjectIsNeverTouched_data()
@@ -172,20 +198,19 @@ private Q_SLOTS:
         put(u".claude/settings.json"_s, bytes);
         for (int read = 0; read < 5; ++read)
             expectInvalid(u"settings.json"_s);
-        QVERIFY(std::holds_alternative<HookConfig::Invalid>(HookConfig::read(spec("claude"), home())));
-        QVERIFY(!HookConfig::install(spec("claude"), home(), toolPath));
-        QVERIFY(!HookConfig::uninstall(spec("claude"), home()));
-        HookConfig::refreshOutdated(home(), toolPath);
-        QCOMPARE(HookConfig::installedIds(home()), QSet<QString>());
+        QVERIFY(std::holds_alternative<HookFiles::Invalid>(m_files->read(spec("claude"))));
+        QVERIFY(!m_files->install(spec("claude")));
+        QVERIFY(!m_files->uninstall(spec("claude")));
+        m_files->refreshOutdated();
+        QCOMPARE(m_files->installedIds(), QSet<QString>());
         QCOMPARE(contents(u".claude/settings.json"_s), bytes);
         QCOMPARE(names(u".claude"_s), QStringList{u"settings.json"_s});
     }
 
     void whoAsksAgainAndAgainHearsOfAnInvalidFileOnceEachTimeItBecomesSo()
     {
-        QSet<QString> invalidIds;
-        const auto scan = [&] { return HookConfig::installedIds(home(), invalidIds); };
-        QVERIFY(HookConfig::install(spec("codex"), home(), toolPath));
+        const auto scan = [&] { return m_files->installedIds(); };
+        QVERIFY(m_files->install(spec("codex")));
         put(u".claude/settings.json"_s, "[]");
         const LoggedErrors errors;
         for (int again = 0; again < 3; ++again)
@@ -205,29 +230,64 @@ private Q_SLOTS:
             scan();
             QCOMPARE(errors.count(), before + 1);
         }
-        // Who asks once is always told.
+        // An edit that is refused is always told of.
         const int before = errors.count();
-        HookConfig::installedIds(home());
-        QVERIFY(!HookConfig::install(spec("claude"), home(), toolPath));
-        QCOMPARE(errors.count(), before + 3);
+        QVERIFY(!m_files->install(spec("claude")));
+        QCOMPARE(errors.count(), before + 1);
     }
 
-    void aFileBeyondSixteenMebibytesIsNeverTouched()
+    void aFileThatHasNotChangedIsNotReadAgain()
     {
-        const QByteArray bytes = "{\"a\":\"" + QByteArray(HookConfig::maximumBytes, 'x') + "\"}";
+        const QString name = u".claude/settings.json"_s;
+        QVERIFY(m_files->install(spec("claude")));
+        const QSet<QString> claude{u"claude"_s};
+        const FileOpenings openings(path(name));
+        QCOMPARE(m_files->installedIds(), claude);
+        QVERIFY(openings.take());
+        // It may still change within the same tick of the clock.
+        const auto isRead = [&] { return m_files->installedIds() != claude || openings.take(); };
+        QTRY_VERIFY_WITH_TIMEOUT(!isRead(), 10'000);
+        QVERIFY(!isRead());
+
+        QVERIFY(HookFiles(home(), toolPath).uninstall(spec("claude")));
+        QCOMPARE(m_files->installedIds(), QSet<QString>());
+        QVERIFY(m_files->install(spec("claude")));
+        QCOMPARE(m_files->installedIds(), claude);
+        QVERIFY(QFile::remove(path(name)));
+        QCOMPARE(m_files->installedIds(), QSet<QString>());
+    }
+
+    void anotherFileOfTheSameSizeAndTimeIsAChange()
+    {
+        const QString name = u".claude/settings.json"_s;
+        QVERIFY(m_files->install(spec("claude")));
+        const QByteArray bytes = contents(name);
+        const FileOpenings openings(path(name));
+        QTRY_VERIFY_WITH_TIMEOUT(m_files->installedIds().contains(u"claude"_s) && !openings.take(), 10'000);
+        struct stat before = {};
+        QCOMPARE(stat(encoded(name), &before), 0);
+        put(name, QByteArray(bytes).replace("PreToolUse", "NoToolUsed"));
+        const std::array times{before.st_atim, before.st_mtim};
+        QCOMPARE(utimensat(AT_FDCWD, encoded(name), times.data(), 0), 0);
+        QCOMPARE(m_files->installedIds(), QSet<QString>());
+    }
+
+    void aFileBeyondAMebibyteIsNeverTouched()
+    {
+        const QByteArray bytes = "{\"a\":\"" + QByteArray(HookFiles::maximumBytes, 'x') + "\"}";
         put(u".qwen/settings.json"_s, bytes);
         expectInvalid(u"settings.json"_s);
-        QVERIFY(!HookConfig::install(spec("qwen"), home(), toolPath));
+        QVERIFY(!m_files->install(spec("qwen")));
         QCOMPARE(contents(u".qwen/settings.json"_s), bytes);
     }
 
     void aFileThatWouldGrowBeyondThatIsNotWritten()
     {
-        const QByteArray bytes = "{\"a\":\"" + QByteArray(HookConfig::maximumBytes - 8, 'x') + "\"}";
-        QCOMPARE(bytes.size(), HookConfig::maximumBytes);
+        const QByteArray bytes = "{\"a\":\"" + QByteArray(HookFiles::maximumBytes - 8, 'x') + "\"}";
+        QCOMPARE(bytes.size(), HookFiles::maximumBytes);
         put(u".qwen/settings.json"_s, bytes);
         expectWriteFailure(u"qwen"_s, u"the file would become too large"_s);
-        QVERIFY(!HookConfig::install(spec("qwen"), home(), toolPath));
+        QVERIFY(!m_files->install(spec("qwen")));
         QCOMPARE(contents(u".qwen/settings.json"_s), bytes);
     }
 
@@ -241,11 +301,11 @@ private Q_SLOTS:
         {
             const OrdinaryUser user;
             QVERIFY(user.isSet());
-            QVERIFY(std::holds_alternative<HookConfig::Missing>(HookConfig::read(spec("claude"), home())));
+            QVERIFY(std::holds_alternative<HookFiles::Missing>(m_files->read(spec("claude"))));
             expectWriteFailure(u"claude"_s, u"Permission denied"_s);
-            QVERIFY(!HookConfig::install(spec("claude"), home(), toolPath));
-            QVERIFY(HookConfig::uninstall(spec("claude"), home()));
-            QCOMPARE(HookConfig::installedIds(home()), QSet<QString>());
+            QVERIFY(!m_files->install(spec("claude")));
+            QVERIFY(m_files->uninstall(spec("claude")));
+            QCOMPARE(m_files->installedIds(), QSet<QString>());
         }
         QCOMPARE(chmod(encoded(u".claude/settings.json"_s), 0600), 0);
         QCOMPARE(contents(u".claude/settings.json"_s), "{\"precious\":1}");
@@ -270,10 +330,10 @@ private Q_SLOTS:
         else
             QCOMPARE(symlink("/dev/zero", encoded(u".codex/hooks.json"_s)), 0);
 
-        QVERIFY(std::holds_alternative<HookConfig::Missing>(HookConfig::read(spec("codex"), home())));
+        QVERIFY(std::holds_alternative<HookFiles::Missing>(m_files->read(spec("codex"))));
         expectWriteFailure(u"codex"_s, u"Not a regular file"_s);
-        QVERIFY(!HookConfig::install(spec("codex"), home(), toolPath));
-        QVERIFY(HookConfig::uninstall(spec("codex"), home()));
+        QVERIFY(!m_files->install(spec("codex")));
+        QVERIFY(m_files->uninstall(spec("codex")));
         struct stat status = {};
         QCOMPARE(stat(encoded(u".codex/hooks.json"_s), &status), 0);
         QCOMPARE(uint(status.st_mode & S_IFMT), type);
@@ -284,7 +344,7 @@ private Q_SLOTS:
     {
         put(u".codex"_s, "not a directory");
         expectWriteFailure(u"codex"_s, u"Not a directory"_s);
-        QVERIFY(!HookConfig::install(spec("codex"), home(), toolPath));
+        QVERIFY(!m_files->install(spec("codex")));
         QCOMPARE(contents(u".codex"_s), "not a directory");
     }
 
@@ -298,11 +358,11 @@ private Q_SLOTS:
             const OrdinaryUser user;
             QVERIFY(user.isSet());
             expectWriteFailure(u"gemini"_s, u"Permission denied"_s);
-            QVERIFY(!HookConfig::install(spec("gemini"), home(), toolPath));
+            QVERIFY(!m_files->install(spec("gemini")));
             expectWriteFailure(u"gemini"_s, u"Permission denied"_s);
-            QVERIFY(!HookConfig::uninstall(spec("gemini"), home()));
+            QVERIFY(!m_files->uninstall(spec("gemini")));
             expectWriteFailure(u"qwen"_s, u"Permission denied"_s);
-            QVERIFY(!HookConfig::install(spec("qwen"), home(), toolPath));
+            QVERIFY(!m_files->install(spec("qwen")));
         }
         QCOMPARE(chmod(encoded(u"."_s), 0755), 0);
         QCOMPARE(chmod(encoded(u".gemini"_s), 0755), 0);
@@ -320,7 +380,7 @@ private Q_SLOTS:
         QCOMPARE(symlink("dotfiles/codex", encoded(u".codex"_s)), 0);
         QCOMPARE(symlink("../dotfiles/qwen.json", encoded(u".qwen/settings.json"_s)), 0);
         for (const char* id : {"claude", "codex", "qwen"})
-            QVERIFY(HookConfig::install(spec(id), home(), toolPath));
+            QVERIFY(m_files->install(spec(id)));
         QVERIFY(QFileInfo(path(u".claude/settings.json"_s)).isSymLink());
         QVERIFY(QFileInfo(path(u".codex"_s)).isSymLink());
         QVERIFY(QFileInfo(path(u".qwen/settings.json"_s)).isSymLink());
@@ -333,7 +393,7 @@ private Q_SLOTS:
     {
         put(u".claude/settings.json"_s, "{}");
         QCOMPARE(chmod(encoded(u".claude/settings.json"_s), 0600), 0);
-        QVERIFY(HookConfig::install(spec("claude"), home(), toolPath));
+        QVERIFY(m_files->install(spec("claude")));
         struct stat status = {};
         QCOMPARE(stat(encoded(u".claude/settings.json"_s), &status), 0);
         QCOMPARE(status.st_mode & 07777U, 0600U);
@@ -343,27 +403,27 @@ private Q_SLOTS:
     {
         put(u".claude/settings.json"_s, "{}");
         expectWriteFailure(u"claude"_s, u"the path of the command-line tool cannot be quoted for a shell: .*"_s);
-        QVERIFY(!HookConfig::install(spec("claude"), home(), u"/home/\"x\"/tarvik"_s));
+        QVERIFY(!HookFiles(home(), u"/home/\"x\"/tarvik"_s).install(spec("claude")));
         QCOMPARE(contents(u".claude/settings.json"_s), "{}");
     }
 
     void aToolPathInAnyScriptIsFine()
     {
         const QString path = u"/home/дом/Tarvik — ü/tarvik"_s;
-        QVERIFY(HookConfig::install(spec("claude"), home(), path));
+        QVERIFY(HookFiles(home(), path).install(spec("claude")));
         QVERIFY(contents(u".claude/settings.json"_s).contains(path.toUtf8()));
         const ino_t before = identity(u".claude/settings.json"_s);
-        HookConfig::refreshOutdated(home(), path);
+        HookFiles(home(), path).refreshOutdated();
         QCOMPARE(identity(u".claude/settings.json"_s), before);
     }
 
     void refreshRewritesEntriesOfAToolThatHasMoved()
     {
         for (const HookSpec& each : HookSpec::all) {
-            QVERIFY(HookConfig::install(each, home(), u"/old/tarvik"_s));
+            QVERIFY(HookFiles(home(), u"/old/tarvik"_s).install(each));
             expectRewrite(QString::fromUtf8(each.id.data()));
         }
-        HookConfig::refreshOutdated(home(), toolPath);
+        m_files->refreshOutdated();
         for (const HookSpec& each : HookSpec::all) {
             QVERIFY(!contents(configPath(each)).contains("/old/tarvik"));
             QVERIFY(contents(configPath(each)).contains(toolPath.toUtf8()));
@@ -374,35 +434,35 @@ private Q_SLOTS:
     {
         QList<ino_t> before;
         for (const HookSpec& each : HookSpec::all) {
-            QVERIFY(HookConfig::install(each, home(), toolPath));
+            QVERIFY(m_files->install(each));
             before.append(identity(configPath(each)));
         }
-        HookConfig::refreshOutdated(home(), toolPath);
+        m_files->refreshOutdated();
         for (const HookSpec& each : HookSpec::all)
             QCOMPARE(identity(configPath(each)), before.takeFirst());
     }
 
     void refreshRepairsALostEndEvent()
     {
-        QVERIFY(HookConfig::install(spec("claude"), home(), toolPath));
+        QVERIFY(m_files->install(spec("claude")));
         const QByteArray whole = contents(u".claude/settings.json"_s);
         auto document = *JsonDocument::parse(whole.toStdString());
         document.object()->at("hooks").object()->erase("StopFailure");
         put(u".claude/settings.json"_s, QByteArray::fromStdString(*JsonDocument::print(document, 1'000'000)));
-        QCOMPARE(HookConfig::installedIds(home()), QSet<QString>{u"claude"_s});
+        QCOMPARE(m_files->installedIds(), QSet<QString>{u"claude"_s});
         expectRewrite(u"claude"_s);
-        HookConfig::refreshOutdated(home(), toolPath);
+        m_files->refreshOutdated();
         QCOMPARE(contents(u".claude/settings.json"_s), whole);
     }
 
     void refreshRewritesAFileWithAForeignFirstHookEachTimeToTheSameBytes()
     {
         put(u".claude/settings.json"_s, R"({"hooks":{"UserPromptSubmit":[{"hooks":[{"command":"x"}]}]}})");
-        QVERIFY(HookConfig::install(spec("claude"), home(), toolPath));
+        QVERIFY(m_files->install(spec("claude")));
         const QByteArray once = contents(u".claude/settings.json"_s);
         for (int start = 0; start < 2; ++start) {
             expectRewrite(u"claude"_s);
-            HookConfig::refreshOutdated(home(), toolPath);
+            m_files->refreshOutdated();
             QCOMPARE(contents(u".claude/settings.json"_s), once);
         }
     }
@@ -412,26 +472,26 @@ private Q_SLOTS:
         const QByteArray foreign = R"({"hooks":{"UserPromptSubmit":[{"hooks":[{"command":"x"}]}]}})";
         put(u".claude/settings.json"_s, foreign);
         put(u".qwen/settings.json"_s, "{}");
-        HookConfig::refreshOutdated(home(), toolPath);
+        m_files->refreshOutdated();
         QCOMPARE(contents(u".claude/settings.json"_s), foreign);
         QCOMPARE(contents(u".qwen/settings.json"_s), "{}");
     }
 
     void refreshGoesOnAfterAFailure()
     {
-        QVERIFY(HookConfig::install(spec("claude"), home(), u"/old/tarvik"_s));
-        QVERIFY(HookConfig::install(spec("codex"), home(), u"/old/tarvik"_s));
+        QVERIFY(HookFiles(home(), u"/old/tarvik"_s).install(spec("claude")));
+        QVERIFY(HookFiles(home(), u"/old/tarvik"_s).install(spec("codex")));
         giveToOrdinaryUser(u".codex"_s);
         giveToOrdinaryUser(u".codex/hooks.json"_s);
         QCOMPARE(chmod(encoded(u".claude/settings.json"_s), 0444), 0);
         {
             const OrdinaryUser user;
             QVERIFY(user.isSet());
-            QCOMPARE(HookConfig::installedIds(home()).size(), 2);
+            QCOMPARE(m_files->installedIds().size(), 2);
             expectRewrite(u"claude"_s);
             expectWriteFailure(u"claude"_s, u"Permission denied"_s);
             expectRewrite(u"codex"_s);
-            HookConfig::refreshOutdated(home(), toolPath);
+            m_files->refreshOutdated();
         }
         QVERIFY(contents(u".claude/settings.json"_s).contains("/old/tarvik"));
         QVERIFY(contents(u".codex/hooks.json"_s).contains(toolPath.toUtf8()));
@@ -446,10 +506,10 @@ private Q_SLOTS:
             const auto before = JsonDocument::parse(original.toStdString());
             QVERIFY2(before.has_value(), original.constData());
             put(configPath(each), original);
-            QVERIFY(HookConfig::install(each, home(), toolPath));
-            QVERIFY(HookConfig::installedIds(home()).contains(QString::fromUtf8(each.id.data())));
-            QVERIFY(HookConfig::install(each, home(), u"/moved/tarvik"_s));
-            QVERIFY(HookConfig::uninstall(each, home()));
+            QVERIFY(m_files->install(each));
+            QVERIFY(m_files->installedIds().contains(QString::fromUtf8(each.id.data())));
+            QVERIFY(HookFiles(home(), u"/moved/tarvik"_s).install(each));
+            QVERIFY(m_files->uninstall(each));
             const QByteArray after = contents(configPath(each));
             QVERIFY2(JsonDocument::parse(after.toStdString()) == before, original.constData());
             // The same in the eyes of another reader.
@@ -559,7 +619,7 @@ private:
             const QByteArray key(event.data(), static_cast<qsizetype>(event.size()));
             if (random.bounded(2) == 0)
                 events.append('"' + key + "\":" + randomEvent(random, spec));
-            if (HookEntries::alsoAtTopLevel(spec) && random.bounded(2) == 0)
+            if (HookTraits::of(spec.id).readsTopLevel && random.bounded(2) == 0)
                 members.append('"' + key + "\":" + randomEvent(random, spec));
         }
         if (!events.isEmpty())
@@ -605,8 +665,9 @@ private:
     }
 
     std::unique_ptr<QTemporaryDir> m_directory;
+    std::unique_ptr<HookFiles> m_files;
     QByteArray m_encoded;
 };
 
-QTEST_GUILESS_MAIN(HookConfigTest)
-#include "HookConfigTest.moc"
+QTEST_GUILESS_MAIN(HookFilesTest)
+#include "HookFilesTest.moc"

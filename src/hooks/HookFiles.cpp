@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/HookConfig.h"
+#include "hooks/HookFiles.h"
 
 #include "core/AtomicFile.h"
 #include "core/Logging.h"
@@ -11,29 +11,28 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
-namespace Tarvik::HookConfig {
+namespace Tarvik {
 
 namespace {
+
+/// A file may change again within the same tick of the clock that its time is taken from.
+constexpr std::chrono::seconds longestTick{2};
 
 QString toQString(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QString filePath(const HookSpec& spec, const QString& home)
-{
-    return home + u'/' + toQString(spec.configPath);
 }
 
 /// What could be read of a file, up to one byte beyond the maximum. Neither bytes nor error: there is none, or it is
@@ -61,25 +60,25 @@ FileBytes readFile(const QString& path)
         return failure(errno);
     if (!S_ISREG(status.st_mode))
         return {.bytes = {}, .error = u"Not a regular file"_s};
-    FileBytes result{.bytes = file.read(maximumBytes + 1), .error = {}};
+    FileBytes result{.bytes = file.read(HookFiles::maximumBytes + 1), .error = {}};
     return file.error() == QFileDevice::NoError ? result : failure(EIO);
 }
 
-Contents parse(const QByteArray& bytes)
+HookFiles::Contents parse(const QByteArray& bytes)
 {
     if (bytes.isEmpty())
-        return Missing{};
-    if (bytes.size() <= maximumBytes) {
+        return HookFiles::Missing{};
+    if (bytes.size() <= HookFiles::maximumBytes) {
         auto document = JsonDocument::parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
         if (document && document->object() != nullptr)
             return std::move(*document->object());
     }
-    return Invalid{};
+    return HookFiles::Invalid{};
 }
 
-bool isInvalid(const Contents& contents)
+bool isInvalid(const HookFiles::Contents& contents)
 {
-    return std::holds_alternative<Invalid>(contents);
+    return std::holds_alternative<HookFiles::Invalid>(contents);
 }
 
 void logInvalid(const QString& path)
@@ -89,9 +88,9 @@ void logInvalid(const QString& path)
         qUtf8Printable(QFileInfo(path).fileName()));
 }
 
-Contents parseOrLog(const QByteArray& bytes, const QString& path)
+HookFiles::Contents parseOrLog(const QByteArray& bytes, const QString& path)
 {
-    Contents contents = parse(bytes);
+    HookFiles::Contents contents = parse(bytes);
     if (isInvalid(contents))
         logInvalid(path);
     return contents;
@@ -106,7 +105,7 @@ void logWriteFailure(const HookSpec& spec, const QString& error)
 /// Returns what went wrong, for people, or nothing.
 std::optional<QString> tryToWrite(const QString& path, JsonValue::Object document)
 {
-    const auto bytes = JsonDocument::print({std::move(document)}, maximumBytes);
+    const auto bytes = JsonDocument::print({std::move(document)}, HookFiles::maximumBytes);
     if (!bytes)
         return u"the file would become too large"_s;
     // Only the path's own directories: where a link leads to a place that is gone, such as a disk that is not there at
@@ -128,15 +127,58 @@ bool write(const HookSpec& spec, const QString& path, JsonValue::Object document
 
 } // namespace
 
-Contents read(const HookSpec& spec, const QString& home)
+std::optional<HookFiles::Version> HookFiles::Version::of(const QString& path)
 {
-    const QString path = filePath(spec, home);
+    struct stat status = {};
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        return {};
+    return Version{.device = status.st_dev,
+        .inode = status.st_ino,
+        .size = status.st_size,
+        .modified = status.st_mtim,
+        .changed = status.st_ctim};
+}
+
+bool HookFiles::Version::isSettled() const
+{
+    const auto age = std::chrono::system_clock::now() - std::chrono::system_clock::from_time_t(changed.tv_sec);
+    return age > longestTick;
+}
+
+bool HookFiles::Version::operator==(const Version& other) const
+{
+    const auto key = [](const Version& version) {
+        return std::tuple(version.device,
+            version.inode,
+            version.size,
+            version.modified.tv_sec,
+            version.modified.tv_nsec,
+            version.changed.tv_sec,
+            version.changed.tv_nsec);
+    };
+    return key(*this) == key(other);
+}
+
+HookFiles::HookFiles(QString home, QString toolPath)
+    : m_home(std::move(home))
+    , m_toolPath(std::move(toolPath))
+{
+}
+
+QString HookFiles::filePath(const HookSpec& spec) const
+{
+    return m_home + u'/' + toQString(spec.configPath);
+}
+
+HookFiles::Contents HookFiles::read(const HookSpec& spec) const
+{
+    const QString path = filePath(spec);
     return parseOrLog(readFile(path).bytes, path);
 }
 
-bool install(const HookSpec& spec, const QString& home, const QString& toolPath)
+bool HookFiles::install(const HookSpec& spec) const
 {
-    const QString path = filePath(spec, home);
+    const QString path = filePath(spec);
     const FileBytes file = readFile(path);
     Contents contents = parseOrLog(file.bytes, path);
     if (isInvalid(contents))
@@ -146,9 +188,9 @@ bool install(const HookSpec& spec, const QString& home, const QString& toolPath)
         logWriteFailure(spec, file.error);
         return false;
     }
-    const auto command = HookEntries::command(toolPath.toStdString(), spec);
+    const auto command = HookEntries::command(m_toolPath.toStdString(), spec);
     if (!command) {
-        logWriteFailure(spec, u"the path of the command-line tool cannot be quoted for a shell: "_s + toolPath);
+        logWriteFailure(spec, u"the path of the command-line tool cannot be quoted for a shell: "_s + m_toolPath);
         return false;
     }
 
@@ -158,53 +200,56 @@ bool install(const HookSpec& spec, const QString& home, const QString& toolPath)
     return write(spec, path, std::move(document));
 }
 
-bool uninstall(const HookSpec& spec, const QString& home)
+bool HookFiles::uninstall(const HookSpec& spec) const
 {
-    Contents contents = read(spec, home);
+    Contents contents = read(spec);
     auto* document = std::get_if<JsonValue::Object>(&contents);
     if (document == nullptr)
         return std::holds_alternative<Missing>(contents);
     HookEntries::remove(spec, *document);
-    return write(spec, filePath(spec, home), std::move(*document));
+    return write(spec, filePath(spec), std::move(*document));
 }
 
-void refreshOutdated(const QString& home, const QString& toolPath)
+void HookFiles::refreshOutdated() const
 {
     for (const HookSpec& spec : HookSpec::all) {
-        const Contents contents = read(spec, home);
+        const Contents contents = read(spec);
         const auto* document = std::get_if<JsonValue::Object>(&contents);
-        if (document == nullptr || !HookEntries::isOutdated(spec, *document, toolPath.toStdString()))
+        if (document == nullptr || !HookEntries::isOutdated(spec, *document, m_toolPath.toStdString()))
             continue;
         qCInfo(logHooks, "hook config out of date for %s; rewriting", qUtf8Printable(toQString(spec.id)));
         // A failure has been logged; the entries stay as they are until the next start.
-        (void)install(spec, home, toolPath);
+        (void)install(spec);
     }
 }
 
-QSet<QString> installedIds(const QString& home)
-{
-    QSet<QString> invalidIds;
-    return installedIds(home, invalidIds);
-}
-
-QSet<QString> installedIds(const QString& home, QSet<QString>& invalidIds)
+QSet<QString> HookFiles::installedIds()
 {
     QSet<QString> ids;
-    const QSet<QString> knownInvalidIds = std::exchange(invalidIds, {});
-    for (const HookSpec& spec : HookSpec::all) {
-        const QString id = toQString(spec.id);
-        const QString path = filePath(spec, home);
-        const Contents contents = parse(readFile(path).bytes);
-        if (isInvalid(contents)) {
-            invalidIds.insert(id);
-            if (!knownInvalidIds.contains(id))
-                logInvalid(path);
-        }
-        const auto* document = std::get_if<JsonValue::Object>(&contents);
-        if (document != nullptr && HookEntries::isInstalled(spec, *document))
-            ids.insert(id);
+    for (std::size_t index = 0; index < HookSpec::all.size(); ++index) {
+        const HookSpec& spec = HookSpec::all[index];
+        look(spec, m_findings[index]);
+        if (m_findings[index].isInstalled)
+            ids.insert(toQString(spec.id));
     }
     return ids;
 }
 
-} // namespace Tarvik::HookConfig
+void HookFiles::look(const HookSpec& spec, Finding& finding) const
+{
+    const QString path = filePath(spec);
+    // Before the file is read: what changes meanwhile is a change.
+    const auto version = Version::of(path);
+    if (version && version == finding.version)
+        return;
+    const Contents contents = parse(readFile(path).bytes);
+    const bool wasInvalid = finding.isInvalid;
+    const auto* document = std::get_if<JsonValue::Object>(&contents);
+    finding = {.version = version && version->isSettled() ? version : std::nullopt,
+        .isInvalid = isInvalid(contents),
+        .isInstalled = document != nullptr && HookEntries::isInstalled(spec, *document)};
+    if (finding.isInvalid && !wasInvalid)
+        logInvalid(path);
+}
+
+} // namespace Tarvik
