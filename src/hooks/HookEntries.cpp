@@ -127,18 +127,33 @@ std::vector<std::string_view> allEvents(const HookSpec& spec)
     return events;
 }
 
-void addTo(Object& events, const HookSpec& spec, const std::string& command)
+/// Those of the events that the document's top level can hold: there, a key may be the user's own and only share an
+/// event's name. Then it is no list of groups.
+std::vector<std::string_view> topLevelEvents(const HookSpec& spec, const Object& document)
 {
-    for (const auto event : allEvents(spec)) {
+    std::vector<std::string_view> events = allEvents(spec);
+    std::erase_if(events, [&document](std::string_view event) {
+        const JsonValue* value = member(document, event);
+        if (value == nullptr)
+            return false;
+        const auto isGroup = [](const JsonValue& element) { return arrayMember(element, hooksKey) != nullptr; };
+        return value->array() == nullptr || !std::ranges::all_of(*value->array(), isGroup);
+    });
+    return events;
+}
+
+void addTo(Object& events, const std::vector<std::string_view>& names, const HookSpec& spec, const std::string& command)
+{
+    for (const auto event : names) {
         Array array = strip(spec.shape, eventArray(events, event));
         array.push_back(newElement(spec, command));
         events.insert_or_assign(std::string(event), JsonValue{std::move(array)});
     }
 }
 
-void removeFrom(Object& events, const HookSpec& spec)
+void removeFrom(Object& events, const std::vector<std::string_view>& names, const HookSpec& spec)
 {
-    for (const auto event : allEvents(spec)) {
+    for (const auto event : names) {
         Array array = strip(spec.shape, eventArray(events, event));
         if (!array.empty())
             events.insert_or_assign(std::string(event), JsonValue{std::move(array)});
@@ -147,15 +162,20 @@ void removeFrom(Object& events, const HookSpec& spec)
     }
 }
 
-/// The objects of the document that map events to what is hooked there.
-std::vector<const Object*> eventMaps(const HookSpec& spec, const Object& document)
+/// An object of the document that maps events to what is hooked there, and the events that it is for.
+struct EventMap {
+    const Object* object;
+    std::vector<std::string_view> names;
+};
+
+std::vector<EventMap> eventMaps(const HookSpec& spec, const Object& document)
 {
     static const Object none;
     const JsonValue* hooks = member(document, hooksKey);
     const bool hasHooks = hooks != nullptr && hooks->object() != nullptr;
-    std::vector<const Object*> maps{hasHooks ? hooks->object() : &none};
+    std::vector<EventMap> maps{{hasHooks ? hooks->object() : &none, allEvents(spec)}};
     if (HookTraits::of(spec.id).readsTopLevel)
-        maps.push_back(&document);
+        maps.push_back({&document, topLevelEvents(spec, document)});
     return maps;
 }
 
@@ -204,9 +224,9 @@ void add(const HookSpec& spec, const std::string& command, JsonValue::Object& do
     JsonValue& hooks = document[std::string(hooksKey)];
     if (hooks.object() == nullptr)
         hooks.content = Object{};
-    addTo(*hooks.object(), spec, command);
+    addTo(*hooks.object(), allEvents(spec), spec, command);
     if (HookTraits::of(spec.id).readsTopLevel)
-        addTo(document, spec, command);
+        addTo(document, topLevelEvents(spec, document), spec, command);
     if (spec.shape == Shape::flatList)
         document.try_emplace(std::string(versionKey), JsonValue{JsonValue::Number{"1"}});
 }
@@ -215,17 +235,17 @@ void remove(const HookSpec& spec, JsonValue::Object& document)
 {
     const auto hooks = document.find(hooksKey);
     if (hooks != document.end() && hooks->second.object() != nullptr) {
-        removeFrom(*hooks->second.object(), spec);
+        removeFrom(*hooks->second.object(), allEvents(spec), spec);
         if (hooks->second.object()->empty())
             document.erase(hooks);
     }
     if (HookTraits::of(spec.id).readsTopLevel)
-        removeFrom(document, spec);
+        removeFrom(document, topLevelEvents(spec, document), spec);
 }
 
 bool isInstalled(const HookSpec& spec, const JsonValue::Object& document)
 {
-    const Object* events = eventMaps(spec, document).front();
+    const Object* events = eventMaps(spec, document).front().object;
     return std::ranges::all_of(spec.startEvents, [&](std::string_view event) { return hasOurs(spec, *events, event); });
 }
 
@@ -234,8 +254,8 @@ std::vector<std::string> firstEventCommands(const HookSpec& spec, const JsonValu
     std::vector<std::string> commands;
     if (spec.startEvents.empty())
         return commands;
-    for (const Object* events : eventMaps(spec, document)) {
-        for (const Array& entries : entryLists(spec.shape, eventArray(*events, spec.startEvents.front())))
+    for (const EventMap& map : eventMaps(spec, document)) {
+        for (const Array& entries : entryLists(spec.shape, eventArray(*map.object, spec.startEvents.front())))
             collectCommands(spec.shape, entries, commands);
     }
     return commands;
@@ -246,16 +266,16 @@ bool isOutdated(const HookSpec& spec, const JsonValue::Object& document, std::st
     if (spec.startEvents.empty())
         return false;
     const auto maps = eventMaps(spec, document);
-    const auto isPresent = [&](const Object* events) { return hasOurs(spec, *events, spec.startEvents.front()); };
+    const auto isPresent = [&](const EventMap& map) { return hasOurs(spec, *map.object, spec.startEvents.front()); };
     if (std::ranges::none_of(maps, isPresent))
         return false;
 
     const auto commands = firstEventCommands(spec, document);
     const bool isElsewhere = std::ranges::any_of(
         commands, [&](const std::string& command) { return command.find(toolPath) == std::string::npos; });
-    return isElsewhere || std::ranges::any_of(maps, [&](const Object* events) {
+    return isElsewhere || std::ranges::any_of(maps, [&](const EventMap& map) {
         return !std::ranges::all_of(
-            allEvents(spec), [&](std::string_view event) { return hasOurs(spec, *events, event); });
+            map.names, [&](std::string_view event) { return hasOurs(spec, *map.object, event); });
     });
 }
 

@@ -371,6 +371,20 @@ private Q_SLOTS:
         COMPARE_JSON(document, file);
     }
 
+    void droidsTopLevelKeysThatOnlyShareAnEventsNameAreTheUsers()
+    {
+        for (const char* value : {"'soon'", "7", "null", "{'hooks':[]}", "['a','b']", "[{'hooks':[]},1]"}) {
+            const std::string file = std::string("{'Stop':") + value + "}";
+            Object document = installed(spec("droid"), file);
+            QVERIFY(document["Stop"] == json(file)["Stop"]);
+            QVERIFY(document.contains("PreToolUse"));
+            QVERIFY(HookEntries::isInstalled(spec("droid"), document));
+            QVERIFY(!HookEntries::isOutdated(spec("droid"), document, toolPath));
+            HookEntries::remove(spec("droid"), document);
+            COMPARE_JSON(document, file);
+        }
+    }
+
     void droidIsInstalledByWhatStandsUnderHooksAlone()
     {
         const std::string g = "[" + group("droid") + "]";
