@@ -6,6 +6,7 @@
 #include "DBusWriter.h"
 #include "SessionBus.h"
 
+#include "base/PlainText.h"
 #include "platform/HookWire.h"
 #include "platform/StatusWire.h"
 
@@ -17,44 +18,16 @@ static constexpr std::size_t maximumTextSize = 4096;
 // All five fields together have to pass the receiver.
 static_assert(5 * maximumTextSize < HookWire::maximumBytes);
 
-static bool isContinuation(unsigned char byte)
-{
-    return (byte & 0xc0) == 0x80;
-}
-
-/// The length of the valid character that the text begins with; 0 when it does not begin with one.
-static std::size_t characterSize(std::string_view text)
-{
-    const auto at = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    const unsigned char first = at(0);
-    if (first < 0x80)
-        return first >= 0x20 && first != 0x7f ? 1 : 0;
-    const std::size_t size = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
-    if (first < 0xc2 || first > 0xf4 || text.size() < size)
-        return 0;
-    for (std::size_t index = 1; index < size; ++index) {
-        if (!isContinuation(at(index)))
-            return 0;
-    }
-    const bool isOverlong = (first == 0xe0 && at(1) < 0xa0) || (first == 0xf0 && at(1) < 0x90);
-    const bool isSurrogate = first == 0xed && at(1) >= 0xa0;
-    const bool isTooGreat = first == 0xf4 && at(1) >= 0x90;
-    return isOverlong || isSurrogate || isTooGreat ? 0 : size;
-}
-
 std::string cleanText(std::string_view text)
 {
-    std::string clean;
-    while (!text.empty()) {
-        const std::size_t size = characterSize(text);
-        if (clean.size() + std::max<std::size_t>(size, 1) > maximumTextSize)
-            break;
-        if (size > 0)
-            clean.append(text.substr(0, size));
-        else
-            clean.push_back('?');
-        text.remove_prefix(std::max<std::size_t>(size, 1));
-    }
+    std::string clean = PlainText::printable(text);
+    if (clean.size() <= maximumTextSize)
+        return clean;
+    // Not in the middle of a character.
+    std::size_t size = maximumTextSize;
+    while ((static_cast<unsigned char>(clean[size]) & 0xc0) == 0x80)
+        --size;
+    clean.resize(size);
     return clean;
 }
 

@@ -25,8 +25,8 @@ struct Announcement {
     bool operator==(const Announcement&) const = default;
 };
 
-/// Text that may travel in a message: valid UTF-8 without control characters, each offending byte replaced by "?", and
-/// at most 4096 bytes of it. The same text always gives the same result.
+/// Text that may travel in a message: valid UTF-8 without control characters, whatever offends replaced by "?", and at
+/// most 4096 bytes of it. The same text always gives the same result.
 std::string cleanText(std::string_view text);
 
 /// The broadcast signal that carries an announcement.

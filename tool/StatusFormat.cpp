@@ -2,24 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "StatusFormat.h"
 
+#include "base/PlainText.h"
+
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <ctime>
 #include <string_view>
 
 namespace Tarvik {
-
-/// Text from elsewhere must not steer the terminal.
-static std::string printable(std::string text)
-{
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char letter) { return letter < 0x20 || letter == 0x7f; }, '?');
-    return text;
-}
 
 static std::string timeOfDay(double secondsSince1970)
 {
@@ -59,10 +54,10 @@ static std::string heatText(const StatusReport& report)
 
 std::string statusText(const StatusReport& report)
 {
-    std::string text = printable(report.reason.empty() ? report.title : report.reason) + '\n';
+    std::string text = PlainText::printable(report.reason.empty() ? report.title : report.reason) + '\n';
     const auto add = [&text](std::string label, const std::string& value) {
         label.resize(10, ' ');
-        text += "  " + label + printable(value) + '\n';
+        text += "  " + label + PlainText::printable(value) + '\n';
     };
     if (!report.subtitle.empty())
         add("Now", report.subtitle);
@@ -183,6 +178,25 @@ static void writeReport(JsonObject& object, const StatusReport& report)
     object.add("version", report.version);
 }
 
+/// JSON in which what would steer a terminal stands in the form of an escape. None of it can stand outside a string.
+static std::string escaped(std::string_view json)
+{
+    std::string result;
+    while (!json.empty()) {
+        const PlainText::Character character = PlainText::firstCharacter(json);
+        const std::size_t size = std::max<std::size_t>(character.size, 1);
+        if (character.size > 0 && PlainText::isControl(character.code)) {
+            std::array<char, 7> text{};
+            std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(character.code));
+            result += text.data();
+        } else {
+            result += json.substr(0, size);
+        }
+        json.remove_prefix(size);
+    }
+    return result;
+}
+
 std::string statusJson(const std::optional<StatusReport>& report)
 {
     rapidjson::StringBuffer buffer;
@@ -193,7 +207,7 @@ std::string statusJson(const std::optional<StatusReport>& report)
         if (report)
             writeReport(object, *report);
     }
-    return {buffer.GetString(), buffer.GetSize()};
+    return escaped({buffer.GetString(), buffer.GetSize()});
 }
 
 } // namespace Tarvik

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/HookMonitor.h"
 
+#include "base/PlainText.h"
 #include "core/Logging.h"
 #include "hooks/HookSpec.h"
 #include "platform/HookWire.h"
@@ -179,7 +180,7 @@ void HookMonitor::handle(const HookChannel::Payload& payload)
     qCInfo(logHooks,
         "hook %s from %s (%s); %ld session(s) held",
         qUtf8Printable(announcement->name),
-        qUtf8Printable(announcement->tool),
+        PlainText::printable(announcement->tool.toStdString()).c_str(),
         *isChanged ? "changed" : "no change",
         static_cast<long>(m_registry.liveCount(now)));
     publish(now, *isChanged);

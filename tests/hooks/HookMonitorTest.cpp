@@ -78,6 +78,13 @@ private Q_SLOTS:
         QCOMPARE(m_monitor->activeAgents(), QStringList{u"agent"_s});
     }
 
+    void aToolsNameCannotForgeALineOfTheLog()
+    {
+        expectEvent(u"acquire"_s, u"x\\?\\?\\[2J\\?y"_s, u"changed"_s, 1);
+        acquire(u"s"_s, u"30"_s, u"x\n\u009b[2J\u202ey"_s);
+        QCOMPARE(m_monitor->sessions().first().tool, u"x\n\u009b[2J\u202ey"_s);
+    }
+
     void aSecondAcquireOfTheSameKeyIsNoChange()
     {
         acquire(u"s"_s, u"30"_s);

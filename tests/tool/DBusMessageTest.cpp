@@ -187,6 +187,7 @@ private Q_SLOTS:
 
         QTest::newRow("plain") << QByteArray("claude:1 é € 😀") << QByteArray("claude:1 é € 😀");
         QTest::newRow("control") << QByteArray("a\nb\x7f\x1b") << QByteArray("a?b??");
+        QTest::newRow("control beyond ASCII") << QByteArray("\u009b2J\u202ex") << QByteArray("?2J?x");
         QTest::newRow("zero") << QByteArray("a\0b", 3) << QByteArray("a?b");
         QTest::newRow("lone continuation") << QByteArray("a\x80") << QByteArray("a?");
         QTest::newRow("cut off") << QByteArray("a\xe2\x82") << QByteArray("a??");

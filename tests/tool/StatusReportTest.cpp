@@ -167,6 +167,9 @@ private Q_SLOTS:
         const QString text = QString::fromStdString(statusText(report));
         QVERIFY(!text.contains(QChar(0x1b)));
         QVERIFY(text.contains(QStringLiteral("claude:1: ?[2Jx?y\n")));
+        report.leases[0].tool = "\u009b2J\u202etool";
+        QVERIFY(QString::fromStdString(statusText(report)).contains(QStringLiteral("  ?2J?tool, ")));
+        QVERIFY(statusJson(report).find(R"("tool":"\u009b2J\u202etool")") != std::string::npos);
     }
 
     void aTimedSessionIsShownWithItsEnd()
