@@ -39,6 +39,17 @@ See tarvik(1) for more.
 
 namespace {
 
+bool isDecimalNumber(std::string_view text)
+{
+    const auto isDigits = [](std::string_view part) {
+        return !part.empty() && part.find_first_not_of("0123456789") == std::string_view::npos;
+    };
+    const std::size_t point = text.find('.');
+    if (point == std::string_view::npos)
+        return isDigits(text);
+    return isDigits(text.substr(0, point)) && isDigits(text.substr(point + 1));
+}
+
 /// Takes options off the front of the arguments.
 class OptionReader final {
 public:
@@ -77,7 +88,10 @@ public:
                 return UsageError{std::string(m_verb) + ": unknown option \"" + argument + '"'};
             if (equals == std::string::npos && ++index == m_rest.size())
                 return UsageError{std::string(m_verb) + ": " + argument + " needs a value"};
-            line.*(option->second) = equals == std::string::npos ? m_rest[index] : argument.substr(equals + 1);
+            const std::string value = equals == std::string::npos ? m_rest[index] : argument.substr(equals + 1);
+            if (option->second == &CommandLine::ttl && !isDecimalNumber(value))
+                return UsageError{std::string(m_verb) + ": --ttl must be a number of seconds, not \"" + value + '"'};
+            line.*(option->second) = value;
         }
         m_rest.erase(m_rest.begin(), m_rest.begin() + static_cast<std::ptrdiff_t>(index));
         return {};
@@ -92,17 +106,6 @@ private:
 
 } // namespace
 
-static bool isDecimalNumber(std::string_view text)
-{
-    const auto isDigits = [](std::string_view part) {
-        return !part.empty() && part.find_first_not_of("0123456789") == std::string_view::npos;
-    };
-    const std::size_t point = text.find('.');
-    if (point == std::string_view::npos)
-        return isDigits(text);
-    return isDigits(text.substr(0, point)) && isDigits(text.substr(point + 1));
-}
-
 static std::optional<UsageError> check(
     const CommandLine& line, std::string_view verb, const std::vector<std::string>& rest)
 {
@@ -115,8 +118,6 @@ static std::optional<UsageError> check(
         return UsageError{prefix + "unexpected argument \"" + rest.front() + '"'};
     if ((line.verb == Verb::acquire || line.verb == Verb::release) && line.session.empty())
         return UsageError{prefix + "--session is missing"};
-    if (!line.ttl.empty() && !isDecimalNumber(line.ttl))
-        return UsageError{prefix + "--ttl must be a number of seconds, not \"" + line.ttl + '"'};
     return {};
 }
 

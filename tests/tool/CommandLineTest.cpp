@@ -73,6 +73,7 @@ private Q_SLOTS:
         row("acquire --session k --ttl=.5", "acquire: --ttl must be a number of seconds, not \".5\"");
         row("acquire --session k --ttl=5.", "acquire: --ttl must be a number of seconds, not \"5.\"");
         row("acquire --session k --ttl=1e3", "acquire: --ttl must be a number of seconds, not \"1e3\"");
+        row("acquire --session k --ttl=", "acquire: --ttl must be a number of seconds, not \"\"");
         row("acquire --session k --ttl=nan", "acquire: --ttl must be a number of seconds, not \"nan\"");
         row("acquire --session k more", "acquire: unexpected argument \"more\"");
         row("acquire --json", "acquire: unknown option \"--json\"");
