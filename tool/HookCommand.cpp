@@ -56,7 +56,8 @@ void HookCommand::guardProcess()
     for (const int crash : {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGSYS, SIGALRM})
         handle(crash, endInSilence);
     // One agent runs its hooks in its own process group: the user's Ctrl-C must not lose the end of the turn.
-    for (const int interruption : {SIGINT, SIGHUP, SIGPIPE})
+    // From a terminal that is somebody else's at the moment, reading then fails, instead of stopping this process.
+    for (const int interruption : {SIGINT, SIGHUP, SIGPIPE, SIGTTIN})
         handle(interruption, SIG_IGN);
     handle(SIGTERM, SIG_DFL);
 

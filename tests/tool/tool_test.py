@@ -279,6 +279,22 @@ class HookTest(ToolTestCase):
         os.close(directory)
         self.assert_heard()
 
+    def test_a_terminal_that_is_anothers_is_no_matter(self):
+        pid, terminal = pty.fork()
+        if pid == 0:
+            # In a group of its own the hook is in the background.
+            hook = subprocess.Popen(
+                [TOOL, "hook", "--tool", "claude"], env=self.environment, preexec_fn=lambda: os.setpgid(0, 0)
+            )
+            _, status = os.waitpid(hook.pid, os.WUNTRACED)
+            if os.WIFSTOPPED(status):
+                hook.kill()
+            os._exit(0 if os.WIFEXITED(status) and os.WEXITSTATUS(status) == 0 else 1)
+        os.write(terminal, payload("typed") + b"\n")
+        self.assertEqual(os.waitstatus_to_exitcode(os.waitpid(pid, 0)[1]), 0)
+        os.close(terminal)
+        self.assert_heard()
+
     def test_closed_output_is_no_matter(self):
         script = 'printf %s "$1" | "$0" hook --tool claude >&- 2>&-'
         subprocess.run(["sh", "-c", script, TOOL, payload("s").decode()], env=self.environment, check=True)
@@ -371,7 +387,7 @@ class HookTest(ToolTestCase):
             stderr=subprocess.PIPE, **options,
         )
         # It comes to ignore them one after the other.
-        interruptions = sum(1 << (number - 1) for number in (signal.SIGINT, signal.SIGHUP, signal.SIGPIPE))
+        interruptions = sum(1 << (number - 1) for number in (signal.SIGINT, signal.SIGHUP, signal.SIGPIPE, signal.SIGTTIN))
 
         def is_guarded():
             fields = Path(f"/proc/{process.pid}/status").read_text(encoding="utf-8").splitlines()
