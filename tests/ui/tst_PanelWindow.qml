@@ -33,12 +33,21 @@ TestCase {
         isComposited: false
         settings: settings
     }
+    SignalSpy {
+        id: frames
+
+        signalName: "frameSwapped"
+        target: panel
+    }
 
     function init() {
         failOnWarning(/.?/);
         coordinator.statusDetails = "";
+        frames.clear();
         panel.show();
         tryVerify(() => panel.active);
+        // The content is laid out with the first frame, which comes after the focus in newer versions of Qt.
+        tryVerify(() => frames.count > 0);
     }
 
     function cleanup() {
