@@ -39,6 +39,9 @@ ScreenCover::ScreenCover(const LayerShell& shell, QScreen& screen)
     connect(&m_surface, &LayerSurface::configured, this, [this, &shell](QSize size) {
         if (std::exchange(m_covered, size) == size)
             return;
+        // Qt has told the scale of the screen, of which a single pixel is no multiple.
+        if (wl_surface_get_version(m_surface.surface()) >= WL_SURFACE_SET_BUFFER_SCALE_SINCE_VERSION)
+            wl_surface_set_buffer_scale(m_surface.surface(), 1);
         wp_viewport_set_destination(m_viewport.get(), size.width(), size.height());
         wl_surface_attach(m_surface.surface(), shell.transparentPixel(), 0, 0);
         wl_surface_commit(m_surface.surface());
