@@ -20,6 +20,17 @@ namespace Tarvik {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
+/// Newer versions of QtDBus warn of every call that no slot takes. The caller is told; but anybody on the bus can make
+/// such calls, as many as they like, and the log is not theirs to fill.
+bool isOfAStrangersCall(const QMessageLogContext& context, const QString& message)
+{
+    return QLatin1StringView(context.category) == "qt.dbus.integration"_L1
+        && (message.startsWith("Could not find slot "_L1)
+            || message.startsWith("QDBusConnection: couldn't handle call to "_L1));
+}
+
 int priorityOf(QtMsgType type)
 {
     switch (type) {
@@ -65,6 +76,13 @@ void logToStandardError(QtMsgType, const QMessageLogContext& context, const QStr
     std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stderr);
 }
 
+template <QtMessageHandler log>
+void logOurs(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!isOfAStrangersCall(context, message))
+        log(type, context, message);
+}
+
 bool isStandardErrorTheJournal()
 {
     struct stat status = {};
@@ -77,7 +95,7 @@ bool isStandardErrorTheJournal()
 
 void installLogSink()
 {
-    qInstallMessageHandler(isStandardErrorTheJournal() ? logToJournal : logToStandardError);
+    qInstallMessageHandler(isStandardErrorTheJournal() ? logOurs<logToJournal> : logOurs<logToStandardError>);
 }
 
 } // namespace Tarvik

@@ -350,6 +350,7 @@ private Q_SLOTS:
 
     void callsWithWrongArgumentsAreRefused()
     {
+        const CallsThatNoSlotTakes expected;
         m_item->onActivate = [](int, int, const QString&) { QFAIL("This is no click."); };
         QCOMPARE(call(u"Activate"_s, {}).type(), QDBusMessage::ErrorMessage);
         QCOMPARE(call(u"Activate"_s, {u"left"_s, u"right"_s}).type(), QDBusMessage::ErrorMessage);

@@ -117,6 +117,19 @@ class EndingTest(TarvikTestCase):
         eventually(is_not_held, "released", program.POLL_PERIOD + 1)
         self.assertEqual(tarvik.end()[0], 0)
 
+    def test_strangers_on_the_bus_cannot_fill_its_log(self):
+        tarvik = self.start_tarvik()
+        owner = subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                "GetNameOwner", "s", "com.morvanta.Tarvik"], capture_output=True, text=True, check=True).stdout.split('"')[1]
+        objects = (("/StatusNotifierItem", "org.kde.StatusNotifierItem"), ("/MenuBar", "com.canonical.dbusmenu"),
+                   ("/com/morvanta/Tarvik", "com.morvanta.Tarvik.Status1"), ("/", "no.such.Interface"))
+        for path, interface in objects:
+            for call in (("Nonsense",), ("Activate", "s", "left"), ("GetLayout", "s", "root")):
+                result = subprocess.run(["busctl", "--user", "call", owner, path, interface, *call], capture_output=True, text=True,
+                                        check=False)
+                self.assertNotEqual(result.returncode, 0, call)
+        self.assertEqual(tarvik.log(), "")
+
     def test_it_goes_on_when_nobody_reads_its_log_any_more(self):
         self.programs.start("claude")
         self.write_settings(b"{")

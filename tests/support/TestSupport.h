@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QTest>
 
 /// Every test class calls this in its init(): a warning that the test did not announce with expectLog() fails it.
@@ -27,5 +28,15 @@ inline void expectLog(QtMsgType type, const QString& pattern)
 {
     QTest::ignoreMessage(type, QRegularExpression(pattern));
 }
+
+/// As long as it lives, calls that no slot takes are no warning: some versions of Qt warn of them, and our programs
+/// leave that out of their log.
+class CallsThatNoSlotTakes {
+public:
+    CallsThatNoSlotTakes() { QLoggingCategory::setFilterRules(QStringLiteral("qt.dbus.integration.warning=false")); }
+    ~CallsThatNoSlotTakes() { QLoggingCategory::setFilterRules({}); }
+    CallsThatNoSlotTakes(const CallsThatNoSlotTakes&) = delete;
+    CallsThatNoSlotTakes& operator=(const CallsThatNoSlotTakes&) = delete;
+};
 
 } // namespace Tarvik
