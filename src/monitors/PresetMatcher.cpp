@@ -6,48 +6,38 @@
 
 namespace Tarvik {
 
-PresetMatcher::PresetMatcher(const QList<AgentPreset>& presets, const QSet<QString>& excludedIds)
+PresetMatcher::PresetMatcher(const QList<AgentPreset>& presets)
 {
     for (const AgentPreset& preset : presets) {
-        if (excludedIds.contains(preset.id))
-            continue;
-        for (const QString& name : preset.processNames)
-            m_rowsByProcessName.emplace(name.toLower().toStdString(), m_rows.size());
-        Row row{.label = preset.label, .appName = preset.appName, .pathHint = {}};
+        if (preset.appName)
+            m_idsByAppName.insert(*preset.appName, preset.id);
+        Row row{.id = preset.id, .pathHint = {}};
         if (preset.pathHint)
             row.pathHint = preset.pathHint->toStdString();
-        m_rows.push_back(std::move(row));
+        for (const QString& name : preset.processNames)
+            m_rowsByProcessName.emplace(name.toLower().toStdString(), row);
     }
 }
 
-void PresetMatcher::addApplication(const QString& name)
+QSet<QString> PresetMatcher::runningIds(
+    const QList<RunningApplication>& applications, const std::vector<ProcessEntry>& processes) const
 {
-    for (Row& row : m_rows) {
-        if (row.appName == name)
-            row.isDetected = true;
+    QSet<QString> ids;
+    for (const RunningApplication& application : applications) {
+        const auto id = m_idsByAppName.constFind(application.localizedName);
+        if (id != m_idsByAppName.constEnd())
+            ids.insert(*id);
     }
-}
-
-void PresetMatcher::addProcess(const ProcessEntry& process)
-{
-    for (const std::string& name : process.names) {
-        const auto [first, last] = m_rowsByProcessName.equal_range(name);
-        for (const auto& [processName, index] : std::ranges::subrange(first, last)) {
-            Row& row = m_rows[index];
-            if (!row.pathHint || process.commandLine.find(*row.pathHint) != std::string::npos)
-                row.isDetected = true;
+    for (const ProcessEntry& process : processes) {
+        for (const std::string& name : process.names) {
+            const auto [first, last] = m_rowsByProcessName.equal_range(name);
+            for (const auto& [processName, row] : std::ranges::subrange(first, last)) {
+                if (!row.pathHint || process.commandLine.find(*row.pathHint) != std::string::npos)
+                    ids.insert(row.id);
+            }
         }
     }
-}
-
-QStringList PresetMatcher::detectedLabels() const
-{
-    QStringList labels;
-    for (const Row& row : m_rows) {
-        if (row.isDetected)
-            labels.append(row.label);
-    }
-    return labels;
+    return ids;
 }
 
 } // namespace Tarvik

@@ -4,39 +4,36 @@
 
 #include "core/AgentPreset.h"
 #include "monitors/ProcessEntry.h"
+#include "platform/RunningApplications.h"
 
+#include <QHash>
 #include <QList>
 #include <QSet>
-#include <QStringList>
 
+#include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
 namespace Tarvik {
 
-/// Matches what is running against rows of the catalogue, looking at each process once whatever the number of rows.
+/// Finds rows of the catalogue in what is running, looking at each process once whatever the number of rows.
 class PresetMatcher {
 public:
-    /// Rows whose id is in `excludedIds` are never detected.
-    PresetMatcher(const QList<AgentPreset>& presets, const QSet<QString>& excludedIds);
+    explicit PresetMatcher(const QList<AgentPreset>& presets);
 
-    /// `name` exactly as the desktop shows it.
-    void addApplication(const QString& name);
-    void addProcess(const ProcessEntry& process);
-
-    /// One label for each detected row, in the order of the rows.
-    QStringList detectedLabels() const;
+    /// The ids of the rows that are running. Applications count by the name that the desktop shows.
+    QSet<QString> runningIds(
+        const QList<RunningApplication>& applications, const std::vector<ProcessEntry>& processes) const;
 
 private:
     struct Row {
-        QString label;
-        std::optional<QString> appName;
+        QString id;
         std::optional<std::string> pathHint;
-        bool isDetected = false;
     };
 
-    std::vector<Row> m_rows;
-    std::unordered_multimap<std::string, size_t> m_rowsByProcessName;
+    QHash<QString, QString> m_idsByAppName;
+    std::unordered_multimap<std::string, Row> m_rowsByProcessName;
 };
 
 } // namespace Tarvik

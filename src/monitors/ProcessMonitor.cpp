@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "monitors/ProcessMonitor.h"
 
+#include "core/AgentCatalogue.h"
 #include "core/AppSettings.h"
-#include "monitors/PresetMatcher.h"
 #include "monitors/ProcessParsers.h"
 #include "platform/ProcessTable.h"
 
@@ -17,6 +17,7 @@ ProcessMonitor::ProcessMonitor(
     , m_table(table)
     , m_applications(applications)
     , m_hookedIds(std::move(hookedIds))
+    , m_matcher(AgentCatalogue::agents() + AgentCatalogue::editors())
 {
     m_applications.onChange = [this] { scan(); };
     m_timer = clock.every(pollInterval, [this] { scan(); });
@@ -59,24 +60,26 @@ void ProcessMonitor::publishFrom(const QByteArray& processes)
 {
     if (!m_settings)
         return;
-    const QList<RunningApplication> running = m_applications.list();
-
-    PresetMatcher matcher(m_settings->watchedPresets(), m_hookedIds());
-    QSet<QString> runningIds;
-    for (const RunningApplication& application : running) {
-        matcher.addApplication(application.localizedName);
+    const QList<RunningApplication> applications = m_applications.list();
+    QSet<QString> applicationIds;
+    for (const RunningApplication& application : applications) {
         if (!application.id.isEmpty())
-            runningIds.insert(application.id);
+            applicationIds.insert(application.id);
     }
-
     QStringList appLabels;
     for (const AllowlistedApp& app : m_settings->allowlist()) {
-        if (runningIds.contains(app.bundleID))
+        if (applicationIds.contains(app.bundleID))
             appLabels.append(app.name);
     }
-    for (const ProcessEntry& process : ProcessParsers::listProcesses(processes))
-        matcher.addProcess(process);
-    publish(matcher.detectedLabels(), appLabels);
+
+    const QSet<QString> running = m_matcher.runningIds(applications, ProcessParsers::listProcesses(processes));
+    const QSet<QString> hooked = m_hookedIds();
+    QStringList agentLabels;
+    for (const AgentPreset& preset : m_settings->watchedPresets()) {
+        if (running.contains(preset.id) && !hooked.contains(preset.id))
+            agentLabels.append(preset.label);
+    }
+    publish(agentLabels, appLabels);
 }
 
 void ProcessMonitor::publish(const QStringList& agentLabels, const QStringList& appLabels)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "monitors/PresetMatcher.h"
 #include "platform/Clock.h"
 #include "platform/RunningApplications.h"
 
@@ -67,6 +68,7 @@ private:
     ProcessTable& m_table;
     RunningApplications& m_applications;
     HookedIds m_hookedIds;
+    PresetMatcher m_matcher;
     QStringList m_activeAgentLabels;
     QStringList m_activeAppLabels;
     bool m_isScanning = false;
