@@ -15,16 +15,24 @@ namespace {
 /// 2001-01-01 00:00:00 UTC: the zero of the stored times.
 constexpr TimePoint referenceDate{Seconds{978'307'200}};
 
+/// Of the forms of a UUID only the canonical one; zero is one like any other.
+std::optional<QUuid> decodeId(const QString& text)
+{
+    const auto id = QUuid::fromString(text);
+    const bool isCanonical = id.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0;
+    return isCanonical ? std::optional(id) : std::nullopt;
+}
+
 std::optional<JournalEntry> decodeEntry(const QJsonValue& value)
 {
     const QJsonValue at = value[u"at"];
     const QJsonValue reason = value[u"reason"];
-    const auto id = QUuid::fromString(value[u"id"].toString());
+    const auto id = decodeId(value[u"id"].toString());
     const auto kind = journalKindFromName(value[u"kind"].toString());
-    if (id.isNull() || !at.isDouble() || !kind || !reason.isString())
+    if (!id || !at.isDouble() || !kind || !reason.isString())
         return {};
     return JournalEntry{
-        .id = id, .at = referenceDate + Seconds{at.toDouble()}, .kind = *kind, .reason = reason.toString()};
+        .id = *id, .at = referenceDate + Seconds{at.toDouble()}, .kind = *kind, .reason = reason.toString()};
 }
 
 } // namespace

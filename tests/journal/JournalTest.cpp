@@ -79,6 +79,11 @@ private Q_SLOTS:
         QTest::newRow("not an array") << good;
         QTest::newRow("a missing key") << '[' + good + R"(,{"id":"e621e1f8-c36c-495a-93fc-0c247a3e6e5f","at":1}])";
         QTest::newRow("no identifier") << '[' + QByteArray(good).replace("e621e1f8-", "") + ']';
+        const QByteArray id = "e621e1f8-c36c-495a-93fc-0c247a3e6e5f";
+        QTest::newRow("braces") << '[' + QByteArray(good).replace(id, '{' + id + '}') + ']';
+        QTest::newRow("no hyphens") << '[' + QByteArray(good).replace(id, QByteArray(id).replace("-", "")) + ']';
+        QTest::newRow("more behind the identifier") << '[' + QByteArray(good).replace(id, id + "0") + ']';
+        QTest::newRow("a number as identifier") << '[' + QByteArray(good).replace('"' + id + '"', "7") + ']';
         QTest::newRow("a time in words") << '[' + QByteArray(good).replace("1.5", "\"today\"") + ']';
         QTest::newRow("null") << QByteArray("null");
         QTest::newRow("empty") << QByteArray();
@@ -94,6 +99,15 @@ private Q_SLOTS:
         journal.record(Kind::on, u"new"_s);
         QCOMPARE(Journal(m_store, *m_clock).entries(), journal.entries());
         QCOMPARE(journal.entries().size(), 1);
+    }
+
+    void anIdentifierOfZeroIsOneLikeAnyOther()
+    {
+        m_store.values[u"journal"_s]
+            = QByteArray(R"([{"id":"00000000-0000-0000-0000-000000000000","at":1.5,"kind":"on","reason":"x"}])");
+        const Journal journal(m_store, *m_clock);
+        QCOMPARE(journal.entries().size(), 1);
+        QVERIFY(journal.entries().first().id.isNull());
     }
 
     void clearingLeavesAnEmptyListAlsoAfterARestart()
