@@ -40,6 +40,7 @@ Updater::Updater(UpdateDriver& driver, SettingsStore& store, Clock& clock)
 {
     m_driver.onAvailabilityChange = [this] { updateCanCheck(); };
     m_driver.onFinished = [this](bool hasChecked) { finish(hasChecked); };
+    updateCanCheck();
     schedule();
 }
 

@@ -52,6 +52,15 @@ private Q_SLOTS:
         QVERIFY(m_store.writes.isEmpty());
     }
 
+    void canCheckIsTakenFromTheDriverAtOnce()
+    {
+        m_driver->available = true;
+        start();
+        QVERIFY(m_updater->canCheckForUpdates());
+        QCOMPARE(m_driver->preparations, 0);
+        QVERIFY(m_driver->started.empty());
+    }
+
     void canCheckFollowsTheDriver()
     {
         start();
