@@ -52,15 +52,17 @@ private Q_SLOTS:
                 u"pi:pi:pi-coding-agent"_s}));
     }
 
-    void onlyPlandexHasTwoProcessNames()
+    void everyAgentIsKnownByItsProcessNames()
     {
-        for (const AgentPreset& preset : AgentCatalogue::agents()) {
-            const QStringList names = preset.processNames;
-            if (preset.id == u"plandex"_s)
-                QCOMPARE(names, (QStringList{u"plandex"_s, u"pdx"_s}));
-            else
-                QCOMPARE(names.size(), 1);
-        }
+        QStringList names;
+        for (const AgentPreset& preset : AgentCatalogue::agents())
+            names.append(preset.id + u'=' + preset.processNames.join(u'+'));
+        QCOMPARE(names.join(u'|'),
+            u"claude=claude|codex=codex|gemini=gemini|copilot=copilot|cursor-agent=cursor-agent|amazonq=qchat|"
+            "devin=devin|kimi=kimi|antigravity-cli=agy|aider=aider|opencode=opencode|cline=cline|roo=roo|goose=goose|"
+            "crush=crush|amp=amp|qwen=qwen|auggie=auggie|continue=cn|kilo=kilo|pi=pi|openhands=openhands|"
+            "plandex=plandex+pdx|codebuff=codebuff|aichat=aichat|droid=droid|interpreter=interpreter|hermes=hermes|"
+            "openclaw=openclaw"_s);
     }
 
     void editorsAreKnownByTheirApplicationNameAlone()

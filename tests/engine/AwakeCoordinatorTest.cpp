@@ -5,11 +5,67 @@
 #include "hotkey/LockScreen.h"
 #include "support/TestSupport.h"
 
+#include <QFile>
 #include <QSignalSpy>
 
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace {
+
+class ObservedHotKeys final : public HotKeys {
+public:
+    explicit ObservedHotKeys(std::function<void()> onRegistration)
+        : m_onRegistration(std::move(onRegistration))
+    {
+    }
+
+    std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override
+    {
+        m_onRegistration();
+        return m_hotKeys.registerHotKey(request);
+    }
+
+private:
+    std::function<void()> m_onRegistration;
+    FakeHotKeys m_hotKeys;
+};
+
+class ObservedNotifications final : public UserNotifications {
+public:
+    explicit ObservedNotifications(std::function<void()> onRequest)
+        : m_onRequest(std::move(onRequest))
+    {
+    }
+
+    void requestAuthorization(std::function<void(bool, const QString&)>) override { m_onRequest(); }
+    void post(const QString&, const QString&, const QString&, std::function<void(const QString&)>) override { }
+
+private:
+    std::function<void()> m_onRequest;
+};
+
+class ObservedAssertions final : public PowerAssertions {
+public:
+    explicit ObservedAssertions(std::function<void()> onCreation)
+        : m_onCreation(std::move(onCreation))
+    {
+    }
+
+    std::unique_ptr<PowerAssertion> create(PowerAssertionType type, const QString& name) override
+    {
+        m_onCreation();
+        return m_assertions.create(type, name);
+    }
+    QList<PowerAssertionHold> holds() const override { return m_assertions.holds(); }
+
+private:
+    std::function<void()> m_onCreation;
+    FakePowerAssertions m_assertions;
+};
+
+} // namespace
 
 class AwakeCoordinatorTest : public QObject {
     Q_OBJECT
@@ -61,6 +117,40 @@ private Q_SLOTS:
         m->loginItem.enabled = true;
         m->start();
         QVERIFY(m->settings->launchAtLogin());
+    }
+
+    void constructionGoesInOrder()
+    {
+        QVERIFY(HookFiles(m->home.path(), u"/somewhere/else/tarvik"_s).install(HookSpec::all.front()));
+        m->processTable.output = "codex\n";
+        m->loginItem.enabled = true;
+        expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
+        m->start();
+        m->coordinator.reset();
+        m->settings->setLaunchAtLogin(false);
+        QVERIFY(HookFiles(m->home.path(), u"/somewhere/else/tarvik"_s).install(HookSpec::all.front()));
+
+        const auto stage = [this] {
+            QFile file(m->home.filePath(u".claude/settings.json"_s));
+            const bool isOpen = file.open(QIODevice::ReadOnly);
+            return QStringList{m->settings->launchAtLogin() ? u"login item read"_s : u"login item unread"_s,
+                m->process->onChange ? u"listening"_s : u"deaf"_s,
+                isOpen && file.readAll().contains("/opt/tarvik") ? u"hooks fresh"_s : u"hooks stale"_s}
+                .join(u", "_s);
+        };
+        QStringList order;
+        ObservedHotKeys hotKeys([&] { order.append(u"shortcut: "_s + stage()); });
+        HotKeyCenter hotKeyCenter(hotKeys);
+        ObservedNotifications notifications([&] { order.append(u"permission: "_s + stage()); });
+        ObservedAssertions assertions([&] { order.append(u"evaluation: "_s + stage()); });
+        expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
+        const AwakeCoordinator coordinator({*m->settings, *m->power, *m->process, *m->thermal, *m->journal, *m->hooks},
+            {assertions, m->loginItem, notifications, hotKeyCenter, m->screenLock, m->clock},
+            m->hookFiles);
+        QCOMPARE(order,
+            (QStringList{u"shortcut: login item read, listening, hooks stale"_s,
+                u"permission: login item read, listening, hooks stale"_s,
+                u"evaluation: login item read, listening, hooks fresh"_s}));
     }
 
     void constructionAsksForPermissionOnlyWhenANotificationIsOn()
@@ -459,6 +549,23 @@ private Q_SLOTS:
                 u"Awake — 3 min left"_s,
                 u"Awake — 2 min left"_s,
                 u"Dozing — nothing to watch"_s}));
+    }
+
+    void nothingCountsMinutesAfterTheSession()
+    {
+        m->start();
+        const std::size_t before = m->clock.pending();
+        QSignalSpy evaluated(&*m->coordinator, &AwakeCoordinator::evaluated);
+        m->coordinator->setTimedSession(3);
+        m->clock.advance(3min + 1s);
+        QCOMPARE(m->clock.pending(), before);
+        evaluated.clear();
+        m->clock.advance(10min);
+        QCOMPARE(evaluated.count(), 0);
+
+        m->coordinator->setTimedSession(3);
+        m->coordinator->setTimedSession({});
+        QCOMPARE(m->clock.pending(), before);
     }
 
     void aNewSessionReplacesTheRunningOne()

@@ -329,6 +329,15 @@ private Q_SLOTS:
         QCOMPARE(m_changes, 2);
     }
 
+    void theTimerGivesALapseOfLongAgoOneMoreSecond()
+    {
+        acquire(u"s"_s, u"10"_s);
+        // The wall clock is set on, past the lapse.
+        m_clock->setBack(-100s);
+        acquire(u"other"_s);
+        QCOMPARE(m_clock->untilNext(), Seconds{1});
+    }
+
     void publishedSessionsStayUntilTheNextEvent()
     {
         acquire(u"s"_s, u"10"_s);

@@ -137,10 +137,13 @@ private Q_SLOTS:
 
     void aMaximumOfZeroMeansABatteryOfUnknownCharge()
     {
-        m_sources.current = onBattery({battery(50, 0)});
-        const PowerMonitor monitor{m_sources, m_lid, m_clock};
-        QVERIFY(monitor.hasBattery());
-        QCOMPARE(monitor.batteryPercent(), Percent{});
+        // Nothing of nothing is no number at all.
+        for (const int current : {50, 0}) {
+            m_sources.current = onBattery({battery(current, 0)});
+            const PowerMonitor monitor{m_sources, m_lid, m_clock};
+            QVERIFY(monitor.hasBattery());
+            QCOMPARE(monitor.batteryPercent(), Percent{});
+        }
     }
 
     void aMaximumOfZeroKeepsThePercentOfAnEarlierBattery()

@@ -4,6 +4,12 @@
 
 #include "support/TestSupport.h"
 
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+
 using namespace Tarvik;
 
 class InvokingUserTest : public QObject {
@@ -53,6 +59,26 @@ private Q_SLOTS:
         QCOMPARE(found.user, user);
         QCOMPARE(found.group, group);
         QCOMPARE(found.isThroughSudo, isThroughSudo);
+    }
+
+    void steppingDownGivesUpTheSuperusersGroups()
+    {
+        // For good, so another process does it.
+        const pid_t child = fork();
+        if (child == 0) {
+            const std::array<gid_t, 3> groups{0, 27, 44};
+            const bool isSuperuser = setgroups(groups.size(), groups.data()) == 0;
+            const bool isDone = becomeInvokingUser({12345, 23456, true});
+            std::array<gid_t, 8> left{};
+            const int count = getgroups(static_cast<int>(left.size()), left.data());
+            const bool isBare = getuid() == 12345 && getegid() == 23456 && count == 1 && left[0] == 23456;
+            // Nobody else can do it, and is told so.
+            _exit(isSuperuser ? isDone && isBare : !isDone);
+        }
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), 1);
     }
 };
 
