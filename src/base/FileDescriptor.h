@@ -30,6 +30,9 @@ public:
     int get() const { return m_descriptor; }
     bool isValid() const { return m_descriptor >= 0; }
 
+    /// Hands it on to whoever closes it.
+    [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
+
     void reset(int descriptor = -1)
     {
         if (const int old = std::exchange(m_descriptor, descriptor); old >= 0)

@@ -2,19 +2,25 @@
 // SPDX-License-Identifier: MIT
 #include "core/AtomicFile.h"
 
+#include "base/FileDescriptor.h"
+
 #include <QFile>
 #include <QRandomGenerator>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace Tarvik {
 
@@ -25,6 +31,9 @@ using Path = std::filesystem::path;
 constexpr int maximumLinks = 40;
 constexpr int maximumNameAttempts = 16;
 constexpr mode_t permissionBits = 07777;
+/// The kernel's own limit, for one value and for all names together.
+constexpr std::size_t maximumAttributeBytes = std::size_t(64) * 1024;
+constexpr auto accessList = "system.posix_acl_access";
 
 /// What lstat(2) says; a mode of zero when there is nothing.
 std::optional<struct stat> statusWithoutFollowing(const Path& path)
@@ -73,30 +82,111 @@ bool isReplaceable(const Path& path, const struct stat& status)
     return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
+/// One of the attributes of a file, see xattr(7); nothing when it has none of that name.
+std::optional<std::string> attribute(const Path& path, const std::string& name)
+{
+    std::string value(maximumAttributeBytes, '\0');
+    const ssize_t size = lgetxattr(path.c_str(), name.c_str(), value.data(), value.size());
+    if (size < 0)
+        return {};
+    value.resize(static_cast<std::size_t>(size));
+    return value;
+}
+
+/// Their names; none where the file system knows of no attributes.
+std::vector<std::string> attributeNames(const Path& path)
+{
+    std::string list(maximumAttributeBytes, '\0');
+    const ssize_t size = llistxattr(path.c_str(), list.data(), list.size());
+    std::vector<std::string> names;
+    for (std::string_view rest(list.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))); !rest.empty();) {
+        names.emplace_back(rest.substr(0, rest.find('\0')));
+        rest.remove_prefix(std::min(names.back().size() + 1, rest.size()));
+    }
+    return names;
+}
+
 /// A new file beside the target that takes its place, or is gone when this object is. On failure the operations return
 /// false and errno says why.
 class TemporaryFile {
 public:
-    TemporaryFile() = default;
+    explicit TemporaryFile(Path directory)
+        : m_directory(std::move(directory))
+    {
+    }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     ~TemporaryFile()
     {
         const int cause = errno;
-        if (m_descriptor >= 0)
-            close(m_descriptor);
+        m_file.reset();
         if (!m_path.empty())
             unlink(m_path.c_str());
         errno = cause;
     }
 
-    bool create(const Path& directory, mode_t mode)
+    bool create(mode_t mode)
+    {
+        // Without a name where the file system has that: if this process is killed, nothing is left behind.
+        m_file.reset(open(m_directory.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, mode));
+        return m_file.isValid() || findName([this, mode](const Path& path) {
+            m_file.reset(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+            return m_file.isValid();
+        });
+    }
+
+    /// The owner, the group, the permissions and what else is attached to the original.
+    bool adoptPermissions(const Path& path, const struct stat& original) const
+    {
+        struct stat own = {};
+        if (fstat(m_file.get(), &own) != 0)
+            return false;
+        const bool isOwnedAlike = own.st_uid == original.st_uid && own.st_gid == original.st_gid;
+        if (!isOwnedAlike && fchown(m_file.get(), original.st_uid, original.st_gid) != 0)
+            return false;
+        // The directory may have given the new file a list. With a list, the group's bits of the mode are no longer
+        // the group's own permissions, acl(5): as long as the lists differ, so would what the same mode allows.
+        fremovexattr(m_file.get(), accessList);
+        return adoptAttributes(path) && fchmod(m_file.get(), original.st_mode & permissionBits) == 0;
+    }
+
+    bool write(const QByteArray& bytes) const
+    {
+        qsizetype written = 0;
+        while (written < bytes.size()) {
+            const auto left = static_cast<size_t>(bytes.size() - written);
+            const ssize_t count = ::write(m_file.get(), bytes.constData() + written, left);
+            if (count < 0 && errno != EINTR)
+                return false;
+            written += std::max<ssize_t>(count, 0);
+        }
+        return true;
+    }
+
+    bool flush() const { return fsync(m_file.get()) == 0; }
+
+    bool takePlaceOf(const Path& target)
+    {
+        // A file can get a name, but not one that is taken.
+        const std::string unnamed = "/proc/self/fd/" + std::to_string(m_file.get());
+        const bool isNamed = !m_path.empty() || findName([&unnamed](const Path& path) {
+            return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+        });
+        // Network file systems report some write errors only here.
+        if (!isNamed || close(m_file.release()) != 0 || rename(m_path.c_str(), target.c_str()) != 0)
+            return false;
+        m_path.clear();
+        return true;
+    }
+
+private:
+    /// Tries names until `use` has made one of them the file's.
+    bool findName(const std::function<bool(const Path& path)>& use)
     {
         for (int attempt = 0; attempt < maximumNameAttempts; ++attempt) {
-            const Path path = directory / (".tarvik-" + std::to_string(QRandomGenerator::global()->generate64()));
-            m_descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
-            if (m_descriptor >= 0) {
+            const Path path = m_directory / (".tarvik-" + std::to_string(QRandomGenerator::global()->generate64()));
+            if (use(path)) {
                 m_path = path;
                 return true;
             }
@@ -106,53 +196,30 @@ public:
         return false;
     }
 
-    bool adoptPermissions(const struct stat& original) const
+    bool adoptAttributes(const Path& path) const
     {
-        struct stat own = {};
-        if (fstat(m_descriptor, &own) != 0)
-            return false;
-        const bool isOwnedAlike = own.st_uid == original.st_uid && own.st_gid == original.st_gid;
-        return (isOwnedAlike || fchown(m_descriptor, original.st_uid, original.st_gid) == 0)
-            && fchmod(m_descriptor, original.st_mode & permissionBits) == 0;
-    }
-
-    bool write(const QByteArray& bytes) const
-    {
-        qsizetype written = 0;
-        while (written < bytes.size()) {
-            const auto left = static_cast<size_t>(bytes.size() - written);
-            const ssize_t count = ::write(m_descriptor, bytes.constData() + written, left);
-            if (count < 0 && errno != EINTR)
+        for (const std::string& name : attributeNames(path)) {
+            // The others, labels of the security policy and the like, are not ours to give.
+            const bool isNeeded = name == accessList || name.starts_with("user.");
+            const auto value = attribute(path, name);
+            const bool isAdopted = value && fsetxattr(m_file.get(), name.c_str(), value->data(), value->size(), 0) == 0;
+            if (isNeeded && !isAdopted)
                 return false;
-            written += std::max<ssize_t>(count, 0);
         }
         return true;
     }
 
-    bool flush() const { return fsync(m_descriptor) == 0; }
-
-    bool takePlaceOf(const Path& target)
-    {
-        // Network file systems report some write errors only here.
-        if (close(std::exchange(m_descriptor, -1)) != 0 || rename(m_path.c_str(), target.c_str()) != 0)
-            return false;
-        m_path.clear();
-        return true;
-    }
-
-private:
+    Path m_directory;
     Path m_path;
-    int m_descriptor = -1;
+    FileDescriptor m_file;
 };
 
 /// Not every file system can do this, and the new file is in place already, so failure is no error.
 void flushDirectory(const Path& directory)
 {
-    const int descriptor = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    fsync(descriptor);
-    close(descriptor);
+    const FileDescriptor descriptor(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.isValid())
+        fsync(descriptor.get());
 }
 
 bool replace(const Path& path, const QByteArray& bytes, mode_t newFileMode)
@@ -165,11 +232,11 @@ bool replace(const Path& path, const QByteArray& bytes, mode_t newFileMode)
         return false;
 
     const Path directory = target->has_parent_path() ? target->parent_path() : Path(".");
-    TemporaryFile successor;
+    TemporaryFile successor(directory);
     // What is secret in the original must not be readable for a moment in its successor. Its permissions come after the
     // bytes, since writing takes some of them away, write(2).
-    if (!successor.create(directory, exists(*original) ? S_IRUSR | S_IWUSR : newFileMode) || !successor.write(bytes)
-        || (exists(*original) && !successor.adoptPermissions(*original)) || !successor.flush()
+    if (!successor.create(exists(*original) ? S_IRUSR | S_IWUSR : newFileMode) || !successor.write(bytes)
+        || (exists(*original) && !successor.adoptPermissions(*target, *original)) || !successor.flush()
         || !successor.takePlaceOf(*target))
         return false;
     flushDirectory(directory);

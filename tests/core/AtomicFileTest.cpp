@@ -8,11 +8,15 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -102,6 +106,59 @@ private Q_SLOTS:
         QCOMPARE(stat(encoded(u"file"_s), &status), 0);
         QCOMPARE(status.st_uid, owner);
         QCOMPARE(status.st_gid, static_cast<gid_t>(owner));
+    }
+
+    void anExistingFileKeepsItsAttributesAndAccessControlList()
+    {
+        const QByteArray list = accessControlList({.group = 0, .user = 4, .mask = 4});
+        put(u"file"_s, "old");
+        QCOMPARE(chmod(encoded(u"file"_s), 0600), 0);
+        QVERIFY(setAttribute(u"file"_s, "user.origin", "elsewhere"));
+        QVERIFY(setAttribute(u"file"_s, "user.empty", ""));
+        QVERIFY(setAttribute(u"file"_s, accessList, list));
+        QCOMPARE(mode(u"file"_s), 0640U);
+        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(contents(u"file"_s), "new");
+        QCOMPARE(attribute(u"file"_s, "user.origin"), QByteArray("elsewhere"));
+        QCOMPARE(attribute(u"file"_s, "user.empty"), QByteArray(""));
+        // The group itself has no access, whatever the mode seems to say.
+        QCOMPARE(attribute(u"file"_s, accessList), list);
+        QCOMPARE(mode(u"file"_s), 0640U);
+    }
+
+    void whatTheDirectoryGrantsToNewFilesIsNotGrantedToAnExistingOne()
+    {
+        put(u"file"_s, "old");
+        QCOMPARE(chmod(encoded(u"file"_s), 0640), 0);
+        QVERIFY(
+            setAttribute(u"."_s, "system.posix_acl_default", accessControlList({.group = 6, .user = 6, .mask = 6})));
+        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(attribute(u"file"_s, accessList), QByteArray());
+        QCOMPARE(mode(u"file"_s), 0640U);
+        QCOMPARE(replaceFile(path(u"created"_s), "new"), std::nullopt);
+        QVERIFY(!attribute(u"created"_s, accessList).isEmpty());
+    }
+
+    void nothingIsLeftWhenTheProcessIsKilled()
+    {
+        put(u"file"_s, "old");
+        const pid_t child = fork();
+        if (child == 0) {
+            // Writing more ends the process in the middle of it.
+            const rlimit tight{.rlim_cur = 1000, .rlim_max = 1000};
+            const rlimit none{};
+            setrlimit(RLIMIT_CORE, &none);
+            setrlimit(RLIMIT_FSIZE, &tight);
+            std::signal(SIGXFSZ, SIG_DFL);
+            const auto error = replaceFile(path(u"file"_s), QByteArray(100'000, 'x'));
+            _exit(error ? 1 : 2);
+        }
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFSIGNALED(status));
+        QCOMPARE(WTERMSIG(status), SIGXFSZ);
+        QCOMPARE(names(), QStringList{u"file"_s});
+        QCOMPARE(contents(u"file"_s), "old");
     }
 
     void aFileWhoseOwnerCannotBeKeptIsLeftAlone()
@@ -286,6 +343,51 @@ private Q_SLOTS:
     }
 
 private:
+    static constexpr auto accessList = "system.posix_acl_access";
+
+    struct Permissions {
+        quint16 group;
+        quint16 user;
+        quint16 mask;
+    };
+
+    /// In the form of the kernel's <linux/posix_acl_xattr.h>: the owner may read and write, others nothing, the owning
+    /// group, one other user and the mask as given.
+    static QByteArray accessControlList(Permissions permissions)
+    {
+        QByteArray list;
+        const auto add = [&list](auto value) {
+            value = qToLittleEndian(value);
+            list.append(reinterpret_cast<const char*>(&value), sizeof value);
+        };
+        const auto addEntry = [&add](quint16 tag, quint16 permission, quint32 id) {
+            add(tag);
+            add(permission);
+            add(id);
+        };
+        constexpr quint32 noId = 0xffffffff;
+        add(quint32{2});
+        addEntry(0x01, 6, noId);
+        addEntry(0x02, permissions.user, 12345);
+        addEntry(0x04, permissions.group, noId);
+        addEntry(0x10, permissions.mask, noId);
+        addEntry(0x20, 0, noId);
+        return list;
+    }
+
+    bool setAttribute(const QString& name, const char* attribute, const QByteArray& value)
+    {
+        return setxattr(encoded(name), attribute, value.constData(), static_cast<std::size_t>(value.size()), 0) == 0;
+    }
+
+    /// Null when there is none.
+    QByteArray attribute(const QString& name, const char* attribute)
+    {
+        std::array<char, 1024> value{};
+        const ssize_t size = getxattr(encoded(name), attribute, value.data(), value.size());
+        return size < 0 ? QByteArray() : QByteArray(value.data(), size);
+    }
+
     QString path(const QString& name) const { return m_directory->filePath(name); }
 
     /// Valid until the next call but three.
