@@ -1,0 +1,290 @@
+# SPDX-FileCopyrightText: 2026 The Tarvik authors
+# SPDX-License-Identifier: MIT
+"""The desktops that the test machines have: how each is told its idle time, when it is up, how it is touched, and which of its
+services can be started anew."""
+from machine import GUEST
+
+AUTOSTART = "/home/dev/.config/autostart"
+HASTENED = 45
+
+
+class Desktop:
+    """What most have in common: an X server, a display manager, a panel with a tray, a lock that logind asks for."""
+
+    name = ""
+    # In the session bus when the desktop is up.
+    services = ("org.kde.StatusNotifierWatcher",)
+    # Seconds without activity until the desktop asks for suspend.
+    idle_time = 20
+    # How much longer it may take.
+    slack = 12
+    # Reading the table, one should know that.
+    footnote = ""
+    has_tray = True
+    has_x_server = True
+    logs_in_again = True
+    reads_autostart = True
+    # Name: shell script that starts it anew, in the session.
+    restarts = {}
+
+    def __init__(self, real_time=False):
+        self.real_time = real_time
+
+    def furnish(self, machine):
+        """Before the machine boots."""
+
+    def set_up(self, machine):
+        """In the session."""
+
+    def is_ready(self, machine):
+        properties = machine.root("loginctl", "show-session", "--property=Name", "--property=State", self.session(machine),
+                                  check=False).split()
+        if "Name=dev" not in properties or "State=active" not in properties:
+            return False
+        names = machine.session("busctl", "--user", "list", "--no-legend", check=False).splitlines()
+        owned = {line.split()[0] for line in names if line.split()[1] != "-"}
+        return owned.issuperset(self.services)
+
+    @staticmethod
+    def session(machine):
+        return machine.root("loginctl", "show-seat", "seat0", "--property=ActiveSession", "--value", check=False).strip()
+
+    def touch(self, machine):
+        """Somebody is there."""
+        machine.session("xdotool", "key", "--clearmodifiers", "shift")
+
+    def lock(self, machine):
+        machine.root("loginctl", "lock-session", self.session(machine))
+
+    def unlock(self, machine):
+        machine.root("loginctl", "unlock-sessions")
+
+    def log_out_and_in(self, machine):
+        machine.root("systemctl", "restart", "display-manager.service")
+
+
+class Xfce(Desktop):
+    name = "xfce"
+    services = ("org.freedesktop.Notifications", "org.xfce.PowerManager", "org.kde.StatusNotifierWatcher")
+    restarts = {
+        "panel": "xfce4-panel --restart",
+        "power daemon": "xfce4-power-manager --restart",
+        "notification daemon": "pkill -x xfce4-notifyd; notify-send again",
+    }
+
+    def __init__(self, real_time=False):
+        super().__init__(real_time)
+        self.idle_time = 15 * 60 if real_time else 15 * 60 // HASTENED
+        if not real_time:
+            self.footnote = f"xfce: its shortest idle time, 15 minutes, passes {HASTENED} times as fast"
+
+    def furnish(self, machine):
+        machine.write("/home/dev/.config/xfce4/xfconf/xfce-perchannel-xml/xfce4-power-manager.xml", """\
+<channel name="xfce4-power-manager" version="1.0">
+  <property name="xfce4-power-manager" type="empty">
+    <property name="inactivity-on-ac" type="uint" value="15"/>
+    <property name="inactivity-on-battery" type="uint" value="15"/>
+    <property name="inactivity-sleep-mode-on-ac" type="uint" value="1"/>
+    <property name="inactivity-sleep-mode-on-battery" type="uint" value="1"/>
+    <property name="lock-screen-suspend-hibernate" type="bool" value="false"/>
+  </property>
+</channel>
+""")
+        if not self.real_time:
+            hastened = f"env LD_PRELOAD=/{GUEST}/hasten-idle.so TARVIK_HASTEN={HASTENED} xfce4-power-manager"
+            machine.write(f"{AUTOSTART}/xfce4-power-manager.desktop",
+                          f"[Desktop Entry]\nType=Application\nName=Power manager\nExec={hastened}\n")
+            self.restarts = {**self.restarts, "power daemon": f"xfce4-power-manager --quit; ({hastened} >/dev/null 2>&1 &)"}
+
+    def set_up(self, machine):
+        # It would lock after every suspend, and then its greeter is the active session.
+        machine.shell("pkill light-locker", check=False)
+
+    def lock(self, machine):
+        machine.shell("pgrep light-locker || (light-locker --lock-after-screensaver=0 >/dev/null 2>&1 &)")
+        super().lock(machine)
+
+
+class Plasma(Desktop):
+    name = "plasma"
+    services = ("org.freedesktop.Notifications", "org.kde.Solid.PowerManagement", "org.kde.StatusNotifierWatcher")
+    restarts = {
+        "panel": "kquitapp5 plasmashell || kquitapp6 plasmashell; (plasmashell >/dev/null 2>&1 &)",
+        "power daemon": "systemctl --user restart plasma-powerdevil.service",
+    }
+
+    def furnish(self, machine):
+        # Plasma 5, Plasma 6
+        machine.write("/home/dev/.config/powermanagementprofilesrc", "".join(
+            f"[{source}][SuspendSession]\nidleTime=20000\nsuspendThenHibernate=false\nsuspendType=1\n"
+            for source in ("AC", "Battery")))
+        machine.write("/home/dev/.config/powerdevilrc", "".join(
+            f"[{source}][SuspendAndShutdown]\nAutoSuspendAction=1\nAutoSuspendIdleTimeoutSec=20\n"
+            for source in ("AC", "Battery")))
+        machine.write("/home/dev/.config/kscreenlockerrc", "[Daemon]\nLockOnResume=false\nAutolock=false\n")
+
+
+class SettingsDaemon(Desktop):
+    """Those that GSettings tells what to do; `settings`: "schema key value" each."""
+
+    settings = ()
+
+    def set_up(self, machine):
+        machine.shell("\n".join(f"gsettings set {setting}" for setting in self.settings))
+        self.touch(machine)
+
+
+class Gnome(SettingsDaemon):
+    name = "gnome"
+    services = ("org.gnome.Shell", "org.gnome.SettingsDaemon.Power")
+    settings = (
+        "org.gnome.settings-daemon.plugins.power sleep-inactive-ac-timeout 20",
+        "org.gnome.settings-daemon.plugins.power sleep-inactive-battery-timeout 20",
+        "org.gnome.settings-daemon.plugins.power sleep-inactive-ac-type suspend",
+        "org.gnome.settings-daemon.plugins.power sleep-inactive-battery-type suspend",
+        "org.gnome.desktop.screensaver lock-enabled false",
+        "org.gnome.desktop.session idle-delay 900",
+    )
+    restarts = {"power daemon": "systemctl --user restart org.gnome.SettingsDaemon.Power.service"}
+
+    def set_up(self, machine):
+        super().set_up(machine)
+        # It starts with its overview, which takes the keys.
+        machine.shell("xdotool key Escape; gnome-extensions enable ubuntu-appindicators@ubuntu.com")
+
+
+class Mate(SettingsDaemon):
+    name = "mate"
+    services = ("org.mate.PowerManager", "org.kde.StatusNotifierWatcher")
+    # The session is idle after a minute at the earliest; the power manager counts from there.
+    idle_time = 80
+    settings = (
+        "org.mate.session idle-delay 1",
+        "org.mate.power-manager sleep-computer-ac 20",
+        "org.mate.power-manager sleep-computer-battery 20",
+        "org.mate.power-manager action-sleep-type-battery suspend",
+        "org.mate.screensaver lock-enabled false",
+        "org.mate.screensaver idle-activation-enabled false",
+    )
+    restarts = {
+        "panel": "pkill -x mate-panel",
+        "power daemon": "pkill -x mate-power-man; sleep 1; (mate-power-manager >/dev/null 2>&1 &)",
+        "notification daemon": "pkill -f mate-notification-daemon; notify-send again",
+    }
+
+
+class Cinnamon(SettingsDaemon):
+    name = "cinnamon"
+    services = ("org.Cinnamon", "org.cinnamon.SettingsDaemon.Power", "org.kde.StatusNotifierWatcher")
+    settings = (
+        "org.cinnamon.desktop.screensaver lock-enabled false",
+        "org.cinnamon.settings-daemon.plugins.power sleep-inactive-battery-timeout 20",
+        "org.cinnamon.settings-daemon.plugins.power sleep-inactive-ac-timeout 20",
+    )
+    restarts = {"power daemon": "pkill -x csd-power; sleep 1; (csd-power >/dev/null 2>&1 &)"}
+
+    def set_up(self, machine):
+        # The daemon rounds up what it is told while the session has been idle for longer.
+        self.touch(machine)
+        super().set_up(machine)
+
+
+class Lxqt(Desktop):
+    name = "lxqt"
+    services = ("org.freedesktop.Notifications", "org.kde.StatusNotifierWatcher")
+    # The shortest that its settings offer.
+    idle_time = 60
+    restarts = {
+        "panel": "pkill -x lxqt-panel; (lxqt-panel >/dev/null 2>&1 &)",
+        "power daemon": "pkill -x lxqt-powermanag; (lxqt-powermanagement >/dev/null 2>&1 &)",
+        "notification daemon": "pkill -x lxqt-notificat; (lxqt-notificationd >/dev/null 2>&1 &)",
+    }
+
+    def furnish(self, machine):
+        machine.write("/home/dev/.config/lxqt/session.conf", "[General]\nwindow_manager=openbox\n")
+        # A QTime of 60000 ms, as QSettings writes it.
+        minute = r"@Variant(\0\0\0\xf\0\0\xea`)"
+        machine.write("/home/dev/.config/lxqt/lxqt-powermanagement.conf", f"""\
+[General]
+enableIdlenessWatcher=true
+enableIdlenessBacklightWatcher=false
+idlenessACAction=4
+idlenessBatteryAction=4
+idlenessACTime={minute}
+idlenessBatteryTime={minute}
+runCheckLevel=1
+""")
+
+    def lock(self, machine):
+        machine.session("xscreensaver-command", "-lock")
+
+    def unlock(self, machine):
+        machine.shell("xscreensaver-command -deactivate; pkill -x xscreensaver; (xscreensaver -no-splash >/dev/null 2>&1 &)",
+                      check=False)
+
+
+class Sway(Desktop):
+    """swayidle suspends, as its users write it into their configuration."""
+
+    name = "sway"
+    services = ()
+    has_x_server = False
+    reads_autostart = False
+    logs_in_again = False
+    swayidle = "(swayidle timeout {} 'systemctl suspend' >/dev/null 2>&1 &)"
+    restarts = {
+        "panel": "swaymsg reload",
+        "power daemon": "pkill -x swayidle; " + swayidle,
+        "notification daemon": "pkill -x mako; (mako >/dev/null 2>&1 &)",
+    }
+
+    def __init__(self, real_time=False):
+        super().__init__(real_time)
+        self.restarts = {what: script.replace("{}", str(self.idle_time)) for what, script in self.restarts.items()}
+
+    def set_up(self, machine):
+        machine.shell("pkill swaynag", check=False)
+        machine.shell("(mako >/dev/null 2>&1 &)")
+        self.touch(machine)
+
+    def touch(self, machine):
+        """There are no input devices: the idle daemon is started anew."""
+        machine.shell(self.restarts["power daemon"])
+
+    def lock(self, machine):
+        machine.shell("swaylock --daemonize >/dev/null 2>&1")
+
+    def unlock(self, machine):
+        machine.shell("pkill -USR1 -x swaylock")
+
+
+class Labwc(Sway):
+    name = "labwc"
+    restarts = {**Sway.restarts, "panel": "pkill -x waybar; (waybar >/dev/null 2>&1 &)"}
+
+    def set_up(self, machine):
+        super().set_up(machine)
+        machine.shell(self.restarts["panel"])
+
+
+class Bare(Desktop):
+    """A text console; logind itself suspends."""
+
+    name = "none"
+    services = ()
+    # logind looks at the terminals' times, which the kernel keeps to eight seconds.
+    slack = 30
+    has_tray = False
+    has_x_server = False
+    reads_autostart = False
+    logs_in_again = False
+
+    def furnish(self, machine):
+        machine.write("/etc/systemd/logind.conf.d/idle.conf",
+                      f"[Login]\nIdleAction=suspend\nIdleActionSec={self.idle_time}s\n")
+
+    def touch(self, machine):
+        machine.root("sh", "-c", "printf ' ' >/dev/tty1; touch -a /dev/tty1")
+
+
+ALL = {desktop.name: desktop for desktop in (Xfce, Plasma, Gnome, Mate, Cinnamon, Lxqt, Sway, Labwc, Bare)}
