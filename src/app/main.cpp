@@ -5,6 +5,9 @@
 #include "app/UnixSignals.h"
 #include "bus/SingleInstance.h"
 #include "core/Translation.h"
+#include "platform/StatusWire.h"
+#include "platform/linux/TimerfdClock.h"
+#include "platform/linux/session/SystemdSupervision.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -27,11 +30,23 @@ int main(int argc, char* argv[])
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();
     SingleInstance instance(sessionBus);
     std::optional<TarvikApp> tarvik;
-    instance.decide([&](SingleInstance::Role role) {
-        if (role == SingleInstance::Role::second)
+    const auto start = [&] {
+        instance.decide([&](SingleInstance::Role role) {
+            if (role == SingleInstance::Role::second)
+                QCoreApplication::quit();
+            else
+                tarvik.emplace(QDBusConnection::systemBus(), sessionBus);
+        });
+    };
+    TimerfdClock clock;
+    std::optional<SystemdSupervision> supervision;
+    supervision.emplace(sessionBus, clock, QString::fromLatin1(StatusWire::busName), SupervisedProgram::current());
+    supervision->handOver([&](bool isHandedOver) {
+        supervision.reset();
+        if (isHandedOver)
             QCoreApplication::quit();
         else
-            tarvik.emplace(QDBusConnection::systemBus(), sessionBus);
+            start();
     });
     return QCoreApplication::exec();
 }
