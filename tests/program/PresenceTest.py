@@ -226,6 +226,11 @@ class TrayTest(PresenceTestCase):
         self.assertEqual(self.tarvik.process.wait(timeout=program.PATIENCE), 0)
         eventually(is_not_held, "released")
 
+    def test_the_menu_opens_the_panel(self):
+        self.present()
+        self.choose("Open Tarvik…")
+        eventually(panel, "the panel opens")
+
     def test_the_menu_opens_the_settings(self):
         self.present()
         self.choose("Settings…")
