@@ -116,7 +116,8 @@ class DesktopTest(unittest.TestCase):
         self.assertIn("no-such-command", result.stderr)
 
     def test_bad_options_are_refused_with_a_sentence(self):
-        for arguments in (["--nonsense", "true"], ["--size", "big", "true"], ["--user", "no-such-user", "true"], ["--size"], []):
+        for arguments in (["--nonsense", "true"], ["--size", "big", "true"], ["--user", "no-such-user", "true"],
+                          ["--system", "/no-such-prefix", "true"], ["--size"], []):
             result = run(*arguments)
             self.assertEqual(result.returncode, 125, arguments)
             self.assertRegex(result.stderr, r"\Adesktop: .*\.\n")
@@ -199,6 +200,29 @@ class DesktopTest(unittest.TestCase):
     def test_a_desktop_computer_has_no_battery_and_no_lid(self):
         result = run("bash", "-c", f"busctl get-property {UPOWER} OnBattery LidIsPresent; ls /sys/class/power_supply")
         self.assertEqual(result.stdout, "b false\nb false\n")
+
+    def test_it_knows_the_system_services_of_a_prefix_as_well(self):
+        interpreter = "while read -r line; do eval \"$line\"; done"
+        list_names = "busctl --no-legend list --activatable | cut -d' ' -f1"
+        with tempfile.TemporaryDirectory() as prefix:
+            files = {
+                "dbus-1/system-services/org.example.Probe.service": "[D-BUS Service]\nName=org.example.Probe\nUser=root\nExec=/bin/true\n",
+                "polkit-1/actions/org.example.probe.policy": '<policyconfig><action id="org.example.probe"><description>Probe</description>'
+                "<defaults><allow_any>yes</allow_any></defaults></action></policyconfig>",
+            }
+            for name, text in files.items():
+                path = pathlib.Path(prefix, "share", name)
+                path.parent.mkdir(parents=True)
+                path.write_text(text, encoding="utf-8")
+            with Running("--no-panel", "--system", prefix, script=interpreter) as desktop:
+                names = desktop.ask(list_names).split("\n")
+                self.assertIn("org.example.Probe", names)
+                self.assertIn("org.freedesktop.UPower", names)
+                self.assertEqual(desktop.ask("pkaction --action-id org.example.probe"), "org.example.probe")
+            for name in files:
+                self.assertFalse(pathlib.Path("/usr/share", name).exists(), name)
+        with Running("--no-panel", script=interpreter) as desktop:
+            self.assertNotIn("org.example.Probe", desktop.ask(list_names))
 
     def test_a_service_that_fails_is_named_with_the_end_of_its_log(self):
         with tempfile.TemporaryDirectory() as directory:
