@@ -19,7 +19,10 @@ from program import eventually
 CMAKE, BUILD = sys.argv[1:3]
 EXECUTABLE = "lib/tarvik/Contents/Linux/Tarvik"
 ENTRY = "share/applications/com.morvanta.Tarvik.desktop"
-PROGRAMS = (EXECUTABLE, "lib/tarvik/Contents/Linux/TarvikUi", "lib/tarvik/Contents/SharedSupport/tarvik")
+HELPER = "libexec/tarvik-helper"
+HELPER_UNIT = "lib/systemd/system/tarvik-helper.service"
+HELPER_BUS_SERVICE = "share/dbus-1/system-services/com.morvanta.Tarvik.helper.service"
+PROGRAMS = (EXECUTABLE, "lib/tarvik/Contents/Linux/TarvikUi", HELPER, "lib/tarvik/Contents/SharedSupport/tarvik")
 DATA = (
     "lib/tarvik/Contents/Resources/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
     "lib/tarvik/Contents/Resources/icons/hicolor/symbolic/apps/tarvik-active-symbolic.svg",
@@ -31,6 +34,10 @@ DATA = (
     "share/bash-completion/completions/tarvik",
     "share/zsh/site-functions/_tarvik",
     "share/fish/vendor_completions.d/tarvik.fish",
+    "share/dbus-1/system.d/com.morvanta.Tarvik.helper.conf",
+    "share/polkit-1/actions/com.morvanta.Tarvik.helper.policy",
+    HELPER_UNIT,
+    HELPER_BUS_SERVICE,
     ENTRY,
 )
 
@@ -79,8 +86,17 @@ class InstallTest(unittest.TestCase):
         link = os.readlink(prefix / "bin/tarvik")
         self.assertFalse(os.path.isabs(link), link)
         self.assertTrue((prefix / "bin/tarvik").samefile(prefix / PROGRAMS[-1]))
+        self.assert_starts_helper(prefix, prefix)
         self.assertIn(f"Exec={prefix / EXECUTABLE}\n", (prefix / ENTRY).read_text(encoding="utf-8"))
         subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+
+    def assert_starts_helper(self, root, prefix):
+        """What lies below root starts the helper below prefix."""
+        unit = (root / HELPER_UNIT).read_text(encoding="utf-8")
+        self.assertIn(f"\nExecStart={prefix}/{HELPER}\n", unit)
+        service = (root / HELPER_BUS_SERVICE).read_text(encoding="utf-8")
+        self.assertIn(f"\nSystemdService={pathlib.Path(HELPER_UNIT).name}\n", service)
+        self.assertRegex(service, f"\nExec=.* {prefix}/{HELPER}\n")
 
     def test_desktops_that_cannot_draw_svg_have_pictures_of_each_size_that_is_promised(self):
         self.install(self.directory / "prefix")
@@ -100,11 +116,15 @@ class InstallTest(unittest.TestCase):
         staged = self.directory / "opt/product"
         self.assertTrue((staged / EXECUTABLE).exists())
         self.assertIn(f"Exec=/opt/product/{EXECUTABLE}\n", (staged / ENTRY).read_text(encoding="utf-8"))
+        self.assert_starts_helper(staged, "/opt/product")
 
     def test_the_desktop_starts_it_from_an_odd_prefix(self):
         prefix = self.directory / "an \"odd\" $HOME `prefix`"
         self.install(prefix)
         subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+        # No service is started from there.
+        self.assertFalse((prefix / HELPER_UNIT).exists())
+        self.assertFalse((prefix / HELPER_BUS_SERVICE).exists())
         self.addCleanup(self.quit)
         self.assertTrue(Gio.DesktopAppInfo.new_from_filename(str(prefix / ENTRY)).launch())
         eventually(lambda: executable_of("com.morvanta.Tarvik") == str(prefix / EXECUTABLE), "the installed Tarvik runs")
