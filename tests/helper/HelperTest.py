@@ -29,7 +29,7 @@ from program import LOGIND, eventually, inhibitors, system_property  # pylint: d
 
 HELPER = ""
 # In KiB; the sanitizers need more.
-PSS_LIMIT = int(os.environ.get("HELPER_TEST_PSS", "1536"))
+PSS_LIMIT = int(os.environ.get("HELPER_TEST_PSS", "1024"))
 # "Normal sleep is back" and the like: what has to be so at once.
 AT_ONCE = 1
 # The one has the right by a rule, the other has not and, without a session, would have to log in as an administrator.
