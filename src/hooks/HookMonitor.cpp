@@ -14,6 +14,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -219,10 +220,11 @@ void HookMonitor::armExpiryTimer(TimePoint now)
     if (m_expiryTimer && m_expiryTimer->expiry == *expiry && now < m_expiryTimer->due)
         return;
     const Seconds delay = std::max(*expiry - now + slack, slack);
-    m_expiryTimer = ExpiryTimer{.expiry = *expiry, .due = now + delay, .timer = m_clock.after(delay, [this] {
-                                    m_expiryTimer.reset();
-                                    handleExpiry();
-                                })};
+    auto timer = m_clock.after(delay, [this] {
+        m_expiryTimer.reset();
+        handleExpiry();
+    });
+    m_expiryTimer = ExpiryTimer{.expiry = *expiry, .due = now + delay, .timer = std::move(timer)};
 }
 
 } // namespace Tarvik
