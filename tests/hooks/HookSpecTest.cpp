@@ -3,6 +3,7 @@
 #include "hooks/HookSpec.h"
 
 #include "core/AgentCatalogue.h"
+#include "hooks/HookTraits.h"
 #include "support/TestSupport.h"
 
 #include <QUrl>
@@ -136,6 +137,18 @@ private Q_SLOTS:
             hashes.insert(hash(variant));
         }
         QCOMPARE(hashes.size(), std::size_t{9});
+    }
+
+    void traitsAreThoseOfKnownAgentsAndOthersHaveNone()
+    {
+        for (const HookTraits& traits : HookAgents::unusual)
+            QVERIFY2(HookSpec::find(traits.id) != nullptr, traits.id.data());
+        for (const char* id : {"codex", "unknown", ""}) {
+            const HookTraits traits = HookTraits::of(id);
+            QVERIFY(!traits.readsTopLevel && !traits.leavesEventsUnnamed && traits.sessionVariable == nullptr);
+        }
+        QVERIFY(HookTraits::of("droid").readsTopLevel);
+        QVERIFY(HookTraits::of("copilot").leavesEventsUnnamed);
     }
 };
 
