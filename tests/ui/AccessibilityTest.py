@@ -17,8 +17,11 @@ from x_windows import x_windows
 
 HELP = "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running."
 CONTROLS = ("Tarvik", "Keep awake for…", "Lock & leave", "Settings…", "Quit Tarvik")
-# What every part of an open panel is; only what differs is looked at.
-COMMON = {"enabled", "sensitive", "showing", "visible"}
+# What every part of an open panel is, and that what is a check box can be checked, which only newer versions of Qt say; only what
+# differs is looked at.
+COMMON = {"enabled", "sensitive", "showing", "visible", "checkable"}
+# What newer versions of AT-SPI and Qt call them, and older ones.
+ROLES = {"button": "push button", "push button menu": "push button"}
 
 
 def settle():
@@ -62,7 +65,8 @@ def actions(accessible):
 
 
 def described(accessible):
-    return (accessible.getRoleName(), accessible.name, accessible.description, states(accessible) - COMMON)
+    role = accessible.getRoleName()
+    return (ROLES.get(role, role), accessible.name, accessible.description, states(accessible) - COMMON)
 
 
 def press(*keys):
@@ -82,6 +86,9 @@ class AccessibleWindowTest(WindowsTestCase):
         await_true(lambda: self.focused() is not None, "the window has the focus")
         # Something in it has the focus before the window has it.
         await_true(lambda: x_focus() in x_windows("--name", f"^{self.title}$"), "the keys go to the window")
+
+    def tearDown(self):
+        self.assertEqual(self.ui_log.read_text(encoding="utf-8"), "")
 
     def frame(self, title=None):
         desktop = pyatspi.Registry.getDesktop(0)

@@ -4,6 +4,8 @@
 import os
 import pathlib
 import subprocess
+import sys
+import tempfile
 import time
 import unittest
 
@@ -53,9 +55,13 @@ class WindowsTestCase(unittest.TestCase):
         return fake
 
     def start_windows(self, **environment):
-        """Starts a Tarvik to observe and the windows' process, as `fake` and `ui`."""
+        """Starts a Tarvik to observe and the windows' process, as `fake` and `ui`, whose log is kept in `ui_log`."""
         self.fake = self.start_fake("fake_tarvik.py")
-        self.ui = self.start(UI, env={**os.environ, **environment})
+        log = tempfile.NamedTemporaryFile(mode="w")
+        self.ui_log = pathlib.Path(log.name)
+        self.addCleanup(log.close)
+        self.addCleanup(lambda: print(self.ui_log.read_text(encoding="utf-8"), end="", file=sys.stderr))
+        self.ui = self.start(UI, env={**os.environ, **environment}, stderr=log)
         await_true(lambda: is_on_bus(self.ui), "the windows' process did not come up")
 
     def tell(self, state):

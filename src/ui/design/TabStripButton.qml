@@ -15,7 +15,8 @@ T.TabButton {
     readonly property color contentColor: checked ? theme.accentOnSurface : theme.secondaryText
 
     bottomPadding: theme.scaled(6)
-    focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
+    // Not taken back while it has the focus, which newer versions of Qt warn of.
+    focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     font.family: theme.fontFamily
     font.pixelSize: theme.captionSize
     font.weight: checked ? Font.DemiBold : Font.Normal

@@ -14,6 +14,7 @@ T.Switch {
     implicitWidth: root.theme.scaled(36)
 
     Accessible.role: Accessible.CheckBox
+    Accessible.onPressAction: toggle()
     Keys.onEnterPressed: toggle()
     Keys.onReturnPressed: toggle()
 
