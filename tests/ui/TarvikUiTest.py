@@ -33,7 +33,9 @@ class TarvikUiTest(unittest.TestCase):
     def start(self):
         directory = tempfile.TemporaryDirectory()
         self.addCleanup(directory.cleanup)
-        process = subprocess.Popen([UI], stderr=subprocess.PIPE, text=True, env={**os.environ, "XDG_RUNTIME_DIR": directory.name})
+        self.cache = pathlib.Path(directory.name) / "cache"
+        process = subprocess.Popen([UI], stderr=subprocess.PIPE, text=True,
+                                   env={**os.environ, "XDG_RUNTIME_DIR": directory.name, "XDG_CACHE_HOME": str(self.cache)})
         self.addCleanup(self.end, process)
         return process
 
@@ -56,6 +58,10 @@ class TarvikUiTest(unittest.TestCase):
         self.bus.call_sync(NAME, "/com/morvanta/TarvikUi", "com.morvanta.TarvikUi.Windows1", "ShowPanel",
                            GLib.Variant("(iis)", (100, 100, "")), None, 0, -1, None)
 
+    def show_settings(self):
+        self.bus.call_sync(NAME, "/com/morvanta/TarvikUi", "com.morvanta.TarvikUi.Windows1", "ShowSettings",
+                           GLib.Variant("(s)", ("",)), None, 0, -1, None)
+
     def test_answers_until_tarvik_vanishes(self):
         process = self.start()
         self.await_owner()
@@ -63,6 +69,16 @@ class TarvikUiTest(unittest.TestCase):
         self.end(self.fake)
         self.assertEqual(process.wait(DEADLINE), 0)
         self.assertEqual(process.stderr.read(), "")
+
+    def test_the_windows_are_compiled_ahead_of_time(self):
+        process = self.start()
+        self.await_owner()
+        self.show_panel()
+        self.show_settings()
+        self.end(self.fake)
+        self.assertEqual(process.wait(DEADLINE), 0)
+        # What Qt compiles itself, it keeps there.
+        self.assertEqual([str(path) for path in self.cache.rglob("*.qmlc")], [])
 
     def test_a_second_process_leaves_at_once(self):
         first = self.start()
