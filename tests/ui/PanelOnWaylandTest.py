@@ -170,6 +170,8 @@ class PanelAtTheTopTest(PanelTest):
         self.press("Up", "space")
         self.assertEqual(self.fake.stdout.readline(), "Quit\n")
         self.assertEqual(self.ui.wait(DEADLINE), 0)
+        # Nor has the compositor anything to complain of.
+        self.assertNotIn("error", self.ui_log.read_text(encoding="utf-8"))
 
     def test_is_drawn_at_the_scale_of_the_screen(self):
         self.sway.tell("output", "HEADLESS-1", "scale", "2")

@@ -5,6 +5,7 @@
 #include "ui/placement/LayerShell.h"
 
 #include <QEnterEvent>
+#include <QPlatformSurfaceEvent>
 #include <QScreen>
 
 #include <utility>
@@ -32,24 +33,24 @@ QWindow& created(QWindow& window)
 
 ScreenCover::ScreenCover(const LayerShell& shell, QScreen& screen)
     : QWindow(&screen)
-    , m_surface(shell, created(*this), everywhere, QSize(0, 0))
-    , m_viewport(wp_viewporter_get_viewport(shell.viewporter(), m_surface.surface()))
+    , m_surface(std::in_place, shell, created(*this), everywhere, QSize(0, 0))
+    , m_viewport(wp_viewporter_get_viewport(shell.viewporter(), m_surface->surface()))
 {
     // Qt draws nothing into a window that is never shown. A buffer as large as the screen would cost megabytes.
-    connect(&m_surface, &LayerSurface::configured, this, [this, &shell](QSize size) {
+    connect(&*m_surface, &LayerSurface::configured, this, [this, &shell](QSize size) {
         if (std::exchange(m_covered, size) == size)
             return;
         // Qt has told the scale of the screen, of which a single pixel is no multiple.
-        if (wl_surface_get_version(m_surface.surface()) >= WL_SURFACE_SET_BUFFER_SCALE_SINCE_VERSION)
-            wl_surface_set_buffer_scale(m_surface.surface(), 1);
+        if (wl_surface_get_version(m_surface->surface()) >= WL_SURFACE_SET_BUFFER_SCALE_SINCE_VERSION)
+            wl_surface_set_buffer_scale(m_surface->surface(), 1);
         wp_viewport_set_destination(m_viewport.get(), size.width(), size.height());
-        wl_surface_attach(m_surface.surface(), shell.transparentPixel(), 0, 0);
-        wl_surface_commit(m_surface.surface());
+        wl_surface_attach(m_surface->surface(), shell.transparentPixel(), 0, 0);
+        wl_surface_commit(m_surface->surface());
         static constexpr wl_callback_listener listener{.done = synchronised};
         m_sync = shell.sync();
         wl_callback_add_listener(m_sync.get(), &listener, this);
     });
-    connect(&m_surface, &LayerSurface::closed, this, &ScreenCover::pressed);
+    connect(&*m_surface, &LayerSurface::closed, this, &ScreenCover::pressed);
 }
 
 void ScreenCover::synchronised(void* self, wl_callback*, uint32_t)
@@ -60,6 +61,14 @@ void ScreenCover::synchronised(void* self, wl_callback*, uint32_t)
 bool ScreenCover::event(QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::PlatformSurface:
+        // Also when the application quits and closes all windows. What has been made of the surface must go before it.
+        if (static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType()
+            == QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
+            m_viewport.reset();
+            m_surface.reset();
+        }
+        break;
     case QEvent::Enter:
         Q_EMIT entered(screen()->geometry().topLeft() + static_cast<QEnterEvent*>(event)->position().toPoint());
         break;

@@ -9,6 +9,8 @@
 
 #include <viewporter-client-protocol.h>
 
+#include <optional>
+
 namespace Tarvik {
 
 /// An invisible window over all of a screen, panels too. Only a window under the pointer learns on Wayland where the
@@ -32,7 +34,7 @@ protected:
 private:
     static void synchronised(void* self, wl_callback* callback, uint32_t serial);
 
-    LayerSurface m_surface;
+    std::optional<LayerSurface> m_surface;
     WaylandObject<wp_viewport> m_viewport;
     QSize m_covered;
     WaylandObject<wl_callback> m_sync;
