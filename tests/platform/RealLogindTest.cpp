@@ -2,14 +2,19 @@
 // SPDX-License-Identifier: MIT
 //
 // Runs against the system's own logind, in a virtual desktop whose processes this test may kill.
+#include "platform/linux/assertions/DesktopHoldRules.h"
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 #include "support/TestSupport.h"
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
+#include <QDBusUnixFileDescriptor>
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryFile>
+
+#include <sys/mount.h>
 
 #include <csignal>
 
@@ -75,6 +80,35 @@ private Q_SLOTS:
         QVERIFY(child.waitForFinished());
     }
 
+    /// Nothing really sleeps: here is no systemd that logind could ask to do it. That it tries is what tells that it
+    /// may.
+    void aSleepLockStopsItsOwnUserWhereTheRulesAssumeIt()
+    {
+        QTemporaryFile states;
+        QVERIFY(states.open() && states.write("freeze mem\n") > 0 && states.flush());
+        // What the kernel can do; without it, logind refuses for that reason already. The mount is the virtual
+        // desktop's own.
+        QCOMPARE(mount(qPrintable(states.fileName()), "/sys/power/state", nullptr, MS_BIND, nullptr), 0);
+        const QString permitted = errorOf(callLogind(u"Suspend"_s, {false}));
+        QCOMPARE(permitted, u"org.freedesktop.DBus.Error.IOError"_s);
+
+        QString withLock;
+        {
+            const QDBusReply<QDBusUnixFileDescriptor> lock
+                = callLogind(u"Inhibit"_s, {u"sleep"_s, u"Tarvik"_s, u"test"_s, u"block"_s});
+            QVERIFY2(lock.isValid(), qPrintable(lock.error().message()));
+            QCOMPARE(ownInhibitors(), QStringList{u"sleep Tarvik block"_s});
+            withLock = errorOf(callLogind(u"Suspend"_s, {false}));
+        }
+        QCOMPARE(umount("/sys/power/state"), 0);
+
+        const int version = logindVersion();
+        QVERIFY(version > 0);
+        const DesktopFacts lxqt{.logind = true, .lxqtSession = true, .systemdVersion = version};
+        const bool isAssumedToStop = DesktopHoldRules::againstSystemSleep(lxqt).contains(DesktopHold::logindSleep);
+        QCOMPARE(withLock, isAssumedToStop ? u"org.freedesktop.DBus.Error.AccessDenied"_s : permitted);
+    }
+
     void logindListsItOnceAfterItsRestart()
     {
         auto assertion = m_assertions.create(preventUserIdleSystemSleep, u"Tarvik"_s);
@@ -82,7 +116,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_assertions.holds().constFirst().effective);
 
         const uint pid = m_bus.interface()->servicePid(logindName);
-        const QString program = QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(pid));
+        const QString program = logindProgram();
         QVERIFY(!program.isEmpty());
         QCOMPARE(kill(static_cast<pid_t>(pid), SIGKILL), 0);
         QTRY_VERIFY(!m_assertions.holds().constFirst().effective);
@@ -97,12 +131,38 @@ private Q_SLOTS:
     }
 
 private:
+    QDBusMessage callLogind(const QString& method, const QVariantList& arguments)
+    {
+        auto call = QDBusMessage::createMethodCall(
+            logindName, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, method);
+        call.setArguments(arguments);
+        return m_bus.call(call);
+    }
+
+    static QString errorOf(const QDBusMessage& answer)
+    {
+        return answer.type() == QDBusMessage::ErrorMessage ? answer.errorName() : u"none"_s;
+    }
+
+    QString logindProgram()
+    {
+        return QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(m_bus.interface()->servicePid(logindName).value()));
+    }
+
+    /// Of "systemd 257 (257.13-1~deb13u1)".
+    int logindVersion()
+    {
+        QProcess program;
+        program.start(logindProgram(), {u"--version"_s});
+        if (!program.waitForFinished())
+            return 0;
+        return DesktopHoldRules::systemdVersion(QString::fromLatin1(program.readLine()).section(u' ', 1));
+    }
+
     /// "what who mode" of each inhibitor that logind lists for this process.
     QStringList ownInhibitors()
     {
-        const auto call = QDBusMessage::createMethodCall(
-            logindName, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"ListInhibitors"_s);
-        const QDBusMessage reply = m_bus.call(call);
+        const QDBusMessage reply = callLogind(u"ListInhibitors"_s, {});
         if (reply.type() != QDBusMessage::ReplyMessage)
             return {reply.errorMessage()};
         const auto array = reply.arguments().constFirst().value<QDBusArgument>();
