@@ -22,7 +22,8 @@ class Desktop:
     footnote = ""
     has_tray = True
     has_x_server = True
-    logs_in_again = True
+    # Its idle suspend can be held off while the display goes off.
+    can_spare_display = True
     reads_autostart = True
     # Name: shell script that starts it anew, in the session.
     restarts = {}
@@ -65,6 +66,7 @@ class Desktop:
 
 class Xfce(Desktop):
     name = "xfce"
+    can_spare_display = False
     services = ("org.freedesktop.Notifications", "org.xfce.PowerManager", "org.kde.StatusNotifierWatcher")
     restarts = {
         "panel": "xfce4-panel --restart",
@@ -194,6 +196,7 @@ class Lxqt(Desktop):
     services = ("org.freedesktop.Notifications", "org.kde.StatusNotifierWatcher")
     # The shortest that its settings offer.
     idle_time = 60
+    can_spare_display = False
     restarts = {
         "panel": "pkill -x lxqt-panel; (lxqt-panel >/dev/null 2>&1 &)",
         "power daemon": "pkill -x lxqt-powermanag; (lxqt-powermanagement >/dev/null 2>&1 &)",
@@ -230,7 +233,6 @@ class Sway(Desktop):
     services = ()
     has_x_server = False
     reads_autostart = False
-    logs_in_again = False
     swayidle = "(swayidle timeout {} 'systemctl suspend' >/dev/null 2>&1 &)"
     restarts = {
         "panel": "swaymsg reload",
@@ -277,7 +279,6 @@ class Bare(Desktop):
     has_tray = False
     has_x_server = False
     reads_autostart = False
-    logs_in_again = False
 
     def furnish(self, machine):
         machine.write("/etc/systemd/logind.conf.d/idle.conf",
