@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""Fails on any include that runs against the direction of dependencies between the folders of src/."""
+"""Fails on any include that runs against the direction of dependencies between the folders of src/, and on signals of a bus
+that are subscribed to by other means than those of src/dbus, which never wait for the bus."""
 
 import re
 import sys
@@ -13,14 +14,15 @@ LINUX = "platform/linux"
 # The ground of everything, programs without Qt included.
 BASE = "base"
 # What every Linux back-end may use; the folders beside these know nothing of each other.
-LINUX_GROUND = {f"{LINUX}/dbus", f"{LINUX}/kernel", f"{LINUX}/x11"}
+LINUX_GROUND = {f"{LINUX}/kernel", f"{LINUX}/x11"}
 
 # Folder -> the other folders of src/ whose headers it may include.
 ALLOWED = {
     BASE: set(),
     "core": set(),
+    "dbus": {"core"},
     "platform": {"core"},
-    LINUX: {"core", "platform"} | LINUX_GROUND,
+    LINUX: {"core", "dbus", "platform"} | LINUX_GROUND,
     "journal": {"core", "platform"},
     "hooks": {"core", "platform"},
     "hotkey": {"core", "platform"},
@@ -28,9 +30,9 @@ ALLOWED = {
     "lidclosed": {"core", "platform"},
     "monitors": {"core", "platform"} | SERVICES,
     "engine": {"core", "platform", "monitors"} | SERVICES,
-    "bus": {"core", "platform", "monitors", "engine"} | SERVICES,
-    "ui/design": {"core", "bus"},
-    "ui/placement": {"core", "bus"},
+    "bus": {"core", "dbus", "platform", "monitors", "engine"} | SERVICES,
+    "ui/design": {"core", "bus", "dbus"},
+    "ui/placement": {"core", "bus", "dbus"},
     "ui/panel": {"core", "bus", "ui/design", "ui/placement"},
     "ui/settings": {"core", "bus", "ui/design", "ui/placement"},
     "ui": {"core", "bus", "ui/design", "ui/panel", "ui/settings"},
@@ -43,6 +45,8 @@ WITHOUT_QT = {
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 QT_INCLUDE = re.compile(r"^\s*#\s*include\s+<Q", re.MULTILINE)
+# QDBusConnection::connect, on whatever the connection is called.
+BUS_CONNECT = re.compile(r"(?:[bB]us|[cC]onnection)(?:\(.*\))?\.(?:dis)?connect\(")
 
 
 def folder_of(path: str) -> str:
@@ -75,6 +79,8 @@ def violations():
                 continue
             if not may_include(own, target):
                 yield f"src/{relative}: {own} must not include {included}"
+        if own != "dbus" and BUS_CONNECT.search(text):
+            yield f"src/{relative}: subscribes to a signal without DBusSignal"
         if is_without_qt(relative) and QT_INCLUDE.search(text):
             yield f"src/{relative}: includes Qt, but programs without Qt share it"
 

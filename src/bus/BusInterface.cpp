@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bus/BusInterface.h"
 
-#include "bus/WireValue.h"
+#include "dbus/WireValue.h"
 #include "platform/StatusWire.h"
 
 #include <QDBusMessage>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "bus/JournalModel.h"
 
-#include "bus/WireValue.h"
 #include "core/Logging.h"
+#include "dbus/WireValue.h"
 #include "journal/JournalEntry.h"
 
 #include <algorithm>

@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "bus/PropertyMirror.h"
 
-#include "bus/WireValue.h"
 #include "core/Logging.h"
+#include "dbus/WireValue.h"
 #include "platform/StatusWire.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QMetaProperty>
 
@@ -19,7 +17,6 @@ namespace Tarvik {
 
 namespace {
 
-const auto propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const auto busName = QString::fromLatin1(StatusWire::busName);
 const auto objectPath = QString::fromLatin1(StatusWire::objectPath);
 
@@ -30,7 +27,7 @@ PropertyMirror::PropertyMirror(
     : m_bus(bus)
     , m_metaObject(metaObject)
     , m_interface(QString::fromLatin1(interface))
-    , m_serviceWatcher(busName, bus, QDBusServiceWatcher::WatchForOwnerChange)
+    , m_names(bus, {busName})
 {
     for (int index = metaObject.propertyOffset(); index < metaObject.propertyCount(); ++index) {
         const QMetaProperty property = metaObject.property(index);
@@ -38,55 +35,36 @@ PropertyMirror::PropertyMirror(
         if (property.hasNotifySignal())
             m_values[name] = initial.value(name, QVariant(property.metaType()));
     }
-    connect(&m_serviceWatcher,
-        &QDBusServiceWatcher::serviceOwnerChanged,
-        this,
-        [this](const QString&, const QString&, const QString& newOwner) { followOwner(newOwner); });
-    m_bus.connect(busName,
-        objectPath,
-        propertiesInterface,
-        u"PropertiesChanged"_s,
-        {m_interface},
-        QString(),
-        this,
-        SLOT(takeChanges(QString, QVariantMap, QStringList)));
-    refresh();
+    if (m_names.isKnown())
+        QMetaObject::invokeMethod(this, &PropertyMirror::followOwner, Qt::QueuedConnection);
+    m_names.onKnown = [this] { followOwner(); };
+    m_names.onOwnerChange = [this](const QString&) { followOwner(); };
 }
 
-void PropertyMirror::followOwner(const QString& newOwner)
+void PropertyMirror::followOwner()
 {
-    if (!newOwner.isEmpty()) {
-        refresh();
+    m_remote.reset();
+    const QString owner = m_names.owner(busName);
+    if (owner.isEmpty()) {
+        setConnected(false);
+        Q_EMIT lost();
         return;
     }
-    delete std::exchange(m_reading, nullptr);
-    setConnected(false);
-    Q_EMIT lost();
+    m_remote = std::make_unique<RemoteProperties>(m_bus, RemoteProperties::Place{owner, objectPath, m_interface});
+    m_remote->onChange = [this](const QVariantMap& values) {
+        take(values);
+        setConnected(true);
+    };
+    m_remote->onFailure = [this](const QDBusMessage&) {
+        setConnected(false);
+        Q_EMIT lost();
+    };
 }
 
 void PropertyMirror::refresh()
 {
-    delete m_reading;
-    m_reading = send(propertiesInterface, u"GetAll"_s, {m_interface});
-    connect(m_reading, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
-        m_reading = nullptr;
-        call->deleteLater();
-        const QDBusPendingReply<QVariantMap> reply = *call;
-        if (reply.isError()) {
-            setConnected(false);
-            Q_EMIT lost();
-            return;
-        }
-        take(reply.value());
-        setConnected(true);
-    });
-}
-
-void PropertyMirror::takeChanges(const QString&, const QVariantMap& changed, const QStringList& invalidated)
-{
-    take(changed);
-    if (!invalidated.isEmpty())
-        refresh();
+    if (m_remote)
+        m_remote->read();
 }
 
 void PropertyMirror::take(const QVariantMap& values)
@@ -124,12 +102,10 @@ void PropertyMirror::write(const char* property, const QVariant& value)
     m_values[name] = value;
     ++m_writes[name];
     notify(name);
-    auto* watcher = send(propertiesInterface, u"Set"_s, {m_interface, name, QVariant::fromValue(QDBusVariant(value))});
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, name](QDBusPendingCallWatcher* call) {
-        call->deleteLater();
-        if (call->isError())
-            qCWarning(
-                logSystem, "%ls was not set: %ls", qUtf16Printable(name), qUtf16Printable(call->error().message()));
+    const auto message = DBusProperties::set(busName, objectPath, m_interface, name, value);
+    m_calls.send(m_bus, message, [this, name](const QDBusMessage& answer) {
+        if (answer.type() == QDBusMessage::ErrorMessage)
+            qCWarning(logSystem, "%ls was not set: %ls", qUtf16Printable(name), qUtf16Printable(answer.errorMessage()));
         if (--m_writes[name] > 0)
             return;
         m_writes.remove(name);
@@ -141,34 +117,20 @@ void PropertyMirror::write(const char* property, const QVariant& value)
 void PropertyMirror::call(
     const QString& method, const QVariantList& arguments, std::function<void(const QDBusMessage& answer)> done)
 {
-    auto* watcher = send(m_interface, method, arguments);
-    connect(watcher,
-        &QDBusPendingCallWatcher::finished,
-        this,
-        [method, done = std::move(done)](QDBusPendingCallWatcher* call) {
-            call->deleteLater();
-            if (done)
-                done(call->reply());
-            else if (call->isError())
-                qCWarning(
-                    logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(call->error().message()));
-        });
+    auto message = QDBusMessage::createMethodCall(busName, objectPath, m_interface, method);
+    message.setArguments(arguments);
+    m_calls.send(m_bus, message, [method, done = std::move(done)](const QDBusMessage& answer) {
+        if (done)
+            done(answer);
+        else if (answer.type() == QDBusMessage::ErrorMessage)
+            qCWarning(logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(answer.errorMessage()));
+    });
 }
 
 void PropertyMirror::setConnected(bool connected)
 {
     if (std::exchange(m_isConnected, connected) != connected)
         Q_EMIT connectedChanged();
-}
-
-QDBusPendingCallWatcher* PropertyMirror::send(
-    const QString& interface, const QString& method, const QVariantList& arguments)
-{
-    auto message = QDBusMessage::createMethodCall(busName, objectPath, interface, method);
-    message.setArguments(arguments);
-    // A window is no reason to start Tarvik behind the user's back.
-    message.setAutoStartService(false);
-    return new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
 }
 
 } // namespace Tarvik

@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusServiceWatcher>
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusCalls.h"
+#include "dbus/RemoteProperties.h"
+
 #include <QHash>
 #include <QObject>
 #include <QVariantMap>
 
 #include <functional>
-
-class QDBusPendingCallWatcher;
+#include <memory>
 
 namespace Tarvik {
 
@@ -51,24 +51,21 @@ protected:
         const QVariantList& arguments = {},
         std::function<void(const QDBusMessage& answer)> done = {});
 
-private Q_SLOTS:
-    void takeChanges(const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
-
 private:
-    void followOwner(const QString& newOwner);
+    void followOwner();
     void take(const QVariantMap& values);
     void notify(const QString& property);
     void setConnected(bool connected);
-    QDBusPendingCallWatcher* send(const QString& interface, const QString& method, const QVariantList& arguments);
 
     QDBusConnection m_bus;
     const QMetaObject& m_metaObject;
     QString m_interface;
-    QDBusServiceWatcher m_serviceWatcher;
+    BusNameWatch m_names;
+    std::unique_ptr<RemoteProperties> m_remote;
+    DBusCalls m_calls;
     QVariantMap m_values;
     /// How many writes of a property are under way; meanwhile, announcements may carry an older value.
     QHash<QString, int> m_writes;
-    QDBusPendingCallWatcher* m_reading = nullptr;
     bool m_isConnected = false;
 };
 

@@ -2,17 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "bus/SingleInstance.h"
 
+#include "dbus/BusDaemon.h"
 #include "platform/StatusWire.h"
 
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusError>
 #include <QTimer>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace Tarvik {
 
@@ -21,10 +20,10 @@ namespace {
 const auto busName = QString::fromLatin1(StatusWire::busName);
 
 /// At a busy login the bus may stand still for seconds; without it there is nobody to show anything to anyway.
-constexpr int nameTimeoutMilliseconds = 20'000;
-constexpr int activationTimeoutMilliseconds = 2000;
+constexpr auto namePatience = 20s;
+constexpr auto activationPatience = 2s;
 /// The first instance has its name a moment before it listens.
-constexpr int retryMilliseconds = 50;
+constexpr auto retryPause = 50ms;
 /// DBUS_NAME_FLAG_DO_NOT_QUEUE and DBUS_REQUEST_NAME_REPLY_EXISTS of the D-Bus specification.
 constexpr quint32 doNotQueue = 4;
 constexpr quint32 nameExists = 3;
@@ -55,18 +54,16 @@ void SingleInstance::decide(std::function<void(Role)> decided)
             this, [decided = std::move(decided)] { decided(Role::first); }, Qt::QueuedConnection);
         return;
     }
-    auto request = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"RequestName"_s);
-    request << busName << doNotQueue;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(request, nameTimeoutMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, decided = std::move(decided)] {
-        watcher->deleteLater();
-        const QDBusPendingReply<quint32> reply = *watcher;
-        if (reply.isValid() && reply.value() == nameExists)
-            handOver(QDeadlineTimer(activationTimeoutMilliseconds), decided);
-        else
-            decided(Role::first);
-    });
+    m_call = callAsync(m_bus,
+        BusDaemon::call(u"RequestName"_s, {busName, doNotQueue}),
+        [this, decided = std::move(decided)](const QDBusMessage& answer) {
+            m_call.reset();
+            if (answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0) == QVariant(nameExists))
+                handOver(QDeadlineTimer(activationPatience), decided);
+            else
+                decided(Role::first);
+        },
+        {.patience = namePatience});
 }
 
 void SingleInstance::handOver(QDeadlineTimer deadline, const std::function<void(Role)>& decided)
@@ -74,14 +71,16 @@ void SingleInstance::handOver(QDeadlineTimer deadline, const std::function<void(
     auto call = QDBusMessage::createMethodCall(
         busName, QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.Application"_s, u"Activate"_s);
     call << ownPlatformData();
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, activationTimeoutMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, deadline, decided] {
-        watcher->deleteLater();
-        if (watcher->error().type() == QDBusError::UnknownObject && !deadline.hasExpired())
-            QTimer::singleShot(retryMilliseconds, this, [this, deadline, decided] { handOver(deadline, decided); });
-        else
-            decided(Role::second);
-    });
+    m_call = callAsync(m_bus,
+        call,
+        [this, deadline, decided](const QDBusMessage& answer) {
+            m_call.reset();
+            if (QDBusError(answer).type() == QDBusError::UnknownObject && !deadline.hasExpired())
+                QTimer::singleShot(retryPause, this, [this, deadline, decided] { handOver(deadline, decided); });
+            else
+                decided(Role::second);
+        },
+        {.patience = activationPatience});
 }
 
 } // namespace Tarvik

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusConnection>
+#include "dbus/DBusCall.h"
+
 #include <QDeadlineTimer>
 #include <QObject>
 
@@ -32,6 +33,7 @@ private:
     void handOver(QDeadlineTimer deadline, const std::function<void(Role)>& decided);
 
     QDBusConnection m_bus;
+    DBusCall m_call;
 };
 
 } // namespace Tarvik

@@ -6,12 +6,12 @@
 #include "core/Logging.h"
 #include "platform/UiLauncher.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include <QDBusError>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace Tarvik {
 
@@ -19,7 +19,7 @@ namespace {
 
 const auto uiBusName = QString::fromLatin1(UiWire::uiBusName);
 
-constexpr int timeoutMilliseconds = 5000;
+constexpr auto answerPatience = 5s;
 
 /// Not running, or gone before it had read the call.
 bool isGone(const QDBusError& error)
@@ -34,12 +34,14 @@ bool isGone(const QDBusError& error)
 UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
     : m_launcher(launcher)
     , m_bus(bus)
-    , m_serviceWatcher(uiBusName, bus, QDBusServiceWatcher::WatchForRegistration)
+    , m_names(bus, {uiBusName})
 {
-    connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+    m_names.onOwnerChange = [this](const QString&) {
+        if (!m_names.isOwned(uiBusName))
+            return;
         if (const auto wish = std::exchange(m_wish, std::nullopt))
             send(*wish);
-    });
+    };
     m_launcher.onEnd = [this](const QString& failure) { noticeEnd(failure); };
 }
 
@@ -65,28 +67,31 @@ void UiProcess::send(const Wish& wish)
         QString::fromLatin1(UiWire::windowsInterface),
         wish.method);
     message.setArguments(wish.arguments);
-    message.setAutoStartService(false);
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, timeoutMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, wish](QDBusPendingCallWatcher* call) {
-        call->deleteLater();
-        if (!call->isError())
-            return;
-        const QDBusError error = call->error();
-        if (isGone(error) && !wish.wasLaunchedFor && !wish.patience.hasExpired()) {
-            launchFor(wish);
-            return;
-        }
-        if (error.type() != QDBusError::NoReply) {
-            qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
-            return;
-        }
-        // No answer so soon means that it has ended, of which the launcher tells.
-        if (!wish.patience.hasExpired())
-            return;
-        // It has nothing to lose, and only its end lets the next click start another one.
-        qCWarning(logSystem, "The windows' process does not answer and is killed");
-        m_launcher.kill();
-    });
+    m_calls.send(m_bus,
+        message,
+        [this, wish](const QDBusMessage& answer) {
+            if (answer.type() == QDBusMessage::ErrorMessage)
+                noticeFailure(wish, QDBusError(answer));
+        },
+        {.patience = answerPatience});
+}
+
+void UiProcess::noticeFailure(const Wish& wish, const QDBusError& error)
+{
+    if (isGone(error) && !wish.wasLaunchedFor && !wish.patience.hasExpired()) {
+        launchFor(wish);
+        return;
+    }
+    if (error.type() != QDBusError::NoReply) {
+        qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
+        return;
+    }
+    // No answer so soon means that it has ended, of which the launcher tells.
+    if (!wish.patience.hasExpired())
+        return;
+    // It has nothing to lose, and only its end lets the next click start another one.
+    qCWarning(logSystem, "The windows' process does not answer and is killed");
+    m_launcher.kill();
 }
 
 void UiProcess::launchFor(Wish wish)

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusServiceWatcher>
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusCalls.h"
+
 #include <QDeadlineTimer>
-#include <QObject>
 
 #include <chrono>
 #include <optional>
+
+class QDBusError;
 
 namespace Tarvik {
 
@@ -17,17 +19,20 @@ class UiLauncher;
 /// Tarvik's side of the conversation with the process that shows its windows: starts it when a window is wanted and
 /// tells it which. Windows that do not come up are logged and tried again at the next wish, a process that hangs is
 /// killed for it; nothing else is affected.
-class UiProcess : public QObject {
-    Q_OBJECT
-
+class UiProcess final {
 public:
     /// `launcher` must outlive the object, which takes over its callback.
     UiProcess(UiLauncher& launcher, const QDBusConnection& bus);
-    ~UiProcess() override;
+    ~UiProcess();
+    UiProcess(const UiProcess&) = delete;
+    UiProcess& operator=(const UiProcess&) = delete;
 
     /// Where the tray item was clicked, as the tray tells it; the token may be empty.
     void showPanel(int x, int y, const QString& activationToken);
     void showSettings(const QString& activationToken);
+
+    /// The process has been called and has not answered yet.
+    bool isCalling() const { return !m_calls.isEmpty(); }
 
 private:
     struct Wish {
@@ -41,12 +46,14 @@ private:
     };
 
     void send(const Wish& wish);
+    void noticeFailure(const Wish& wish, const QDBusError& error);
     void launchFor(Wish wish);
     void noticeEnd(const QString& failure);
 
     UiLauncher& m_launcher;
     QDBusConnection m_bus;
-    QDBusServiceWatcher m_serviceWatcher;
+    BusNameWatch m_names;
+    DBusCalls m_calls;
     /// Waits for the process to come up.
     std::optional<Wish> m_wish;
 };

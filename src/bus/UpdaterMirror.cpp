@@ -3,7 +3,7 @@
 #include "bus/UpdaterMirror.h"
 
 #include "bus/UiWire.h"
-#include "bus/WireValue.h"
+#include "dbus/WireValue.h"
 
 using namespace Qt::StringLiterals;
 

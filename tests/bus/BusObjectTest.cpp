@@ -3,7 +3,7 @@
 #include "bus/ServedTarvik.h"
 #include "bus/UiWire.h"
 #include "bus/WindowsAdaptor.h"
-#include "bus/WireValue.h"
+#include "dbus/WireValue.h"
 #include "support/TestSupport.h"
 
 #include <QDBusArgument>

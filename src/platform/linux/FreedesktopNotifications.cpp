@@ -97,11 +97,10 @@ void FreedesktopNotifications::readCapabilities()
 {
     m_askedPredecessor = false;
     m_hasAppeared = false;
-    m_capabilitiesCall = callAsync(
-        m_bus,
+    m_capabilitiesCall = callAsync(m_bus,
         methodCall(u"GetCapabilities"_s),
         [this](const QDBusMessage& answer) { receiveCapabilities(answer); },
-        ServiceStart::ifNeeded);
+        {.startsService = true});
 }
 
 void FreedesktopNotifications::receiveCapabilities(const QDBusMessage& answer)
@@ -148,14 +147,13 @@ void FreedesktopNotifications::notify(const QString& title, const QString& body,
         QVariantMap{{u"desktop-entry"_s, applicationId}, {u"urgency"_s, QVariant::fromValue(urgencyNormal)}},
         expiresAsTheDaemonLikes});
     const unsigned number = ++m_lastPost;
-    m_posts[number] = callAsync(
-        m_bus,
+    m_posts[number] = callAsync(m_bus,
         message,
         [this, number, done = std::move(done)](const QDBusMessage& answer) {
             m_posts.erase(number);
             done(errorText(answer));
         },
-        ServiceStart::ifNeeded);
+        {.startsService = true});
 }
 
 } // namespace Tarvik

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/DBusCall.h"
 #include "platform/UserNotifications.h"
-#include "platform/linux/dbus/DBusCall.h"
 
 #include <QDBusServiceWatcher>
 

@@ -41,23 +41,19 @@ HookChannel::Payload parse(const QDBusMessage& message)
 } // namespace
 
 SessionBusHookChannel::SessionBusHookChannel(const QDBusConnection& bus)
+    : m_events(bus,
+        {{},
+            QLatin1String(HookWire::objectPath),
+            QLatin1String(HookWire::interfaceName),
+            QLatin1String(HookWire::signalName),
+            {}},
+        [this](const QDBusMessage& message) {
+            if (onNotification)
+                onNotification(parse(message));
+        })
 {
-    const bool isListening = QDBusConnection(bus).connect({},
-        QLatin1String(HookWire::objectPath),
-        QLatin1String(HookWire::interfaceName),
-        QLatin1String(HookWire::signalName),
-        this,
-        SLOT(receive(QDBusMessage)));
-    if (!isListening)
-        qCWarning(logHooks,
-            "cannot listen for hook notifications: %s",
-            qUtf8Printable(bus.isConnected() ? bus.lastError().message() : QStringLiteral("no session bus")));
-}
-
-void SessionBusHookChannel::receive(const QDBusMessage& message)
-{
-    if (onNotification)
-        onNotification(parse(message));
+    if (!bus.isConnected())
+        qCWarning(logHooks, "cannot listen for hook notifications: no session bus");
 }
 
 } // namespace Tarvik

@@ -2,19 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/DBusSignal.h"
 #include "platform/HookChannel.h"
-
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QObject>
 
 namespace Tarvik {
 
 /// Hook announcements as broadcast signals on the session bus, HookWire.h. Anybody on the bus may announce: the
 /// command-line tool has no name there that could be asked for.
-class SessionBusHookChannel final : public QObject, public HookChannel {
-    Q_OBJECT
-
+class SessionBusHookChannel final : public HookChannel {
 public:
     /// More entries than this are no announcement.
     static constexpr int maximumEntries = 64;
@@ -22,8 +17,8 @@ public:
     /// Logs when the bus cannot be listened to; the channel then stays silent.
     explicit SessionBusHookChannel(const QDBusConnection& bus);
 
-private Q_SLOTS:
-    void receive(const QDBusMessage& message);
+private:
+    DBusSignal m_events;
 };
 
 } // namespace Tarvik

@@ -3,10 +3,7 @@
 #include "ui/design/Appearance.h"
 
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
@@ -57,17 +54,12 @@ bool assign(T& field, const T& value)
 
 Appearance::Appearance(const QDBusConnection& bus)
     : m_bus(bus)
-    , m_serviceWatcher(portalName, bus, QDBusServiceWatcher::WatchForRegistration)
+    , m_names(bus, {portalName})
 {
-    qRegisterMetaType<QDBusVariant>();
     qDBusRegisterMetaType<Groups>();
-    connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this, &Appearance::read);
-    m_bus.connect(portalName,
-        portalPath,
-        settingsInterface,
-        u"SettingChanged"_s,
-        this,
-        SLOT(takeChange(QString, QString, QDBusVariant)));
+    m_names.onKnown = [this] { followOwner(); };
+    m_names.onOwnerChange = [this](const QString&) { followOwner(); };
+    // Which starts the portal where it is not running.
     read();
 }
 
@@ -79,30 +71,54 @@ bool Appearance::isDark() const
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
+void Appearance::followOwner()
+{
+    m_changes.reset();
+    const QString owner = m_names.owner(portalName);
+    if (owner.isEmpty())
+        return;
+    m_changes = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{owner, portalPath, settingsInterface, u"SettingChanged"_s, {}},
+        [this](const QDBusMessage& signal) { takeChange(signal); });
+    // What has changed before that.
+    read();
+}
+
 void Appearance::read()
 {
     auto message = QDBusMessage::createMethodCall(portalName, portalPath, settingsInterface, u"ReadAll"_s);
     message << QStringList{appearanceGroup, interfaceGroup, accessibilityGroup};
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
-        call->deleteLater();
-        const QDBusPendingReply<Groups> reply = *call;
-        bool hasChanged = false;
-        const Groups groups = reply.isError() ? Groups() : reply.value();
-        for (auto group = groups.begin(); group != groups.end(); ++group) {
-            for (auto setting = group->begin(); setting != group->end(); ++setting)
-                hasChanged = take(group.key(), setting.key(), setting.value()) || hasChanged;
-        }
-        if (hasChanged)
-            Q_EMIT changed();
-        if (!std::exchange(m_isKnown, true))
-            Q_EMIT known();
-    });
+    m_reading = callAsync(m_bus,
+        message,
+        [this](const QDBusMessage& answer) {
+            m_reading.reset();
+            takeAll(answer);
+        },
+        {.startsService = true});
 }
 
-void Appearance::takeChange(const QString& group, const QString& key, const QDBusVariant& value)
+void Appearance::takeAll(const QDBusMessage& answer)
 {
-    if (take(group, key, value.variant()))
+    Groups groups;
+    if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "a{sa{sv}}"_L1)
+        groups = qdbus_cast<Groups>(answer.arguments().constFirst());
+    bool hasChanged = false;
+    for (auto group = groups.begin(); group != groups.end(); ++group) {
+        for (auto setting = group->begin(); setting != group->end(); ++setting)
+            hasChanged = take(group.key(), setting.key(), setting.value()) || hasChanged;
+    }
+    if (hasChanged)
+        Q_EMIT changed();
+    if (!std::exchange(m_isKnown, true))
+        Q_EMIT known();
+}
+
+void Appearance::takeChange(const QDBusMessage& signal)
+{
+    if (signal.signature() != "ssv"_L1)
+        return;
+    const QVariantList arguments = signal.arguments();
+    if (take(arguments.at(0).toString(), arguments.at(1).toString(), arguments.at(2).value<QDBusVariant>().variant()))
         Q_EMIT changed();
 }
 

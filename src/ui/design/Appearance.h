@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusSignal.h"
+
 #include <QColor>
-#include <QDBusConnection>
-#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QVariant>
 
-class QDBusVariant;
+#include <memory>
 
 namespace Tarvik {
 
@@ -40,15 +41,17 @@ Q_SIGNALS:
     void changed();
     void known();
 
-private Q_SLOTS:
-    void takeChange(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
+    void followOwner();
     void read();
+    void takeAll(const QDBusMessage& answer);
+    void takeChange(const QDBusMessage& signal);
     bool take(const QString& group, const QString& key, const QVariant& value);
 
     QDBusConnection m_bus;
-    QDBusServiceWatcher m_serviceWatcher;
+    BusNameWatch m_names;
+    std::unique_ptr<DBusSignal> m_changes;
+    DBusCall m_reading;
     /// 0 no preference, 1 dark, 2 light.
     uint m_colorScheme = 0;
     QColor m_accent;

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/placement/PlasmaStruts.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusArgument>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -42,15 +40,14 @@ void PlasmaStruts::ask(const QString& screen, const QRect& geometry, const std::
     }
     auto message = QDBusMessage::createMethodCall(
         u"org.kde.plasmashell"_s, u"/StrutManager"_s, u"org.kde.PlasmaShell.StrutManager"_s, u"availableScreenRect"_s);
-    message.setAutoStartService(false);
     message << screen;
-    auto* watcher
-        = new QDBusPendingCallWatcher(m_bus.asyncCall(message, std::chrono::milliseconds(patience).count()), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [geometry, answer](QDBusPendingCallWatcher* call) {
-        call->deleteLater();
-        const QDBusPendingReply<QRect> reply = *call;
-        answer(reply.isError() ? QMargins() : around(reply.value(), geometry));
-    });
+    m_calls.send(m_bus,
+        message,
+        [geometry, answer](const QDBusMessage& reply) {
+            const bool isRectangle = reply.type() == QDBusMessage::ReplyMessage && reply.signature() == "(iiii)"_L1;
+            answer(isRectangle ? around(qdbus_cast<QRect>(reply.arguments().constFirst()), geometry) : QMargins());
+        },
+        {.patience = patience});
 }
 
 } // namespace Tarvik

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusConnection>
+#include "dbus/DBusCalls.h"
+
 #include <QMargins>
-#include <QObject>
 #include <QRect>
 
 #include <functional>
@@ -13,9 +13,7 @@ namespace Tarvik {
 
 /// What the panels of Plasma 5 take of a screen, by org.kde.PlasmaShell.StrutManager of plasmashell. Its compositor
 /// keeps windows of the layer shell clear of other such windows only, and its panels are none before Plasma 6.
-class PlasmaStruts : public QObject {
-    Q_OBJECT
-
+class PlasmaStruts final {
 public:
     /// `sessionVersion` is what KDE_SESSION_VERSION says; nothing is asked unless it is "5".
     PlasmaStruts(const QDBusConnection& bus, const QByteArray& sessionVersion);
@@ -27,6 +25,7 @@ public:
 private:
     QDBusConnection m_bus;
     bool m_isPlasma5;
+    DBusCalls m_calls;
 };
 
 } // namespace Tarvik

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/applications/SystemdUserApplications.h"
 
+#include "dbus/DBusProperties.h"
 #include "platform/linux/applications/UnitNames.h"
 
 #include <QDBusArgument>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include <QDBusObjectPath>
 
 #include <utility>
 
@@ -20,14 +20,11 @@ const auto service = u"org.freedesktop.systemd1"_s;
 const auto managerPath = u"/org/freedesktop/systemd1"_s;
 const auto managerInterface = u"org.freedesktop.systemd1.Manager"_s;
 const auto unitInterface = u"org.freedesktop.systemd1.Unit"_s;
-const auto propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const auto unitListSignature = u"a(ssssssouso)"_s;
 
 QDBusMessage managerCall(const QString& method)
 {
-    auto call = QDBusMessage::createMethodCall(service, managerPath, managerInterface, method);
-    call.setAutoStartService(false);
-    return call;
+    return QDBusMessage::createMethodCall(service, managerPath, managerInterface, method);
 }
 
 QHash<QString, QString> applicationUnits(const QDBusArgument& list)
@@ -52,25 +49,11 @@ QHash<QString, QString> applicationUnits(const QDBusArgument& list)
 
 SystemdUserApplications::SystemdUserApplications(const QDBusConnection& sessionBus)
     : m_bus(sessionBus)
-    , m_watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange)
+    , m_names(m_bus, {service})
 {
-    connect(&m_watcher,
-        &QDBusServiceWatcher::serviceOwnerChanged,
-        this,
-        [this](const QString&, const QString&, const QString& newOwner) {
-            setUnits({});
-            if (!newOwner.isEmpty())
-                subscribe();
-        });
-    // A service name here would make QtDBus ask for its owner and wait; what the signals say is only a hint anyway.
-    m_bus.connect({}, managerPath, managerInterface, u"UnitNew"_s, this, SLOT(unitChanged(QString)));
-    m_bus.connect({}, managerPath, managerInterface, u"UnitRemoved"_s, this, SLOT(unitChanged(QString)));
-    m_bus.connect(
-        {}, managerPath, managerInterface, u"JobRemoved"_s, this, SLOT(jobRemoved(uint, QDBusObjectPath, QString)));
-    subscribe();
+    m_names.onKnown = [this] { followOwner(); };
+    m_names.onOwnerChange = [this](const QString&) { followOwner(); };
 }
-
-SystemdUserApplications::~SystemdUserApplications() = default;
 
 QList<RunningApplication> SystemdUserApplications::list() const
 {
@@ -80,40 +63,43 @@ QList<RunningApplication> SystemdUserApplications::list() const
     return applications;
 }
 
-void SystemdUserApplications::subscribe()
+void SystemdUserApplications::followOwner()
 {
-    m_bus.asyncCall(managerCall(u"Subscribe"_s));
+    m_request.reset();
+    m_requestAgain = false;
+    setUnits({});
+    m_signals.reset();
+    const QString owner = m_names.owner(service);
+    if (owner.isEmpty())
+        return;
+    m_signals = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{owner, managerPath, managerInterface, {}, {}},
+        [this](const QDBusMessage& signal) { takeSignal(signal); });
+    m_subscribing = callAsync(m_bus, managerCall(u"Subscribe"_s), [](const QDBusMessage&) {});
     requestUnits();
 }
 
-void SystemdUserApplications::unitChanged(const QString& unit)
+void SystemdUserApplications::takeSignal(const QDBusMessage& signal)
 {
-    if (UnitNames::desktopId(unit))
+    // "UnitNew" and "UnitRemoved" (name, path), "JobRemoved" (id, path, name, result).
+    const qsizetype position = signal.member() == "JobRemoved"_L1 ? 2 : 0;
+    if (UnitNames::desktopId(signal.arguments().value(position).toString()))
         requestUnits();
-}
-
-void SystemdUserApplications::jobRemoved(uint, const QDBusObjectPath&, const QString& unit)
-{
-    unitChanged(unit);
 }
 
 void SystemdUserApplications::requestUnits()
 {
-    if (m_requested) {
+    if (m_request) {
         m_requestAgain = true;
         return;
     }
-    m_requested = true;
     m_requestAgain = false;
     auto call = managerCall(u"ListUnitsByPatterns"_s);
     call << QStringList{u"active"_s} << QStringList{u"app-*.scope"_s, u"app-*.service"_s, u"snap.*.scope"_s};
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        m_requested = false;
-        const QDBusMessage reply = watcher->reply();
-        if (reply.type() == QDBusMessage::ReplyMessage && reply.signature() == unitListSignature)
-            setUnits(applicationUnits(reply.arguments().constFirst().value<QDBusArgument>()));
+    m_request = callAsync(m_bus, call, [this](const QDBusMessage& answer) {
+        m_request.reset();
+        if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == unitListSignature)
+            setUnits(applicationUnits(answer.arguments().constFirst().value<QDBusArgument>()));
         if (m_requestAgain)
             requestUnits();
     });
@@ -122,27 +108,15 @@ void SystemdUserApplications::requestUnits()
 void SystemdUserApplications::setUnits(const QHash<QString, QString>& units)
 {
     // A service that fails stays loaded, so that only its own properties tell that it has ended.
-    for (auto it = m_units.cbegin(); it != m_units.cend(); ++it) {
-        if (!units.contains(it.key()))
-            watchUnit(it.key(), false);
-    }
-    for (auto it = units.cbegin(); it != units.cend(); ++it) {
-        if (!m_units.contains(it.key()))
-            watchUnit(it.key(), true);
+    std::erase_if(m_unitChanges, [&](const auto& unit) { return !units.contains(unit.first); });
+    for (auto it = units.keyBegin(); it != units.keyEnd(); ++it) {
+        m_unitChanges.try_emplace(*it,
+            m_bus,
+            DBusProperties::changesOf(m_names.owner(service), *it, unitInterface),
+            [this](const QDBusMessage&) { requestUnits(); });
     }
     if (std::exchange(m_units, units) != units && onChange)
         onChange();
-}
-
-void SystemdUserApplications::watchUnit(const QString& path, bool watch)
-{
-    const QStringList match{unitInterface};
-    const auto name = u"PropertiesChanged"_s;
-    const char* slot = SLOT(requestUnits());
-    if (watch)
-        m_bus.connect({}, path, propertiesInterface, name, match, {}, this, slot);
-    else
-        m_bus.disconnect({}, path, propertiesInterface, name, match, {}, this, slot);
 }
 
 } // namespace Tarvik

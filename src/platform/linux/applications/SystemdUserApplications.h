@@ -2,42 +2,40 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusSignal.h"
 #include "platform/RunningApplications.h"
 
-#include <QDBusConnection>
-#include <QDBusObjectPath>
-#include <QDBusServiceWatcher>
 #include <QHash>
-#include <QObject>
+
+#include <map>
+#include <memory>
 
 namespace Tarvik {
 
 /// Applications that the desktop has started as units of the systemd user manager, org.freedesktop.systemd1(5). Names
 /// are left empty. The list is empty while there is no such manager.
-class SystemdUserApplications final : public QObject, public RunningApplications {
-    Q_OBJECT
-
+class SystemdUserApplications final : public RunningApplications {
 public:
     explicit SystemdUserApplications(const QDBusConnection& sessionBus);
-    ~SystemdUserApplications() override;
 
     QList<RunningApplication> list() const override;
 
-private Q_SLOTS:
-    void unitChanged(const QString& unit);
-    void jobRemoved(uint id, const QDBusObjectPath& job, const QString& unit);
-    void requestUnits();
-
 private:
-    void subscribe();
+    void followOwner();
+    void takeSignal(const QDBusMessage& signal);
+    void requestUnits();
     /// Object paths of the active units and the ids of their applications.
     void setUnits(const QHash<QString, QString>& units);
-    void watchUnit(const QString& path, bool watch);
 
     QDBusConnection m_bus;
-    QDBusServiceWatcher m_watcher;
+    BusNameWatch m_names;
+    std::unique_ptr<DBusSignal> m_signals;
     QHash<QString, QString> m_units;
-    bool m_requested = false;
+    /// By object path.
+    std::map<QString, DBusSignal> m_unitChanges;
+    DBusCall m_subscribing;
+    DBusCall m_request;
     bool m_requestAgain = false;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DBusInhibitor.h"
 
-#include "platform/linux/dbus/DBusErrors.h"
+#include "dbus/DBusErrors.h"
 
 #include <cerrno>
 #include <utility>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/DBusCall.h"
 #include "platform/linux/assertions/Inhibitor.h"
-#include "platform/linux/dbus/DBusCall.h"
 
 #include <QDBusUnixFileDescriptor>
 #include <QString>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopFactsWatch.h"
 
-#include "platform/linux/dbus/BusNames.h"
+#include "dbus/BusNames.h"
 
 #include <QDBusVariant>
 

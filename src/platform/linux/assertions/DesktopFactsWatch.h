@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
 #include "platform/linux/assertions/DesktopHoldRules.h"
 #include "platform/linux/assertions/XfceIdleSuspend.h"
-#include "platform/linux/dbus/BusNameWatch.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopHold.h"
 
-#include "platform/linux/dbus/BusNames.h"
+#include "dbus/BusNames.h"
 
 namespace Tarvik::DesktopHolds {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/XfceIdleSuspend.h"
 
-#include "platform/linux/dbus/BusNames.h"
+#include "dbus/BusNames.h"
 
 #include <QDBusVariant>
 
@@ -20,6 +20,12 @@ const std::array properties{
     u"/xfce4-power-manager/inactivity-on-battery"_s,
 };
 
+/// Of any sender: it is only a hint to ask.
+DBusSignal::Source signalOfXfconf(const QString& name)
+{
+    return {{}, xfconfPath, xfconf, name, {channel}};
+}
+
 std::optional<uint> minutesOf(const QDBusMessage& answer)
 {
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "v"_L1)
@@ -33,9 +39,9 @@ std::optional<uint> minutesOf(const QDBusMessage& answer)
 
 XfceIdleSuspend::XfceIdleSuspend(QDBusConnection sessionBus)
     : m_bus(std::move(sessionBus))
+    , m_changes(m_bus, signalOfXfconf(u"PropertyChanged"_s), [this](const QDBusMessage&) { readSettings(); })
+    , m_removals(m_bus, signalOfXfconf(u"PropertyRemoved"_s), [this](const QDBusMessage&) { readSettings(); })
 {
-    for (const auto& signal : {u"PropertyChanged"_s, u"PropertyRemoved"_s})
-        m_bus.connect({}, xfconfPath, xfconf, signal, {channel}, {}, this, SLOT(readSettings()));
     readRelease();
     readSettings();
 }

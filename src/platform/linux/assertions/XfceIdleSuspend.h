@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/dbus/DBusCall.h"
+#include "dbus/DBusCall.h"
+#include "dbus/DBusSignal.h"
 
-#include <QObject>
 #include <QVersionNumber>
 
 #include <array>
@@ -15,9 +15,7 @@ namespace Tarvik {
 
 /// Whether XFCE's power manager is set to suspend, on mains or on battery, after a time without activity. Follows
 /// "inactivity-on-ac" and "inactivity-on-battery" of the Xfconf channel "xfce4-power-manager" and never writes them.
-class XfceIdleSuspend final : public QObject {
-    Q_OBJECT
-
+class XfceIdleSuspend final {
 public:
     explicit XfceIdleSuspend(QDBusConnection sessionBus);
 
@@ -31,7 +29,7 @@ public:
     static bool suspends(std::optional<uint> minutes, const QVersionNumber& release);
 
 private:
-    Q_SLOT void readSettings();
+    void readSettings();
     void readRelease();
     void publish();
 
@@ -41,6 +39,8 @@ private:
     bool m_isSet = false;
     DBusCall m_releaseCall;
     std::array<DBusCall, 2> m_settingCalls;
+    DBusSignal m_changes;
+    DBusSignal m_removals;
 };
 
 } // namespace Tarvik

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 
-#include "platform/linux/dbus/BusNames.h"
+#include "dbus/BusNames.h"
 #include "platform/linux/hotkeys/GnomeHotKeys.h"
 #include "platform/linux/hotkeys/KGlobalAccelHotKeys.h"
 #include "platform/linux/hotkeys/PortalHotKeys.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
 #include "platform/Clock.h"
 #include "platform/HotKeys.h"
-#include "platform/linux/dbus/BusNameWatch.h"
 
 #include <QByteArray>
 

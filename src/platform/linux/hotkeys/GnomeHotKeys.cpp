@@ -56,15 +56,11 @@ private:
     std::unique_ptr<GnomeCustomShortcut> m_shortcut;
 };
 
-GnomeHotKeys::GnomeHotKeys(QDBusConnection sessionBus)
-    : m_bus(std::move(sessionBus))
+GnomeHotKeys::GnomeHotKeys(const QDBusConnection& sessionBus)
+    : m_presses(sessionBus, {{}, signalPath, signalInterface, signalName, {}}, [this](const QDBusMessage& signal) {
+        receivePress(signal);
+    })
 {
-    m_bus.connect({}, signalPath, signalInterface, signalName, this, SLOT(receivePress(QDBusMessage)));
-}
-
-GnomeHotKeys::~GnomeHotKeys()
-{
-    m_bus.disconnect({}, signalPath, signalInterface, signalName, this, SLOT(receivePress(QDBusMessage)));
 }
 
 std::unique_ptr<HotKeyRegistration> GnomeHotKeys::registerHotKey(const HotKeyRequest& request)

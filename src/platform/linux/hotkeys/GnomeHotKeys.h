@@ -2,11 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/DBusSignal.h"
 #include "platform/HotKeys.h"
-
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QObject>
 
 #include <vector>
 
@@ -14,23 +11,19 @@ namespace Tarvik {
 
 /// Shortcuts among those that GNOME's user can make up, each a command that tells us of the key over the session bus:
 /// for releases of GNOME that offer programs nothing better. Whether another shortcut has the same keys is not known.
-class GnomeHotKeys final : public QObject, public HotKeys {
-    Q_OBJECT
-
+class GnomeHotKeys final : public HotKeys {
 public:
-    explicit GnomeHotKeys(QDBusConnection sessionBus);
-    ~GnomeHotKeys() override;
+    explicit GnomeHotKeys(const QDBusConnection& sessionBus);
 
     [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
-
-private Q_SLOTS:
-    void receivePress(const QDBusMessage& signal);
 
 private:
     class Registration;
 
-    QDBusConnection m_bus;
+    void receivePress(const QDBusMessage& signal);
+
     std::vector<Registration*> m_registrations;
+    DBusSignal m_presses;
 };
 
 } // namespace Tarvik

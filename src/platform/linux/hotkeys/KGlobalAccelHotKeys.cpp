@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/KGlobalAccelHotKeys.h"
 
+#include "dbus/DBusCall.h"
 #include "platform/linux/hotkeys/KeyCombination.h"
 
 #include <QDBusArgument>
@@ -18,7 +19,6 @@ const auto component = u"com.morvanta.Tarvik"_s;
 /// KGlobalAccel makes it of the component's name.
 const auto componentPath = u"/component/com_morvanta_Tarvik"_s;
 const auto componentInterface = u"org.kde.kglobalaccel.Component"_s;
-const auto pressedSignal = u"globalShortcutPressed"_s;
 
 /// Flags of "setShortcut".
 constexpr uint setPresent = 2;
@@ -109,13 +109,10 @@ private:
 KGlobalAccelHotKeys::KGlobalAccelHotKeys(QDBusConnection sessionBus, QString owner)
     : m_bus(std::move(sessionBus))
     , m_owner(std::move(owner))
+    , m_presses(m_bus,
+          {m_owner, componentPath, componentInterface, u"globalShortcutPressed"_s, {component}},
+          [this](const QDBusMessage& signal) { receivePress(signal); })
 {
-    m_bus.connect(m_owner, componentPath, componentInterface, pressedSignal, this, SLOT(receivePress(QDBusMessage)));
-}
-
-KGlobalAccelHotKeys::~KGlobalAccelHotKeys()
-{
-    m_bus.disconnect(m_owner, componentPath, componentInterface, pressedSignal, this, SLOT(receivePress(QDBusMessage)));
 }
 
 std::unique_ptr<HotKeyRegistration> KGlobalAccelHotKeys::registerHotKey(const HotKeyRequest& request)
@@ -125,7 +122,7 @@ std::unique_ptr<HotKeyRegistration> KGlobalAccelHotKeys::registerHotKey(const Ho
 
 void KGlobalAccelHotKeys::receivePress(const QDBusMessage& signal)
 {
-    if (signal.signature() != "ssx"_L1 || signal.arguments().at(0).toString() != component)
+    if (signal.signature() != "ssx"_L1)
         return;
     const QString action = signal.arguments().at(1).toString();
     const auto it = std::ranges::find(m_registrations, action, &Registration::actionName);

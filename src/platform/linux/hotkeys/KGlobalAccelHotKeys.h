@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/DBusSignal.h"
 #include "platform/HotKeys.h"
-#include "platform/linux/dbus/DBusCall.h"
 
-#include <QObject>
 #include <QString>
 
 #include <memory>
@@ -16,25 +15,22 @@ namespace Tarvik {
 /// Shortcuts of KDE's org.kde.KGlobalAccel, versions 5 and 6 of the frameworks. The user may change them in KDE's
 /// settings, and the user's choice is what counts. For one owner of the name: after another one has taken over, make
 /// a new object.
-class KGlobalAccelHotKeys final : public QObject, public HotKeys {
-    Q_OBJECT
-
+class KGlobalAccelHotKeys final : public HotKeys {
 public:
     /// `owner` is the unique name of whoever owns org.kde.kglobalaccel; only it is asked, and believed.
     KGlobalAccelHotKeys(QDBusConnection sessionBus, QString owner);
-    ~KGlobalAccelHotKeys() override;
 
     [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
-
-private Q_SLOTS:
-    void receivePress(const QDBusMessage& signal);
 
 private:
     class Registration;
 
+    void receivePress(const QDBusMessage& signal);
+
     QDBusConnection m_bus;
     QString m_owner;
     std::vector<Registration*> m_registrations;
+    DBusSignal m_presses;
 };
 
 } // namespace Tarvik

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/PortalHotKeys.h"
 
-#include "platform/linux/dbus/BusNames.h"
+#include "dbus/BusNames.h"
 #include "platform/linux/hotkeys/KeyCombination.h"
 #include "platform/linux/hotkeys/PortalShortcut.h"
 
@@ -79,10 +79,16 @@ PortalHotKeys::PortalHotKeys(QDBusConnection bus)
 {
     registerPortalShortcuts();
     m_names.onKnown = [this] {
-        if (m_names.isOwned(BusNames::desktopPortal))
+        if (m_names.isOwned(BusNames::desktopPortal)) {
             followOwner();
-        else
-            startPortal();
+            return;
+        }
+        m_call = m_names.start(BusNames::desktopPortal, [this](bool isStarted) {
+            m_call.reset();
+            // A portal that comes up is heard of by its name.
+            if (!isStarted)
+                setRegistered({});
+        });
     };
     m_names.onOwnerChange = [this](const QString&) { followOwner(); };
 }
@@ -90,8 +96,6 @@ PortalHotKeys::PortalHotKeys(QDBusConnection bus)
 PortalHotKeys::~PortalHotKeys()
 {
     closeSession();
-    if (!m_owner.isEmpty())
-        stopListening();
 }
 
 std::unique_ptr<HotKeyRegistration> PortalHotKeys::registerHotKey(const HotKeyRequest& request)
@@ -104,7 +108,7 @@ void PortalHotKeys::restartSoon()
     if (std::exchange(m_isRestartScheduled, true))
         return;
     QMetaObject::invokeMethod(
-        this,
+        &m_eventLoop,
         [this] {
             m_isRestartScheduled = false;
             if (m_isIntroduced)
@@ -115,31 +119,24 @@ void PortalHotKeys::restartSoon()
 
 void PortalHotKeys::followOwner()
 {
-    if (!m_owner.isEmpty())
-        stopListening();
     m_session.clear();
     m_isIntroduced = false;
+    m_presses.reset();
+    m_closures.reset();
     m_owner = m_names.owner(BusNames::desktopPortal);
-    if (!m_owner.isEmpty()) {
-        listen();
-        start();
+    if (m_owner.isEmpty()) {
+        m_call.reset();
+        m_request.reset();
+        setRegistered({});
         return;
     }
-    m_call.reset();
-    m_request.reset();
-    setRegistered({});
-}
-
-void PortalHotKeys::listen()
-{
-    m_bus.connect(m_owner, portalPath, shortcutsInterface, u"Activated"_s, this, SLOT(receivePress(QDBusMessage)));
-    m_bus.connect(m_owner, {}, sessionInterface, u"Closed"_s, this, SLOT(receiveClosed(QDBusMessage)));
-}
-
-void PortalHotKeys::stopListening()
-{
-    m_bus.disconnect(m_owner, portalPath, shortcutsInterface, u"Activated"_s, this, SLOT(receivePress(QDBusMessage)));
-    m_bus.disconnect(m_owner, {}, sessionInterface, u"Closed"_s, this, SLOT(receiveClosed(QDBusMessage)));
+    m_presses = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{m_owner, portalPath, shortcutsInterface, u"Activated"_s, {}},
+        [this](const QDBusMessage& signal) { receivePress(signal); });
+    m_closures = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{m_owner, {}, sessionInterface, u"Closed"_s, {}},
+        [this](const QDBusMessage& signal) { receiveClosed(signal); });
+    start();
 }
 
 void PortalHotKeys::start()
@@ -149,19 +146,6 @@ void PortalHotKeys::start()
         createSession();
     else
         introduce();
-}
-
-void PortalHotKeys::startPortal()
-{
-    auto message = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"StartServiceByName"_s);
-    message.setArguments({BusNames::desktopPortal, 0U});
-    m_call = callAsync(m_bus, message, [this](const QDBusMessage& answer) {
-        m_call.reset();
-        // A portal that comes up is heard of by its name.
-        if (answer.type() != QDBusMessage::ReplyMessage)
-            setRegistered({});
-    });
 }
 
 void PortalHotKeys::introduce()

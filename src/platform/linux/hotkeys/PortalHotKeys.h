@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
 #include "platform/HotKeys.h"
-#include "platform/linux/dbus/BusNameWatch.h"
 #include "platform/linux/hotkeys/PortalRequest.h"
 
 #include <QObject>
@@ -15,9 +15,7 @@ namespace Tarvik {
 
 /// Shortcuts of org.freedesktop.portal.GlobalShortcuts, version 1. Super, Alt and the letter are a proposal: the user,
 /// or the compositor's configuration, decides. Starts the portal where it is not running.
-class PortalHotKeys final : public QObject, public HotKeys {
-    Q_OBJECT
-
+class PortalHotKeys final : public HotKeys {
 public:
     /// `bus` is a connection to the session bus on which nothing else speaks to the portal: a program without a
     /// sandbox says who it is by the first call of its connection.
@@ -26,20 +24,16 @@ public:
 
     [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
 
-private Q_SLOTS:
-    void receivePress(const QDBusMessage& signal);
-    void receiveClosed(const QDBusMessage& signal);
-
 private:
     class Registration;
+
+    void receivePress(const QDBusMessage& signal);
+    void receiveClosed(const QDBusMessage& signal);
 
     /// The shortcuts of a session are bound once, all together, so that a change needs another session.
     void restartSoon();
     void followOwner();
-    void listen();
-    void stopListening();
     void start();
-    void startPortal();
     void introduce();
     void readVersion();
     void receiveVersion(const QDBusMessage& answer);
@@ -52,12 +46,15 @@ private:
     BusNameWatch m_names;
     /// The portal's unique name; only it is believed.
     QString m_owner;
+    std::unique_ptr<DBusSignal> m_presses;
+    std::unique_ptr<DBusSignal> m_closures;
     bool m_isIntroduced = false;
     bool m_isRestartScheduled = false;
     std::vector<Registration*> m_registrations;
     DBusCall m_call;
     std::unique_ptr<PortalRequest> m_request;
     QString m_session;
+    QObject m_eventLoop;
 };
 
 } // namespace Tarvik

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/PortalRequest.h"
 
-#include "platform/linux/dbus/BusNames.h"
+#include "dbus/BusNames.h"
 
 #include <QDBusArgument>
 #include <QUuid>
@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto requestInterface = u"org.freedesktop.portal.Request"_s;
-const auto responseSignal = u"Response"_s;
 
 /// What the portal makes of the caller's unique name and the token that the caller has chosen.
 QString requestPath(const QDBusConnection& bus, const QString& token)
@@ -39,7 +38,9 @@ PortalRequest::PortalRequest(QDBusConnection bus,
     const QString token = u"tarvik_"_s + QUuid::createUuid().toString(QUuid::Id128);
     m_path = requestPath(m_bus, token);
     // The response may come before the answer to the call.
-    m_bus.connect({}, m_path, requestInterface, responseSignal, this, SLOT(receiveResponse(QDBusMessage)));
+    m_response = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{{}, m_path, requestInterface, u"Response"_s, {}},
+        [this](const QDBusMessage& signal) { receiveResponse(signal); });
     options.insert(u"handle_token"_s, token);
     call.setArguments(std::move(arguments) << options);
     m_call = callAsync(m_bus, call, [this](const QDBusMessage& answer) { receiveAnswer(answer); });
@@ -47,7 +48,6 @@ PortalRequest::PortalRequest(QDBusConnection bus,
 
 PortalRequest::~PortalRequest()
 {
-    m_bus.disconnect({}, m_path, requestInterface, responseSignal, this, SLOT(receiveResponse(QDBusMessage)));
     if (m_isFinished)
         return;
     // A dialog may be open.

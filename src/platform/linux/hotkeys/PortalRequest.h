@@ -2,20 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/dbus/DBusCall.h"
+#include "dbus/DBusCall.h"
+#include "dbus/DBusSignal.h"
 
-#include <QObject>
 #include <QVariantMap>
 
 #include <functional>
+#include <memory>
 
 namespace Tarvik {
 
 /// One call of a desktop portal whose answer is the signal Response of an org.freedesktop.portal.Request object.
 /// Destroying it withdraws the request.
-class PortalRequest final : public QObject {
-    Q_OBJECT
-
+class PortalRequest final {
 public:
     /// Sends `call` with `arguments` and `options`, which come last. `done` gets what the response holds, or nothing
     /// when the request has failed or the user has refused. It may destroy the request.
@@ -24,14 +23,12 @@ public:
         QVariantList arguments,
         QVariantMap options,
         std::function<void(const QVariantMap* results)> done);
-    ~PortalRequest() override;
+    ~PortalRequest();
     PortalRequest(const PortalRequest&) = delete;
     PortalRequest& operator=(const PortalRequest&) = delete;
 
-private Q_SLOTS:
-    void receiveResponse(const QDBusMessage& signal);
-
 private:
+    void receiveResponse(const QDBusMessage& signal);
     void receiveAnswer(const QDBusMessage& answer);
     void finish(const QVariantMap* results);
 
@@ -40,6 +37,7 @@ private:
     bool m_isFinished = false;
     std::function<void(const QVariantMap* results)> m_done;
     DBusCall m_call;
+    std::unique_ptr<DBusSignal> m_response;
 };
 
 } // namespace Tarvik

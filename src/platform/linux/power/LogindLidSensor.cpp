@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/power/LogindLidSensor.h"
 
-#include "platform/linux/dbus/BusNames.h"
-#include "platform/linux/dbus/DBusProperties.h"
+#include "dbus/BusNames.h"
+#include "dbus/DBusProperties.h"
 #include "platform/linux/kernel/SysfsFile.h"
 
 #include <QDBusError>
@@ -57,21 +57,15 @@ bool isNotAnswering(const QDBusMessage& answer)
 
 LogindLidSensor::LogindLidSensor(QDBusConnection connection, Clock& clock, QString procfs)
     : m_connection(std::move(connection))
+    , m_names(m_connection, {BusNames::logind, upowerService})
     , m_clock(clock)
     , m_procfs(std::move(procfs))
 {
-    m_watcher.setConnection(m_connection);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_watcher.setWatchedServices({BusNames::logind, upowerService});
-    connect(&m_watcher,
-        &QDBusServiceWatcher::serviceOwnerChanged,
-        this,
-        [this](const QString& service, const QString&, const QString& owner) {
-            serviceChanged(service, !owner.isEmpty());
-        });
-    const char* slot = SLOT(propertiesChanged(QDBusMessage));
-    DBusProperties::connectPropertiesChanged(m_connection, BusNames::logind, this, slot);
-    DBusProperties::connectPropertiesChanged(m_connection, upowerService, this, slot);
+    m_names.onKnown = [this] { followAnnouncements(); };
+    m_names.onOwnerChange = [this](const QString& service) {
+        followAnnouncements();
+        changeOwner(service);
+    };
     ask();
 }
 
@@ -83,18 +77,31 @@ std::optional<bool> LogindLidSensor::isClosed()
     return m_told;
 }
 
-void LogindLidSensor::propertiesChanged(const QDBusMessage& signal)
+void LogindLidSensor::followAnnouncements()
+{
+    const auto follow
+        = [this](const QString& service, const QString& path, const QString& interface, Provider provider) {
+              const QString owner = m_names.owner(service);
+              return owner.isEmpty()
+                  ? nullptr
+                  : std::make_unique<DBusSignal>(m_connection,
+                      DBusProperties::changesOf(owner, path, interface),
+                      [this, provider](const QDBusMessage& signal) { takeAnnouncement(provider, signal); });
+          };
+    m_logindChanges = follow(BusNames::logind, logindPath, logindInterface, Provider::logind);
+    m_upowerChanges = follow(upowerService, upowerPath, upowerInterface, Provider::upower);
+}
+
+void LogindLidSensor::takeAnnouncement(Provider provider, const QDBusMessage& signal)
 {
     const auto properties = DBusProperties::propertiesChangedIn(signal);
-    if (!properties)
+    if (!properties || provider != m_provider)
         return;
-    if (properties->interfaceName == logindInterface && m_provider == Provider::logind) {
-        if (const auto closed = DBusProperties::exactly<bool>(properties->changed.value(logindProperty)))
-            take(closed);
-    } else if (properties->interfaceName == upowerInterface && m_provider == Provider::upower) {
-        if (const auto closed = upowerLid(properties->changed))
-            take(closed);
-    }
+    const auto closed = provider == Provider::logind
+        ? DBusProperties::exactly<bool>(properties->changed.value(logindProperty))
+        : upowerLid(properties->changed);
+    if (closed)
+        take(closed);
 }
 
 void LogindLidSensor::ask()
@@ -109,7 +116,7 @@ void LogindLidSensor::ask()
         ? DBusProperties::get(BusNames::logind, logindPath, logindInterface, logindProperty)
         : DBusProperties::getAll(upowerService, upowerPath, upowerInterface);
     const auto done = [this, provider = m_provider](const QDBusMessage& answer) { takeAnswer(provider, answer); };
-    m_question = callAsync(m_connection, call, done, ServiceStart::ifNeeded);
+    m_question = callAsync(m_connection, call, done, {.startsService = true});
 }
 
 void LogindLidSensor::askAcpi()
@@ -150,8 +157,9 @@ void LogindLidSensor::take(std::optional<bool> closed)
         onChange();
 }
 
-void LogindLidSensor::serviceChanged(const QString& service, bool isThere)
+void LogindLidSensor::changeOwner(const QString& service)
 {
+    const bool isThere = m_names.isOwned(service);
     if (service == BusNames::logind)
         m_provider = isThere ? Provider::logind : Provider::upower;
     else if (m_provider != Provider::logind)

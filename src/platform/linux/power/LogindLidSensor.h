@@ -2,16 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusSignal.h"
 #include "platform/Clock.h"
 #include "platform/LidSensor.h"
-#include "platform/linux/dbus/DBusCall.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusServiceWatcher>
-#include <QObject>
 #include <QVariantMap>
 
+#include <memory>
 #include <optional>
 
 namespace Tarvik {
@@ -19,9 +18,7 @@ namespace Tarvik {
 /// The lid as logind sees it (org.freedesktop.login1.Manager, LidClosed); without logind as UPower sees it, and without
 /// either as the kernel's ACPI button driver does. Few releases of logind announce the lid, so every call of
 /// `isClosed()` asks again, and `onChange` tells of an answer that is another than the one last given.
-class LogindLidSensor final : public QObject, public LidSensor {
-    Q_OBJECT
-
+class LogindLidSensor final : public LidSensor {
 public:
     /// `connection` is that to the system bus; `procfs` is "/proc" on a real machine.
     LogindLidSensor(QDBusConnection connection, Clock& clock, QString procfs = QStringLiteral("/proc"));
@@ -36,17 +33,19 @@ private:
         acpi,
     };
 
-    Q_SLOT void propertiesChanged(const QDBusMessage& signal);
-
     void ask();
     void askAcpi();
     void takeAnswer(Provider provider, const QDBusMessage& answer);
     void useNextProvider();
     void take(std::optional<bool> closed);
-    void serviceChanged(const QString& service, bool isThere);
+    void followAnnouncements();
+    void takeAnnouncement(Provider provider, const QDBusMessage& signal);
+    void changeOwner(const QString& service);
 
     QDBusConnection m_connection;
-    QDBusServiceWatcher m_watcher;
+    BusNameWatch m_names;
+    std::unique_ptr<DBusSignal> m_logindChanges;
+    std::unique_ptr<DBusSignal> m_upowerChanges;
     Clock& m_clock;
     QString m_procfs;
     Provider m_provider = Provider::logind;

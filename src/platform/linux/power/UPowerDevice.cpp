@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/power/UPowerDevice.h"
 
-#include "platform/linux/dbus/DBusProperties.h"
+#include "dbus/DBusProperties.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/power/UPowerPowerSources.h"
 
-#include "platform/linux/dbus/DBusProperties.h"
-
 #include <QDBusArgument>
 #include <QDBusObjectPath>
+
+#include <algorithm>
+#include <utility>
 
 namespace Tarvik {
 
@@ -20,7 +21,7 @@ const auto deviceInterface = u"org.freedesktop.UPower.Device"_s;
 
 std::optional<QString> pathIn(const QDBusMessage& message)
 {
-    if (message.signature() != u"o"_s)
+    if (message.signature() != "o"_L1)
         return {};
     return message.arguments().constFirst().value<QDBusObjectPath>().path();
 }
@@ -29,156 +30,106 @@ std::optional<QString> pathIn(const QDBusMessage& message)
 
 UPowerPowerSources::UPowerPowerSources(const QDBusConnection& connection)
     : m_connection(connection)
-    , m_watcher(service, connection, QDBusServiceWatcher::WatchForOwnerChange)
+    , m_names(m_connection, {service})
 {
-    connect(&m_watcher,
-        &QDBusServiceWatcher::serviceOwnerChanged,
-        this,
-        [this](const QString&, const QString&, const QString& owner) {
-            forget();
-            if (!owner.isEmpty())
-                readAll();
-        });
-    DBusProperties::connectPropertiesChanged(m_connection, service, this, SLOT(propertiesChanged(QDBusMessage)));
-    m_connection.connect(
-        service, managerPath, managerInterface, u"DeviceAdded"_s, this, SLOT(deviceAdded(QDBusMessage)));
-    m_connection.connect(
-        service, managerPath, managerInterface, u"DeviceRemoved"_s, this, SLOT(deviceRemoved(QDBusMessage)));
-    readAll();
+    m_names.onKnown = [this] {
+        if (m_names.isOwned(service))
+            followOwner();
+        else
+            m_starting = m_names.start(service);
+    };
+    m_names.onOwnerChange = [this](const QString&) { followOwner(); };
 }
 
 std::optional<PowerSourcesSnapshot> UPowerPowerSources::snapshot() const
 {
     if (!m_isKnown)
         return {};
-    const auto devices = m_devices.values();
-    return upowerSnapshot(m_onBattery, {devices.begin(), devices.end()});
-}
-
-void UPowerPowerSources::propertiesChanged(const QDBusMessage& signal)
-{
-    const auto properties = DBusProperties::propertiesChangedIn(signal);
-    if (!properties || readAgainIfUnknown())
-        return;
-
-    if (properties->interfaceName == managerInterface && signal.path() == managerPath) {
-        if (properties->invalidated.contains(u"OnBattery"_s))
-            readManager();
-        if (const auto value = properties->changed.constFind(u"OnBattery"_s); value != properties->changed.constEnd())
-            m_onBattery = DBusProperties::exactly<bool>(*value);
-    } else if (const auto device = m_devices.find(signal.path());
-               device != m_devices.end() && properties->interfaceName == deviceInterface) {
-        device->apply(properties->changed);
-        if (!properties->invalidated.isEmpty())
-            readDevice(signal.path());
+    std::vector<UPowerDevice> devices;
+    for (const auto& [path, properties] : m_devices) {
+        UPowerDevice device;
+        device.apply(properties.values());
+        devices.push_back(device);
     }
-    scheduleAnnouncement();
+    return upowerSnapshot(m_manager->value<bool>(u"OnBattery"_s), std::move(devices));
 }
 
-void UPowerPowerSources::deviceAdded(const QDBusMessage& signal)
+void UPowerPowerSources::followOwner()
 {
-    const auto path = pathIn(signal);
-    if (path && !readAgainIfUnknown())
-        readDevice(*path);
-}
-
-void UPowerPowerSources::deviceRemoved(const QDBusMessage& signal)
-{
-    const auto path = pathIn(signal);
-    if (!path || readAgainIfUnknown())
-        return;
-    m_devices.remove(*path);
-    scheduleAnnouncement();
-}
-
-void UPowerPowerSources::forget()
-{
-    m_calls.clear();
-    m_hasManager = false;
-    m_hasDevices = false;
     m_isKnown = false;
-    m_onBattery.reset();
+    m_hasDevices = false;
     m_devices.clear();
-    scheduleAnnouncement();
-}
-
-void UPowerPowerSources::readAll()
-{
-    readManager();
-    ask(QDBusMessage::createMethodCall(service, managerPath, managerInterface, u"EnumerateDevices"_s),
-        [this](const QDBusMessage& answer) { takeDevices(answer); });
-}
-
-void UPowerPowerSources::readManager()
-{
-    ask(DBusProperties::getAll(service, managerPath, managerInterface),
-        [this](const QDBusMessage& answer) { takeManager(answer); });
-}
-
-void UPowerPowerSources::readDevice(const QString& path)
-{
-    ask(DBusProperties::getAll(service, path, deviceInterface),
-        [this, path](const QDBusMessage& answer) { takeDevice(path, answer); });
-}
-
-void UPowerPowerSources::takeManager(const QDBusMessage& answer)
-{
-    const auto properties = DBusProperties::propertiesIn(answer);
-    if (!properties)
+    m_listing.reset();
+    m_signals.clear();
+    m_manager.reset();
+    noticeChange();
+    const QString owner = m_names.owner(service);
+    if (owner.isEmpty())
         return;
-    m_hasManager = true;
-    m_onBattery = DBusProperties::exactly<bool>(properties->value(u"OnBattery"_s));
+    const auto follow = [&](const QString& signal, void (UPowerPowerSources::*take)(const QString&)) {
+        m_signals.push_back(std::make_unique<DBusSignal>(m_connection,
+            DBusSignal::Source{owner, managerPath, managerInterface, signal, {}},
+            [this, take](const QDBusMessage& message) {
+                if (const auto path = pathIn(message))
+                    (this->*take)(*path);
+            }));
+    };
+    follow(u"DeviceAdded"_s, &UPowerPowerSources::followDevice);
+    follow(u"DeviceRemoved"_s, &UPowerPowerSources::forgetDevice);
+    m_manager = std::make_unique<RemoteProperties>(
+        m_connection, RemoteProperties::Place{owner, managerPath, managerInterface});
+    m_manager->onChange = [this](const QVariantMap&) {
+        // One that did not tell its devices when it was asked gets another chance when it shows signs of life.
+        if (!m_hasDevices && !m_listing)
+            listDevices();
+        noticeChange();
+    };
+    listDevices();
+}
+
+void UPowerPowerSources::listDevices()
+{
+    m_listing = callAsync(m_connection,
+        QDBusMessage::createMethodCall(m_names.owner(service), managerPath, managerInterface, u"EnumerateDevices"_s),
+        [this](const QDBusMessage& answer) { takeDevices(answer); });
 }
 
 void UPowerPowerSources::takeDevices(const QDBusMessage& answer)
 {
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != u"ao"_s)
+    m_listing.reset();
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "ao"_L1)
         return;
     m_hasDevices = true;
     const auto paths = qdbus_cast<QList<QDBusObjectPath>>(answer.arguments().constFirst());
     for (const QDBusObjectPath& path : paths)
-        readDevice(path.path());
+        followDevice(path.path());
+    noticeChange();
 }
 
-void UPowerPowerSources::takeDevice(const QString& path, const QDBusMessage& answer)
+void UPowerPowerSources::followDevice(const QString& path)
 {
-    if (const auto properties = DBusProperties::propertiesIn(answer)) {
-        UPowerDevice device;
-        device.apply(*properties);
-        m_devices.insert(path, device);
-    } else {
-        m_devices.remove(path);
-    }
-}
-
-void UPowerPowerSources::ask(const QDBusMessage& call, std::function<void(const QDBusMessage&)> receiver)
-{
-    const int id = ++m_lastCall;
-    const auto done = [this, id, receiver = std::move(receiver)](const QDBusMessage& answer) {
-        receiver(answer);
-        m_calls.erase(id);
-        m_isKnown |= m_calls.empty() && m_hasManager && m_hasDevices;
-        scheduleAnnouncement();
-    };
-    m_calls.emplace(id, callAsync(m_connection, call, done, ServiceStart::ifNeeded));
-}
-
-/// A UPower that did not answer when it was asked gets another chance when it shows signs of life.
-bool UPowerPowerSources::readAgainIfUnknown()
-{
-    if (m_isKnown || !m_calls.empty())
-        return false;
-    forget();
-    readAll();
-    return true;
-}
-
-void UPowerPowerSources::scheduleAnnouncement()
-{
-    if (m_isAnnouncing)
+    RemoteProperties::Place place{m_names.owner(service), path, deviceInterface};
+    const auto [device, isNew] = m_devices.try_emplace(path, m_connection, std::move(place));
+    if (!isNew)
         return;
-    m_isAnnouncing = true;
-    QMetaObject::invokeMethod(this, &UPowerPowerSources::announce, Qt::QueuedConnection);
+    device->second.onChange = [this](const QVariantMap&) { noticeChange(); };
+    device->second.onFailure = [this, path](const QDBusMessage&) { forgetDevice(path); };
+}
+
+void UPowerPowerSources::forgetDevice(const QString& path)
+{
+    m_devices.erase(path);
+    noticeChange();
+}
+
+void UPowerPowerSources::noticeChange()
+{
+    const auto isRead = [](const auto& device) { return device.second.isKnown(); };
+    m_isKnown |= m_hasDevices && m_manager->isKnown() && std::ranges::all_of(m_devices, isRead);
+    // Of several changes that come together only their result is told.
+    if (!std::exchange(m_isAnnouncing, true))
+        QMetaObject::invokeMethod(
+            &m_eventLoop, [this] { announce(); }, Qt::QueuedConnection);
 }
 
 void UPowerPowerSources::announce()

@@ -2,26 +2,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
+#include "dbus/RemoteProperties.h"
 #include "platform/PowerSources.h"
-#include "platform/linux/dbus/DBusCall.h"
 #include "platform/linux/power/UPowerDevice.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusServiceWatcher>
-#include <QMap>
 #include <QObject>
 
-#include <functional>
 #include <map>
+#include <memory>
+#include <vector>
 
 namespace Tarvik {
 
 /// The power sources as UPower (org.freedesktop.UPower) knows them. Nothing is known until UPower has told everything
-/// once, and again while it is away. Asking starts UPower where the bus can start it.
-class UPowerPowerSources final : public QObject, public PowerSources {
-    Q_OBJECT
-
+/// once, and again while it is away. It is started where the bus can start it.
+class UPowerPowerSources final : public PowerSources {
 public:
     /// `connection` is that to the system bus.
     explicit UPowerPowerSources(const QDBusConnection& connection);
@@ -29,35 +25,28 @@ public:
     std::optional<PowerSourcesSnapshot> snapshot() const override;
 
 private:
-    Q_SLOT void propertiesChanged(const QDBusMessage& signal);
-    Q_SLOT void deviceAdded(const QDBusMessage& signal);
-    Q_SLOT void deviceRemoved(const QDBusMessage& signal);
-
-    void forget();
-    void readAll();
-    void readManager();
-    void readDevice(const QString& path);
-    void takeManager(const QDBusMessage& answer);
+    void followOwner();
+    void listDevices();
     void takeDevices(const QDBusMessage& answer);
-    void takeDevice(const QString& path, const QDBusMessage& answer);
-    void ask(const QDBusMessage& call, std::function<void(const QDBusMessage&)> receiver);
-    bool readAgainIfUnknown();
-    void scheduleAnnouncement();
+    void followDevice(const QString& path);
+    void forgetDevice(const QString& path);
+    void noticeChange();
     void announce();
 
     QDBusConnection m_connection;
-    QDBusServiceWatcher m_watcher;
-    /// What has not been answered yet.
-    std::map<int, DBusCall> m_calls;
-    int m_lastCall = 0;
-    bool m_hasManager = false;
+    BusNameWatch m_names;
+    DBusCall m_starting;
+    std::unique_ptr<RemoteProperties> m_manager;
+    std::vector<std::unique_ptr<DBusSignal>> m_signals;
+    DBusCall m_listing;
     bool m_hasDevices = false;
-    /// Everything was answered once.
+    /// By object path.
+    std::map<QString, RemoteProperties> m_devices;
+    /// Everything was told once.
     bool m_isKnown = false;
-    std::optional<bool> m_onBattery;
-    QMap<QString, UPowerDevice> m_devices;
     std::optional<PowerSourcesSnapshot> m_announced;
     bool m_isAnnouncing = false;
+    QObject m_eventLoop;
 };
 
 } // namespace Tarvik

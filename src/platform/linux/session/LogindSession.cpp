@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/LogindSession.h"
 
-#include "platform/linux/dbus/BusNames.h"
-#include "platform/linux/dbus/DBusProperties.h"
+#include "dbus/BusNames.h"
+#include "dbus/DBusProperties.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/dbus/DBusCall.h"
+#include "dbus/DBusCall.h"
 
 #include <QDBusConnection>
 

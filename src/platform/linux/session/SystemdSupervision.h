@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
 #include "platform/Clock.h"
-#include "platform/linux/dbus/BusNameWatch.h"
 #include "platform/linux/session/SupervisedProgram.h"
 #include "platform/linux/session/TransientUnit.h"
 

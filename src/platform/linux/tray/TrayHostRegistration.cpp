@@ -3,7 +3,8 @@
 #include "platform/linux/tray/TrayHostRegistration.h"
 
 #include "core/Logging.h"
-#include "platform/linux/dbus/DBusProperties.h"
+#include "dbus/BusDaemon.h"
+#include "dbus/DBusProperties.h"
 
 #include <QCoreApplication>
 
@@ -17,12 +18,6 @@ namespace {
 
 const auto watcherName = u"org.kde.StatusNotifierWatcher"_s;
 const auto watcherPath = u"/StatusNotifierWatcher"_s;
-
-QDBusMessage busCall(const QString& method)
-{
-    const auto bus = u"org.freedesktop.DBus"_s;
-    return QDBusMessage::createMethodCall(bus, u"/org/freedesktop/DBus"_s, bus, method);
-}
 
 QString ownName()
 {
@@ -47,11 +42,8 @@ TrayHostRegistration::TrayHostRegistration(QDBusConnection sessionBus, Clock& cl
 {
     if (!m_bus.isConnected())
         return;
-    for (const auto& signal :
-        {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s, u"StatusNotifierItemUnregistered"_s})
-        m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(lookAgain()));
-    m_watcher.onKnown = [this] { announceAnew(); };
-    m_watcher.onOwnerChange = [this](const QString&) { announceAnew(); };
+    m_watcher.onKnown = [this] { followWatcher(); };
+    m_watcher.onOwnerChange = [this](const QString&) { followWatcher(); };
     requestOwnName();
 }
 
@@ -59,30 +51,37 @@ TrayHostRegistration::~TrayHostRegistration()
 {
     if (!m_bus.isConnected())
         return;
-    QDBusMessage release = busCall(u"ReleaseName"_s);
-    release << ownName();
-    m_bus.send(release);
+    m_bus.send(BusDaemon::call(u"ReleaseName"_s, {ownName()}));
 }
 
 void TrayHostRegistration::requestOwnName()
 {
     constexpr uint doNotQueue = 4;
     constexpr uint primaryOwner = 1;
-    QDBusMessage request = busCall(u"RequestName"_s);
-    request << ownName() << doNotQueue;
+    const QDBusMessage request = BusDaemon::call(u"RequestName"_s, {ownName(), doNotQueue});
     m_nameCall = callAsync(m_bus, request, [this](const QDBusMessage& answer) {
         m_nameCall.reset();
         const bool isOwner
             = answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toUInt() == primaryOwner;
         // Another process may have the same number in a process namespace of its own.
         m_name = isOwner ? ownName() : m_bus.baseService();
-        announceAnew();
+        followWatcher();
     });
 }
 
-void TrayHostRegistration::announceAnew()
+void TrayHostRegistration::followWatcher()
 {
     m_repetitions = 0;
+    m_changes.clear();
+    if (const QString owner = m_watcher.owner(watcherName); !owner.isEmpty()) {
+        for (const auto& name : {u"StatusNotifierHostRegistered"_s,
+                 u"StatusNotifierHostUnregistered"_s,
+                 u"StatusNotifierItemUnregistered"_s}) {
+            m_changes.push_back(std::make_unique<DBusSignal>(m_bus,
+                DBusSignal::Source{owner, watcherPath, watcherName, name, {}},
+                [this](const QDBusMessage&) { lookAgain(); }));
+        }
+    }
     setHasHost(false);
     announce();
 }

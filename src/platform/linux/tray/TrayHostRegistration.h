@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusSignal.h"
 #include "platform/Clock.h"
-#include "platform/linux/dbus/BusNameWatch.h"
 
-#include <QObject>
+#include <functional>
+#include <memory>
+#include <vector>
 
 namespace Tarvik {
 
@@ -13,16 +16,16 @@ namespace Tarvik {
 /// appears later. The item is announced under a bus name of its own, so that panels drop it as soon as this object
 /// ends. A watcher may refuse the item or lose one that it has accepted, as GNOME's does now and then while it is
 /// starting: it is asked a second later, and told again where the item is missing.
-class TrayHostRegistration final : public QObject {
-    Q_OBJECT
-
+class TrayHostRegistration final {
 public:
     static constexpr Seconds settlingTime{1};
     static constexpr int maximumRepetitions = 5;
 
     /// `clock` must outlive the object.
     TrayHostRegistration(QDBusConnection sessionBus, Clock& clock);
-    ~TrayHostRegistration() override;
+    ~TrayHostRegistration();
+    TrayHostRegistration(const TrayHostRegistration&) = delete;
+    TrayHostRegistration& operator=(const TrayHostRegistration&) = delete;
 
     /// A watcher lists the item and knows of a panel that shows items.
     bool hasHost() const { return m_hasHost; }
@@ -30,16 +33,14 @@ public:
     /// `hasHost` has changed.
     std::function<void()> onHostChange;
 
-private Q_SLOTS:
-    void lookAgain();
-
 private:
     void requestOwnName();
-    void announceAnew();
+    void followWatcher();
     void announce();
     void checkSoon();
     void check();
     void repeat();
+    void lookAgain();
     void askWatcher(std::function<void()> onMissing);
     bool isAmong(const QStringList& items) const;
     void setHasHost(bool hasHost);
@@ -47,6 +48,8 @@ private:
     QDBusConnection m_bus;
     Clock& m_clock;
     BusNameWatch m_watcher;
+    /// Of the watcher that there is now.
+    std::vector<std::unique_ptr<DBusSignal>> m_changes;
     /// What the item is announced as; empty until the bus has answered.
     QString m_name;
     bool m_isAnnounced = false;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/updates/PackageKitTransaction.h"
 
-#include "platform/linux/dbus/BusOwner.h"
+#include "dbus/DBusProperties.h"
 
 #include <QDBusError>
 #include <QDBusObjectPath>
@@ -38,34 +38,40 @@ PackageKitTransaction::PackageKitTransaction(
     , m_request(std::move(request))
     , m_done(std::move(done))
 {
-    m_call = callAsync(
-        m_bus,
+    m_call = callAsync(m_bus,
         QDBusMessage::createMethodCall(
             packageKit, u"/org/freedesktop/PackageKit"_s, packageKit, u"CreateTransaction"_s),
         [this](const QDBusMessage& created) { findOwner(created); },
-        ServiceStart::ifNeeded);
+        {.startsService = true});
 }
 
 void PackageKitTransaction::findOwner(const QDBusMessage& created)
 {
+    m_call.reset();
     if (created.signature() != "o"_L1) {
         finish(created.errorMessage());
         return;
     }
     m_path = created.arguments().constFirst().value<QDBusObjectPath>().path();
-    m_call = callAsync(
-        m_bus, BusOwner::question(packageKit), [this](const QDBusMessage& answer) { begin(BusOwner::in(answer)); });
+    m_life = std::make_unique<BusNameWatch>(m_bus, QStringList{packageKit});
+    m_life->onKnown = [this] { begin(); };
+    m_life->onOwnerChange = [this](const QString&) { finish(gone); };
 }
 
-void PackageKitTransaction::begin(const QString& owner)
+void PackageKitTransaction::begin()
 {
-    if (owner.isEmpty()) {
+    // The unique name: a PackageKit that was started anew knows nothing of this transaction.
+    m_owner = m_life->owner(packageKit);
+    if (m_owner.isEmpty()) {
         finish(gone);
         return;
     }
-    // The unique name: a PackageKit that was started anew knows nothing of this transaction.
-    m_service = owner;
-    listen();
+    m_signals = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{m_owner, m_path, transactionInterface, {}, {}},
+        [this](const QDBusMessage& signal) { receiveSignal(signal); });
+    m_changes = std::make_unique<DBusSignal>(m_bus,
+        DBusProperties::changesOf(m_owner, m_path, transactionInterface),
+        [this](const QDBusMessage&) { m_hasShownLife = true; });
     m_lifeCheck = m_clock.every(patience, [this] { giveUpUnlessAlive(); });
 
     auto hints = methodCall(u"SetHints"_s);
@@ -81,55 +87,29 @@ void PackageKitTransaction::begin(const QString& owner)
     });
 }
 
-void PackageKitTransaction::listen()
-{
-    m_watcher.setConnection(m_bus);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    m_watcher.addWatchedService(m_service);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(gone); });
-    const auto connectTo = [this](const QString& name, const char* slot) {
-        m_bus.connect(m_service, m_path, transactionInterface, name, this, slot);
-    };
-    connectTo(u"Package"_s, SLOT(receivePackage(QDBusMessage)));
-    connectTo(u"ErrorCode"_s, SLOT(receiveErrorCode(QDBusMessage)));
-    connectTo(u"Finished"_s, SLOT(receiveFinished(QDBusMessage)));
-    const auto anySignal = QString();
-    connectTo(anySignal, SLOT(noticeLife()));
-    m_bus.connect(
-        m_service, m_path, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, this, SLOT(noticeLife()));
-}
-
 QDBusMessage PackageKitTransaction::methodCall(const QString& method) const
 {
-    return QDBusMessage::createMethodCall(m_service, m_path, transactionInterface, method);
+    return QDBusMessage::createMethodCall(m_owner, m_path, transactionInterface, method);
 }
 
-void PackageKitTransaction::receivePackage(const QDBusMessage& signal)
+void PackageKitTransaction::receiveSignal(const QDBusMessage& signal)
 {
-    if (signal.signature() == "uss"_L1)
+    m_hasShownLife = true;
+    if (signal.member() == "Package"_L1 && signal.signature() == "uss"_L1)
         m_outcome.packageIds.append(signal.arguments().at(1).toString());
-}
-
-void PackageKitTransaction::receiveErrorCode(const QDBusMessage& signal)
-{
-    if (signal.signature() == "us"_L1)
+    else if (signal.member() == "ErrorCode"_L1 && signal.signature() == "us"_L1)
         m_errorDetails = signal.arguments().at(1).toString();
+    else if (signal.member() == "Finished"_L1 && signal.signature() == "uu"_L1)
+        receiveFinished(signal);
 }
 
 void PackageKitTransaction::receiveFinished(const QDBusMessage& signal)
 {
-    if (signal.signature() != "uu"_L1)
-        return;
     const uint exit = signal.arguments().at(0).toUInt();
     if (exit == success)
         finish({});
     else
         finish(m_errorDetails.isEmpty() ? u"PackageKit ended with the code %1."_s.arg(exit) : m_errorDetails);
-}
-
-void PackageKitTransaction::noticeLife()
-{
-    m_hasShownLife = true;
 }
 
 void PackageKitTransaction::giveUpUnlessAlive()

@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
+#include "dbus/DBusSignal.h"
 #include "platform/Clock.h"
-#include "platform/linux/dbus/DBusCall.h"
 
-#include <QDBusServiceWatcher>
-#include <QObject>
 #include <QStringList>
 
 #include <functional>
@@ -18,9 +17,7 @@ namespace Tarvik {
 /// One piece of work for PackageKit, see org.freedesktop.PackageKit.Transaction: begins when it is constructed and is
 /// over when PackageKit says so, is gone, or has shown no sign of life for long, upon which the work is cancelled.
 /// Starts PackageKit where need be. Destroying it does not cancel the work.
-class PackageKitTransaction final : public QObject {
-    Q_OBJECT
-
+class PackageKitTransaction final {
 public:
     struct Request {
         /// A method of the interface.
@@ -47,16 +44,11 @@ public:
     PackageKitTransaction(const PackageKitTransaction&) = delete;
     PackageKitTransaction& operator=(const PackageKitTransaction&) = delete;
 
-private Q_SLOTS:
-    void receivePackage(const QDBusMessage& signal);
-    void receiveErrorCode(const QDBusMessage& signal);
-    void receiveFinished(const QDBusMessage& signal);
-    void noticeLife();
-
 private:
+    void receiveSignal(const QDBusMessage& signal);
+    void receiveFinished(const QDBusMessage& signal);
     void findOwner(const QDBusMessage& created);
-    void begin(const QString& owner);
-    void listen();
+    void begin();
     QDBusMessage methodCall(const QString& method) const;
     void giveUpUnlessAlive();
     void finish(const std::optional<QString>& error);
@@ -68,9 +60,11 @@ private:
     Outcome m_outcome;
     QString m_errorDetails;
     /// Where the transaction is.
-    QString m_service;
+    QString m_owner;
     QString m_path;
-    QDBusServiceWatcher m_watcher;
+    std::unique_ptr<BusNameWatch> m_life;
+    std::unique_ptr<DBusSignal> m_signals;
+    std::unique_ptr<DBusSignal> m_changes;
     bool m_hasShownLife = false;
     std::unique_ptr<Timer> m_lifeCheck;
     bool m_isFinished = false;

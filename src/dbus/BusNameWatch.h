@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/dbus/DBusCall.h"
+#include "dbus/DBusCall.h"
 
 #include <QDBusServiceWatcher>
 #include <QHash>
@@ -33,6 +33,10 @@ public:
 
     /// After `onKnown`: `name` has got another owner, or none any more.
     std::function<void(const QString& name)> onOwnerChange;
+
+    /// Has the bus start the service that belongs to `name`; the owner is then heard of like any other. Drop the answer
+    /// to lose interest.
+    [[nodiscard]] DBusCall start(const QString& name, std::function<void(bool isStarted)> done = {});
 
 private:
     void askForOwners();

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/dbus/DBusCall.h"
+#include "dbus/DBusCall.h"
 
 #include <QDBusError>
 #include <QDBusPendingCall>
@@ -18,12 +18,14 @@ void DBusCallDeleter::operator()(QDBusPendingCallWatcher* call) const
 DBusCall callAsync(const QDBusConnection& bus,
     QDBusMessage message,
     std::function<void(const QDBusMessage& answer)> done,
-    ServiceStart start)
+    const CallOptions& options)
 {
-    message.setAutoStartService(start == ServiceStart::ifNeeded);
+    message.setAutoStartService(options.startsService);
+    constexpr int usualPatience = -1;
+    const int patience = options.patience ? static_cast<int>(options.patience->count()) : usualPatience;
     // Without a connection QtDBus would never answer.
     const QDBusPendingCall pending = bus.isConnected()
-        ? bus.asyncCall(message)
+        ? bus.asyncCall(message, patience)
         : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, u"There is no connection to the bus."_s));
     DBusCall call(new QDBusPendingCallWatcher(pending));
     QObject::connect(call.get(),

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/dbus/BusNameWatch.h"
+#include "dbus/BusNameWatch.h"
 
-#include "platform/linux/dbus/BusOwner.h"
+#include "dbus/BusDaemon.h"
 
 #include <utility>
 
@@ -25,6 +25,16 @@ BusNameWatch::BusNameWatch(const QDBusConnection& bus, const QStringList& names)
     askForOwners();
 }
 
+DBusCall BusNameWatch::start(const QString& name, std::function<void(bool isStarted)> done)
+{
+    constexpr uint noFlags = 0;
+    const auto message = BusDaemon::call(u"StartServiceByName"_s, {name, noFlags});
+    return callAsync(m_watcher.connection(), message, [done = std::move(done)](const QDBusMessage& answer) {
+        if (done)
+            done(answer.type() == QDBusMessage::ReplyMessage);
+    });
+}
+
 void BusNameWatch::askForOwners()
 {
     m_owners.clear();
@@ -33,14 +43,14 @@ void BusNameWatch::askForOwners()
     m_unanswered = names.size();
     for (const QString& name : names) {
         m_questions.push_back(callAsync(m_watcher.connection(),
-            BusOwner::question(name),
+            BusDaemon::call(u"GetNameOwner"_s, {name}),
             [this, name](const QDBusMessage& answer) { readOwner(name, answer); }));
     }
 }
 
 void BusNameWatch::readOwner(const QString& name, const QDBusMessage& answer)
 {
-    if (const QString owner = BusOwner::in(answer); !owner.isEmpty())
+    if (const QString owner = BusDaemon::ownerIn(answer); !owner.isEmpty())
         m_owners.insert(name, owner);
     if (--m_unanswered > 0)
         return;

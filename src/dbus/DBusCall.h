@@ -6,8 +6,10 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace Tarvik {
 
@@ -19,16 +21,17 @@ struct DBusCallDeleter {
 /// A method call that is under way; destroying it drops the answer, not the call.
 using DBusCall = std::unique_ptr<QDBusPendingCallWatcher, DBusCallDeleter>;
 
-enum class ServiceStart {
-    never,
+struct CallOptions {
     /// The bus may start a service that it knows how to start.
-    ifNeeded,
+    bool startsService = false;
+    /// How long to wait for the answer; by default as long as libdbus does, 25 s.
+    std::optional<std::chrono::milliseconds> patience = {};
 };
 
-/// Sends `message`. `done` gets the answer later, a reply or an error.
+/// Sends `message`. `done` gets the answer later, a reply or an error, and may drop the call.
 [[nodiscard]] DBusCall callAsync(const QDBusConnection& bus,
     QDBusMessage message,
     std::function<void(const QDBusMessage& answer)> done,
-    ServiceStart start = ServiceStart::never);
+    const CallOptions& options = {});
 
 } // namespace Tarvik

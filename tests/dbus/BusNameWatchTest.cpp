@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/dbus/BusNameWatch.h"
+#include "dbus/BusNameWatch.h"
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "bus/WireValue.h"
+#include "dbus/WireValue.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusConnection>
+#include "dbus/DBusSignal.h"
+
 #include <QDBusMessage>
 #include <QStringList>
 #include <QVariantMap>
 
 #include <optional>
-
-class QObject;
 
 /// The standard interface org.freedesktop.DBus.Properties, with its types checked.
 namespace Tarvik::DBusProperties {
@@ -17,6 +16,12 @@ namespace Tarvik::DBusProperties {
 QDBusMessage getAll(const QString& service, const QString& path, const QString& interfaceName);
 
 QDBusMessage get(const QString& service, const QString& path, const QString& interfaceName, const QString& property);
+
+QDBusMessage set(const QString& service,
+    const QString& path,
+    const QString& interfaceName,
+    const QString& property,
+    const QVariant& value);
 
 /// The value that an answer to Get consists of; an invalid one for an error or anything else.
 QVariant propertyIn(const QDBusMessage& answer);
@@ -30,8 +35,8 @@ struct PropertiesChanged {
     QStringList invalidated;
 };
 
-/// Subscribes to the signal PropertiesChanged of all objects of a service; the slot takes a QDBusMessage.
-void connectPropertiesChanged(QDBusConnection connection, const QString& service, QObject* receiver, const char* slot);
+/// The signal PropertiesChanged for one interface of an object of `owner`, a unique name.
+DBusSignal::Source changesOf(const QString& owner, const QString& path, const QString& interfaceName);
 
 /// What the signal tells; nothing when its arguments are of other types.
 std::optional<PropertiesChanged> propertiesChangedIn(const QDBusMessage& signal);

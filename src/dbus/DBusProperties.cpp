@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/dbus/DBusProperties.h"
+#include "dbus/DBusProperties.h"
 
 #include <QDBusArgument>
 #include <QDBusVariant>
@@ -32,6 +32,17 @@ QDBusMessage get(const QString& service, const QString& path, const QString& int
     return call;
 }
 
+QDBusMessage set(const QString& service,
+    const QString& path,
+    const QString& interfaceName,
+    const QString& property,
+    const QVariant& value)
+{
+    auto call = QDBusMessage::createMethodCall(service, path, propertiesInterface(), u"Set"_s);
+    call << interfaceName << property << QVariant::fromValue(QDBusVariant(value));
+    return call;
+}
+
 QVariant propertyIn(const QDBusMessage& answer)
 {
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != u"v"_s)
@@ -46,9 +57,9 @@ std::optional<QVariantMap> propertiesIn(const QDBusMessage& answer)
     return qdbus_cast<QVariantMap>(answer.arguments().constFirst());
 }
 
-void connectPropertiesChanged(QDBusConnection connection, const QString& service, QObject* receiver, const char* slot)
+DBusSignal::Source changesOf(const QString& owner, const QString& path, const QString& interfaceName)
 {
-    connection.connect(service, {}, propertiesInterface(), u"PropertiesChanged"_s, receiver, slot);
+    return {owner, path, propertiesInterface(), u"PropertiesChanged"_s, {interfaceName}};
 }
 
 std::optional<PropertiesChanged> propertiesChangedIn(const QDBusMessage& signal)

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/dbus/DBusErrors.h"
+#include "dbus/DBusErrors.h"
 
 #include <QStringView>
 
