@@ -11,6 +11,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 SERVICES = {"journal", "hooks", "hotkey", "updates", "lidclosed"}
 LINUX = "platform/linux"
+# What the programs say to each other on the bus.
+CONTRACTS = "dbus/contracts"
 # The ground of everything, programs without Qt included.
 BASE = "base"
 # What every Linux back-end may use; the folders beside these know nothing of each other.
@@ -21,6 +23,7 @@ ALLOWED = {
     BASE: set(),
     "core": set(),
     "dbus": {"core"},
+    CONTRACTS: {"core"},
     "platform": {"core"},
     LINUX: {"core", "dbus", "platform"} | LINUX_GROUND,
     "journal": {"core", "platform"},
@@ -30,17 +33,19 @@ ALLOWED = {
     "lidclosed": {"core", "platform"},
     "monitors": {"core", "platform"} | SERVICES,
     "engine": {"core", "platform", "monitors"} | SERVICES,
-    "bus": {"core", "dbus", "platform", "monitors", "engine"} | SERVICES,
-    "ui/design": {"core", "bus", "dbus"},
-    "ui/placement": {"core", "bus", "dbus"},
-    "ui/panel": {"core", "bus", "ui/design", "ui/placement"},
-    "ui/settings": {"core", "bus", "ui/design", "ui/placement"},
-    "ui": {"core", "bus", "ui/design", "ui/panel", "ui/settings"},
-    "app": {"core", "platform", LINUX, "monitors", "engine", "bus", "ui", "ui/design", "ui/placement"} | SERVICES,
+    "bus": {"core", "dbus", CONTRACTS, "platform", "monitors", "engine"} | SERVICES,
+    "ui/mirror": {"core", "dbus", CONTRACTS},
+    "ui/design": {"core", "dbus"},
+    "ui/placement": {"core", "dbus"},
+    "ui/panel": {"core", "ui/mirror", "ui/design", "ui/placement"},
+    "ui/settings": {"core", "ui/mirror", "ui/design", "ui/placement"},
+    "ui": {"core", "ui/mirror", "ui/design", "ui/panel", "ui/settings"},
+    "app": {"core", CONTRACTS, "platform", LINUX, "monitors", "engine", "bus", "ui", "ui/mirror", "ui/design",
+            "ui/placement"} | SERVICES,
 }
 # The tool and the helper are not Qt programs: of src/ they see only the base and these headers, which need no Qt.
 WITHOUT_QT = {
-    "hooks/HookSpec.h", "hooks/HookTraits.h", "platform/HelperWire.h", "platform/HookWire.h", "platform/StatusWire.h",
+    "core/HookSpec.h", "dbus/contracts/TarvikWire.h", "hooks/HookTraits.h", "platform/HelperWire.h", "platform/HookWire.h",
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)

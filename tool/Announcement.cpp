@@ -7,8 +7,8 @@
 #include "SessionBus.h"
 
 #include "base/PlainText.h"
+#include "dbus/contracts/TarvikWire.h"
 #include "platform/HookWire.h"
-#include "platform/StatusWire.h"
 
 #include <algorithm>
 
@@ -77,7 +77,7 @@ bool announce(const Announcement& announcement, const std::vector<BusAddress>& b
 
     const std::vector<DBusMessage> messages{
         hookSignal(announcement),
-        busCall("NameHasOwner", StatusWire::busName),
+        busCall("NameHasOwner", TarvikWire::busName),
     };
     bool isTaken = false;
     for (std::size_t index = 0; index < connections.size(); ++index) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HookEvent.h"
 
-#include "hooks/HookSpec.h"
+#include "core/HookSpec.h"
 #include "hooks/HookTraits.h"
 #include "platform/HookWire.h"
 

@@ -6,7 +6,7 @@
 #include "DBusWriter.h"
 #include "SessionBus.h"
 
-#include "platform/StatusWire.h"
+#include "dbus/contracts/TarvikWire.h"
 
 #include <algorithm>
 #include <array>
@@ -65,55 +65,55 @@ struct Property {
 } // namespace
 
 static constexpr std::array<Property, 19> properties{{
-    {StatusWire::titleProperty, "s", [](DBusReader& reader, StatusReport& report) { report.title = reader.string(); }},
-    {StatusWire::reasonProperty,
+    {TarvikWire::titleProperty, "s", [](DBusReader& reader, StatusReport& report) { report.title = reader.string(); }},
+    {TarvikWire::reasonProperty,
         "s",
         [](DBusReader& reader, StatusReport& report) { report.reason = reader.string(); }},
-    {StatusWire::subtitleProperty,
+    {TarvikWire::subtitleProperty,
         "s",
         [](DBusReader& reader, StatusReport& report) { report.subtitle = reader.string(); }},
-    {StatusWire::detailsProperty,
+    {TarvikWire::detailsProperty,
         "s",
         [](DBusReader& reader, StatusReport& report) { report.details = reader.string(); }},
-    {StatusWire::isAwakeProperty,
+    {TarvikWire::isAwakeProperty,
         "b",
         [](DBusReader& reader, StatusReport& report) { report.isAwake = reader.boolean(); }},
-    {StatusWire::isPausedProperty,
+    {TarvikWire::isPausedProperty,
         "b",
         [](DBusReader& reader, StatusReport& report) { report.isPaused = reader.boolean(); }},
-    {StatusWire::activeAgentsProperty,
+    {TarvikWire::activeAgentsProperty,
         "as",
         [](DBusReader& reader, StatusReport& report) { report.activeAgents = readTexts(reader); }},
-    {StatusWire::leasesProperty,
-        StatusWire::leasesSignature,
+    {TarvikWire::leasesProperty,
+        TarvikWire::leasesSignature,
         [](DBusReader& reader, StatusReport& report) { report.leases = readLeases(reader); }},
-    {StatusWire::sessionEndProperty,
+    {TarvikWire::sessionEndProperty,
         "d",
         [](DBusReader& reader, StatusReport& report) { report.sessionEnd = reader.real(); }},
-    {StatusWire::assertionsProperty,
-        StatusWire::assertionsSignature,
+    {TarvikWire::assertionsProperty,
+        TarvikWire::assertionsSignature,
         [](DBusReader& reader, StatusReport& report) { report.assertions = readAssertions(reader); }},
-    {StatusWire::onACProperty, "b", [](DBusReader& reader, StatusReport& report) { report.isOnAC = reader.boolean(); }},
-    {StatusWire::hasBatteryProperty,
+    {TarvikWire::onACProperty, "b", [](DBusReader& reader, StatusReport& report) { report.isOnAC = reader.boolean(); }},
+    {TarvikWire::hasBatteryProperty,
         "b",
         [](DBusReader& reader, StatusReport& report) { report.hasBattery = reader.boolean(); }},
-    {StatusWire::batteryPercentProperty,
+    {TarvikWire::batteryPercentProperty,
         "i",
         [](DBusReader& reader, StatusReport& report) { report.batteryPercent = reader.int32(); }},
-    {StatusWire::lidClosedProperty,
+    {TarvikWire::lidClosedProperty,
         "b",
         [](DBusReader& reader, StatusReport& report) { report.isLidClosed = reader.boolean(); }},
-    {StatusWire::thermalStateProperty,
+    {TarvikWire::thermalStateProperty,
         "u",
         [](DBusReader& reader, StatusReport& report) { report.thermalState = reader.uint32(); }},
-    {StatusWire::isHotProperty, "b", [](DBusReader& reader, StatusReport& report) { report.isHot = reader.boolean(); }},
-    {StatusWire::lockShortcutProperty,
+    {TarvikWire::isHotProperty, "b", [](DBusReader& reader, StatusReport& report) { report.isHot = reader.boolean(); }},
+    {TarvikWire::lockShortcutProperty,
         "s",
         [](DBusReader& reader, StatusReport& report) { report.lockShortcut = reader.string(); }},
-    {StatusWire::trayProperty,
+    {TarvikWire::trayProperty,
         "b",
         [](DBusReader& reader, StatusReport& report) { report.isTrayShown = reader.boolean(); }},
-    {StatusWire::versionProperty,
+    {TarvikWire::versionProperty,
         "s",
         [](DBusReader& reader, StatusReport& report) { report.version = reader.string(); }},
 }};
@@ -145,11 +145,11 @@ std::optional<StatusReport> readStatus(const DBusMessage& reply)
 std::optional<StatusReport> askForStatus(const std::vector<BusAddress>& buses, uid_t user, Deadline deadline)
 {
     DBusWriter body;
-    body.string(StatusWire::interfaceName);
+    body.string(TarvikWire::statusInterface);
     DBusMessage call;
     call.flags = DBusMessage::noAutoStart;
-    call.destination = StatusWire::busName;
-    call.path = StatusWire::objectPath;
+    call.destination = TarvikWire::busName;
+    call.path = TarvikWire::objectPath;
     call.interface = "org.freedesktop.DBus.Properties";
     call.member = "GetAll";
     call.signature = "s";

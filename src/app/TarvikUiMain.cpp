@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 #include "app/LogSink.h"
-#include "bus/CoordinatorMirror.h"
-#include "bus/SettingsMirror.h"
-#include "bus/UiWire.h"
-#include "bus/WindowsAdaptor.h"
 #include "core/Translation.h"
+#include "dbus/contracts/UiWire.h"
 #include "platform/linux/InstalledAppBundle.h"
 #include "platform/linux/applications/InstalledApplications.h"
 #include "ui/WindowKeeper.h"
+#include "ui/WindowsAdaptor.h"
 #include "ui/design/Appearance.h"
+#include "ui/mirror/CoordinatorMirror.h"
+#include "ui/mirror/SettingsMirror.h"
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/X11Scale.h"
 
@@ -85,8 +85,8 @@ int main(int argc, char** argv)
     QDBusConnection bus = QDBusConnection::sessionBus();
     QObject root;
     auto* windows = new Tarvik::WindowsAdaptor(root);
-    bus.registerObject(QString::fromLatin1(Tarvik::UiWire::uiObjectPath), &root, QDBusConnection::ExportAdaptors);
-    if (!bus.registerService(QString::fromLatin1(Tarvik::UiWire::uiBusName))) {
+    bus.registerObject(QString::fromLatin1(Tarvik::UiWire::objectPath), &root, QDBusConnection::ExportAdaptors);
+    if (!bus.registerService(QString::fromLatin1(Tarvik::UiWire::busName))) {
         // Another process shows the windows already.
         return 0;
     }

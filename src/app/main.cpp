@@ -5,7 +5,7 @@
 #include "app/UnixSignals.h"
 #include "bus/SingleInstance.h"
 #include "core/Translation.h"
-#include "platform/StatusWire.h"
+#include "dbus/contracts/TarvikWire.h"
 #include "platform/linux/TimerfdClock.h"
 #include "platform/linux/session/SystemdSupervision.h"
 
@@ -40,7 +40,7 @@ int main(int argc, char* argv[])
     };
     TimerfdClock clock;
     std::optional<SystemdSupervision> supervision;
-    supervision.emplace(sessionBus, clock, QString::fromLatin1(StatusWire::busName), SupervisedProgram::current());
+    supervision.emplace(sessionBus, clock, QString::fromLatin1(TarvikWire::busName), SupervisedProgram::current());
     supervision->handOver([&](bool isHandedOver) {
         supervision.reset();
         if (isHandedOver)

@@ -3,7 +3,7 @@
 #include "bus/BusInterface.h"
 
 #include "dbus/WireValue.h"
-#include "platform/StatusWire.h"
+#include "dbus/contracts/TarvikWire.h"
 
 #include <QDBusMessage>
 #include <QMetaProperty>
@@ -158,7 +158,7 @@ void BusInterface::announce()
     if (changed.isEmpty() && invalidated.isEmpty())
         return;
     auto signal = QDBusMessage::createSignal(
-        QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
+        QString::fromLatin1(TarvikWire::objectPath), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
     signal << m_name << changed << invalidated;
     m_bus.send(signal);
 }

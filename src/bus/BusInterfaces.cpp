@@ -3,17 +3,16 @@
 #include "bus/BusInterfaces.h"
 
 #include "bus/BusInterface.h"
-#include "bus/ModelTypes.h"
 #include "bus/StatusObject.h"
-#include "bus/UiWire.h"
 #include "core/AppSettings.h"
+#include "dbus/contracts/ModelTypes.h"
+#include "dbus/contracts/TarvikWire.h"
 #include "engine/AwakeCoordinator.h"
 #include "engine/StatusText.h"
 #include "hooks/HookFiles.h"
 #include "journal/Journal.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ThermalMonitor.h"
-#include "platform/StatusWire.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -78,8 +77,8 @@ std::unique_ptr<BusInterface> application(
 
 std::unique_ptr<BusInterface> status(StatusObject& status, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(StatusWire::interfaceName, bus);
-    const auto leases = QString::fromLatin1(StatusWire::leasesProperty);
+    auto result = std::make_unique<BusInterface>(TarvikWire::statusInterface, bus);
+    const auto leases = QString::fromLatin1(TarvikWire::leasesProperty);
     result->addProperties(status);
     result->announceWithoutValue(leases);
     QObject::connect(&status, &StatusObject::leasesChanged, result.get(), [interface = result.get(), leases] {
@@ -91,7 +90,7 @@ std::unique_ptr<BusInterface> status(StatusObject& status, const QDBusConnection
 std::unique_ptr<BusInterface> coordinator(
     AwakeCoordinator& coordinator, CoordinatorActions actions, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(UiWire::coordinatorInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::coordinatorInterface, bus);
     result->addProperties(coordinator);
     result->addProperty(u"isTimedSessionActive"_s, [&coordinator] { return coordinator.isTimedSessionActive(); });
     result->addProperty(u"timedSessionEnd"_s, [&coordinator] {
@@ -115,7 +114,7 @@ std::unique_ptr<BusInterface> coordinator(
 
 std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions actions, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(UiWire::settingsInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::settingsInterface, bus);
     result->addProperties(settings);
     result->addProperty(
         u"launchAtLogin"_s, [&settings] { return settings.launchAtLogin(); }, std::move(actions.setLaunchAtLogin));
@@ -151,7 +150,7 @@ std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions ac
 
 std::unique_ptr<BusInterface> power(PowerMonitor& power, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(UiWire::powerInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::powerInterface, bus);
     result->addProperties(power);
     result->addProperty(u"batteryPercent"_s, [&power] { return power.batteryPercent().value_or(-1); });
     return result;
@@ -159,7 +158,7 @@ std::unique_ptr<BusInterface> power(PowerMonitor& power, const QDBusConnection& 
 
 std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(UiWire::thermalInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::thermalInterface, bus);
     const auto state = [&thermal] { return static_cast<int>(thermal.state()); };
     result->addProperties(thermal);
     result->addProperty(u"state"_s, state);
@@ -170,7 +169,7 @@ std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnec
 std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus)
 {
     registerModelTypes();
-    auto result = std::make_unique<BusInterface>(UiWire::journalInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::journalInterface, bus);
     const auto entries = u"entries"_s;
     result->addProperty(entries, [&journal] { return rowsOf(journal); });
     result->announceWithoutValue(entries);
@@ -184,7 +183,7 @@ std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& b
 
 std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(UiWire::hooksInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::hooksInterface, bus);
     const auto property = u"installedIds"_s;
     const auto read = [&files] { return installedIds(files); };
     result->addProperty(property, read);
@@ -203,7 +202,7 @@ std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus
 
 std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus)
 {
-    auto result = std::make_unique<BusInterface>(UiWire::updaterInterface, bus);
+    auto result = std::make_unique<BusInterface>(TarvikWire::updaterInterface, bus);
     result->addProperties(updater);
     result->addProperty(u"lastUpdateCheckDate"_s, [&updater] {
         const auto date = updater.lastUpdateCheckDate();

@@ -3,7 +3,7 @@
 #include "bus/BusObject.h"
 
 #include "bus/BusInterface.h"
-#include "platform/StatusWire.h"
+#include "dbus/contracts/TarvikWire.h"
 
 #include <QDBusVariant>
 #include <QFile>
@@ -36,12 +36,12 @@ QString contractOf(const QString& interface)
 BusObject::BusObject(QDBusConnection bus)
     : m_bus(std::move(bus))
 {
-    m_bus.registerVirtualObject(QString::fromLatin1(StatusWire::objectPath), this);
+    m_bus.registerVirtualObject(QString::fromLatin1(TarvikWire::objectPath), this);
 }
 
 BusObject::~BusObject()
 {
-    m_bus.unregisterObject(QString::fromLatin1(StatusWire::objectPath));
+    m_bus.unregisterObject(QString::fromLatin1(TarvikWire::objectPath));
 }
 
 void BusObject::add(std::unique_ptr<BusInterface> interface)

@@ -15,7 +15,7 @@ namespace Tarvik {
 
 class BusInterface;
 
-/// Tarvik's object on the session bus, see StatusWire: hands what arrives to its interfaces, and answers
+/// Tarvik's object on the session bus, see TarvikWire: hands what arrives to its interfaces, and answers
 /// org.freedesktop.DBus.Properties and Introspectable of the D-Bus specification for them. QtDBus would convert a value
 /// to the type of the property that is set, so that any text would do for true; this object refuses.
 class BusObject : public QDBusVirtualObject {

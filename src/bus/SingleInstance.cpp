@@ -3,7 +3,7 @@
 #include "bus/SingleInstance.h"
 
 #include "dbus/BusDaemon.h"
-#include "platform/StatusWire.h"
+#include "dbus/contracts/TarvikWire.h"
 
 #include <QDBusError>
 #include <QTimer>
@@ -17,7 +17,7 @@ namespace Tarvik {
 
 namespace {
 
-const auto busName = QString::fromLatin1(StatusWire::busName);
+const auto busName = QString::fromLatin1(TarvikWire::busName);
 
 /// At a busy login the bus may stand still for seconds; without it there is nobody to show anything to anyway.
 constexpr auto namePatience = 20s;
@@ -69,7 +69,7 @@ void SingleInstance::decide(std::function<void(Role)> decided)
 void SingleInstance::handOver(QDeadlineTimer deadline, const std::function<void(Role)>& decided)
 {
     auto call = QDBusMessage::createMethodCall(
-        busName, QString::fromLatin1(StatusWire::objectPath), u"org.freedesktop.Application"_s, u"Activate"_s);
+        busName, QString::fromLatin1(TarvikWire::objectPath), u"org.freedesktop.Application"_s, u"Activate"_s);
     call << ownPlatformData();
     m_call = callAsync(m_bus,
         call,

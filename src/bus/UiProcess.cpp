@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "bus/UiProcess.h"
 
-#include "bus/UiWire.h"
 #include "core/Logging.h"
+#include "dbus/contracts/UiWire.h"
 #include "platform/UiLauncher.h"
 
 #include <QDBusError>
@@ -17,7 +17,7 @@ namespace Tarvik {
 
 namespace {
 
-const auto uiBusName = QString::fromLatin1(UiWire::uiBusName);
+const auto uiBusName = QString::fromLatin1(UiWire::busName);
 
 constexpr auto answerPatience = 5s;
 
@@ -62,10 +62,8 @@ void UiProcess::showSettings(const QString& activationToken)
 
 void UiProcess::send(const Wish& wish)
 {
-    auto message = QDBusMessage::createMethodCall(uiBusName,
-        QString::fromLatin1(UiWire::uiObjectPath),
-        QString::fromLatin1(UiWire::windowsInterface),
-        wish.method);
+    auto message = QDBusMessage::createMethodCall(
+        uiBusName, QString::fromLatin1(UiWire::objectPath), QString::fromLatin1(UiWire::windowsInterface), wish.method);
     message.setArguments(wish.arguments);
     m_calls.send(m_bus,
         message,

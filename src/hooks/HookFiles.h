@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hooks/HookSpec.h"
+#include "core/HookSpec.h"
 #include "hooks/JsonValue.h"
 
 #include <QSet>

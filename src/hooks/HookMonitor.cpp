@@ -3,8 +3,8 @@
 #include "hooks/HookMonitor.h"
 
 #include "base/PlainText.h"
+#include "core/HookSpec.h"
 #include "core/Logging.h"
-#include "hooks/HookSpec.h"
 #include "platform/HookWire.h"
 
 #include <QByteArray>

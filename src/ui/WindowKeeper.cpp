@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/WindowKeeper.h"
 
-#include "bus/CoordinatorMirror.h"
-#include "bus/SettingsMirror.h"
 #include "ui/design/Appearance.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
+#include "ui/mirror/CoordinatorMirror.h"
+#include "ui/mirror/SettingsMirror.h"
 #include "ui/settings/SettingsWindow.h"
 
 #include <utility>

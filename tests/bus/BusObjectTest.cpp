@@ -1,19 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 #include "bus/ServedTarvik.h"
-#include "bus/UiWire.h"
-#include "bus/WindowsAdaptor.h"
 #include "dbus/WireValue.h"
+#include "support/Contracts.h"
 #include "support/TestSupport.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QDir>
-#include <QFile>
-#include <QMap>
-#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QXmlStreamReader>
 
@@ -22,67 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto busName = QString::fromLatin1(StatusWire::busName);
-const auto objectPath = QString::fromLatin1(StatusWire::objectPath);
+const auto busName = QString::fromLatin1(TarvikWire::busName);
+const auto objectPath = QString::fromLatin1(TarvikWire::objectPath);
 const auto propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
-const auto settingsInterface = QString::fromLatin1(UiWire::settingsInterface);
-
-struct Contract {
-    /// Name to "type access".
-    QMap<QString, QString> properties;
-    /// Properties that are announced without value.
-    QStringList invalidated;
-    /// Name to the types that go in.
-    QMap<QString, QString> methods;
-
-    bool operator==(const Contract&) const = default;
-};
-
-using Contracts = QMap<QString, Contract>;
-
-Contracts readContracts(QXmlStreamReader& xml)
-{
-    Contracts contracts;
-    QString interface;
-    QString member;
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        const auto attribute
-            = [&](const char* name) { return xml.attributes().value(QLatin1StringView(name)).toString(); };
-        if (xml.name() == "interface"_L1) {
-            interface = attribute("name");
-        } else if (xml.name() == "property"_L1) {
-            member = attribute("name");
-            contracts[interface].properties[member] = attribute("type") + u' ' + attribute("access");
-        } else if (xml.name() == "annotation"_L1 && attribute("value") == "invalidates"_L1) {
-            contracts[interface].invalidated.append(member);
-        } else if (xml.name() == "method"_L1) {
-            member = attribute("name");
-            contracts[interface].methods[member] = QString();
-        } else if (xml.name() == "arg"_L1 && attribute("direction") == "in"_L1) {
-            contracts[interface].methods[member] += attribute("type");
-        }
-    }
-    return contracts;
-}
-
-/// All contracts of a service.
-Contracts contractsOf(const QString& service)
-{
-    Contracts contracts;
-    const QDir directory(QStringLiteral(BUS_DIRECTORY));
-    for (const QString& name : directory.entryList({u"*.xml"_s})) {
-        QFile file(directory.filePath(name));
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("%s cannot be read", qPrintable(name));
-        const QByteArray bytes = file.readAll();
-        QXmlStreamReader xml(bytes);
-        if (bytes.contains("<node name=\"/" + service.toLatin1().replace('.', '/') + "\">"))
-            contracts.insert(readContracts(xml));
-    }
-    return contracts;
-}
+const auto settingsInterface = QString::fromLatin1(TarvikWire::settingsInterface);
 
 QString signatureOf(const QVariant& value)
 {
@@ -154,21 +92,6 @@ private Q_SLOTS:
         QCOMPARE(offered.methods, contract.methods);
     }
 
-    void theWindowsKeepTheirContract()
-    {
-        QMap<QString, QString> offered;
-        const QMetaObject& meta = WindowsAdaptor::staticMetaObject;
-        for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
-            const QMetaMethod method = meta.method(index);
-            QString& types = offered[QString::fromLatin1(method.name())];
-            for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
-                types += WireValue::signatureOf(method.parameterMetaType(parameter));
-        }
-        const Contracts contracts = contractsOf(QString::fromLatin1(UiWire::uiBusName));
-        QCOMPARE(contracts.keys(), QStringList{QString::fromLatin1(UiWire::windowsInterface)});
-        QCOMPARE(offered, contracts.first().methods);
-    }
-
     void onlyTheTypeOfThePropertyIsTaken_data()
     {
         QTest::addColumn<QString>("property");
@@ -219,10 +142,10 @@ private Q_SLOTS:
             << QDBusError::InvalidArgs;
         QTest::newRow("a method of no interface")
             << QString() << u"None"_s << QVariantList() << QDBusError::UnknownMethod;
-        QTest::newRow("too many arguments") << QString::fromLatin1(UiWire::coordinatorInterface) << u"Quit"_s
+        QTest::newRow("too many arguments") << QString::fromLatin1(TarvikWire::coordinatorInterface) << u"Quit"_s
                                             << QVariantList{1} << QDBusError::InvalidArgs;
-        QTest::newRow("too few arguments") << QString::fromLatin1(UiWire::coordinatorInterface) << u"SetTimedSession"_s
-                                           << QVariantList() << QDBusError::InvalidArgs;
+        QTest::newRow("too few arguments") << QString::fromLatin1(TarvikWire::coordinatorInterface)
+                                           << u"SetTimedSession"_s << QVariantList() << QDBusError::InvalidArgs;
     }
 
     void whatIsNotThereIsAnError()
@@ -258,7 +181,7 @@ private Q_SLOTS:
     {
         const ServedTarvik tarvik;
         auto message = QDBusMessage::createMethodCall(
-            busName, objectPath, QString::fromLatin1(UiWire::coordinatorInterface), u"Quit"_s);
+            busName, objectPath, QString::fromLatin1(TarvikWire::coordinatorInterface), u"Quit"_s);
         // QtDBus marks what is sent without a receiver for the answer.
         QVERIFY(m_client.send(message));
         QTRY_COMPARE(tarvik.asked, QStringList{u"quit"_s});

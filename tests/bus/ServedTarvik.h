@@ -6,10 +6,10 @@
 #include "bus/BusInterfaces.h"
 #include "bus/BusObject.h"
 #include "bus/StatusObject.h"
+#include "dbus/contracts/TarvikWire.h"
 #include "engine/CoordinatedMachine.h"
 #include "fakes/FakeTrayItem.h"
 #include "fakes/FakeUpdateDriver.h"
-#include "platform/StatusWire.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -58,12 +58,12 @@ public:
         object->add(BusInterfaces::journal(*machine.journal, bus));
         object->add(BusInterfaces::hooks(machine.hookFiles, bus));
         object->add(BusInterfaces::updater(*updater, bus));
-        bus.registerService(QString::fromLatin1(StatusWire::busName));
+        bus.registerService(QString::fromLatin1(TarvikWire::busName));
     }
 
     void vanish()
     {
-        bus.unregisterService(QString::fromLatin1(StatusWire::busName));
+        bus.unregisterService(QString::fromLatin1(TarvikWire::busName));
         object.reset();
     }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bus/UiProcess.h"
 
-#include "bus/UiWire.h"
+#include "dbus/contracts/UiWire.h"
 #include "fakes/FakeDBusService.h"
 #include "fakes/FakeUiLauncher.h"
 #include "support/TestSupport.h"
@@ -193,8 +193,8 @@ private:
     {
         m_windows = std::make_unique<FakeDBusService>(
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connectionName),
-            QString::fromLatin1(UiWire::uiBusName),
-            QString::fromLatin1(UiWire::uiObjectPath));
+            QString::fromLatin1(UiWire::busName),
+            QString::fromLatin1(UiWire::objectPath));
         m_windows->handler = [this](const QDBusMessage& call) {
             m_calls.append(call.member() + u' ' + QDebug::toString(call.arguments()));
             return call.createReply();

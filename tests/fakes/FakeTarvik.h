@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/contracts/TarvikWire.h"
 #include "fakes/FakeDBusService.h"
-#include "platform/StatusWire.h"
 
 namespace Tarvik {
 
@@ -13,8 +13,8 @@ public:
     FakeTarvik()
         : FakeDBusService(
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("something like Tarvik")),
-            QString::fromLatin1(StatusWire::busName),
-            QString::fromLatin1(StatusWire::objectPath))
+            QString::fromLatin1(TarvikWire::busName),
+            QString::fromLatin1(TarvikWire::objectPath))
     {
         handler = [this](const QDBusMessage& call) { return call.createReply(QVariant(values)); };
     }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool/HookEvent.h"
 
-#include "hooks/HookSpec.h"
+#include "core/HookSpec.h"
 #include "support/TestSupport.h"
 
 #include <QFile>

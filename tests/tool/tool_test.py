@@ -19,7 +19,7 @@ from pathlib import Path
 from gi.repository import Gio, GLib
 
 TOOL = ""
-STATUS_XML = Path(__file__).resolve().parents[2] / "src/bus/com.morvanta.Tarvik.Status1.xml"
+STATUS_XML = Path(__file__).resolve().parents[2] / "src/dbus/contracts/com.morvanta.Tarvik.Status1.xml"
 # An agent is never kept waiting longer; what comes on top is the time that a busy machine takes to start a process.
 HOOK_LIMIT = 0.25
 SLACK = 0.25

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "bus/CoordinatorMirror.h"
-#include "bus/SettingsMirror.h"
 #include "fakes/FakeDBusService.h"
 #include "support/TestSupport.h"
 #include "ui/WindowKeeper.h"
 #include "ui/design/Appearance.h"
+#include "ui/mirror/CoordinatorMirror.h"
+#include "ui/mirror/SettingsMirror.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>

@@ -15,7 +15,7 @@ import time
 
 from gi.repository import Gio, GLib
 
-BUS_DIRECTORY = pathlib.Path(__file__).resolve().parents[2] / "src" / "bus"
+CONTRACTS = pathlib.Path(__file__).resolve().parents[2] / "src" / "dbus" / "contracts"
 COORDINATOR = "com.morvanta.Tarvik.Coordinator1"
 SETTINGS = "com.morvanta.Tarvik.Settings1"
 OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "Power", "Thermal", "Updater"))
@@ -49,7 +49,7 @@ class FakeTarvik:
         self.values = {}
         for interface in (COORDINATOR, SETTINGS, *OTHERS):
             self.values[interface] = {}
-            info = Gio.DBusNodeInfo.new_for_xml((BUS_DIRECTORY / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
+            info = Gio.DBusNodeInfo.new_for_xml((CONTRACTS / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
             for item in info.properties:
                 self.types[item.name] = item.signature
                 self.interfaces[item.name] = interface

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/Panel.h"
 
-#include "bus/CoordinatorMirror.h"
-#include "bus/SettingsMirror.h"
 #include "core/Logging.h"
 #include "ui/design/Appearance.h"
+#include "ui/mirror/CoordinatorMirror.h"
+#include "ui/mirror/SettingsMirror.h"
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/PanelHost.h"
 #include "ui/placement/WindowActivation.h"

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/SettingsWindow.h"
 
-#include "bus/SettingsMirror.h"
 #include "core/AgentCatalogue.h"
 #include "core/Logging.h"
 #include "ui/design/Appearance.h"
+#include "ui/mirror/SettingsMirror.h"
 #include "ui/placement/WindowActivation.h"
 
 #include <QClipboard>

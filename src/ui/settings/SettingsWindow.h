@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bus/HooksMirror.h"
-#include "bus/JournalMirror.h"
-#include "bus/PowerMirror.h"
-#include "bus/ThermalMirror.h"
-#include "bus/UpdaterMirror.h"
 #include "core/AllowlistedApp.h"
+#include "ui/mirror/HooksMirror.h"
+#include "ui/mirror/JournalMirror.h"
+#include "ui/mirror/PowerMirror.h"
+#include "ui/mirror/ThermalMirror.h"
+#include "ui/mirror/UpdaterMirror.h"
 
 #include <array>
 #include <functional>

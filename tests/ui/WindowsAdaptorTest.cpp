@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/WindowsAdaptor.h"
+
+#include "dbus/WireValue.h"
+#include "dbus/contracts/UiWire.h"
+#include "support/Contracts.h"
+
+#include <QMetaMethod>
+#include <QTest>
+
+using namespace Tarvik;
+
+class WindowsAdaptorTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theContractIsKept()
+    {
+        QMap<QString, QString> offered;
+        const QMetaObject& meta = WindowsAdaptor::staticMetaObject;
+        for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+            const QMetaMethod method = meta.method(index);
+            QString& types = offered[QString::fromLatin1(method.name())];
+            for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
+                types += WireValue::signatureOf(method.parameterMetaType(parameter));
+        }
+        const Contracts contracts = contractsOf(QString::fromLatin1(UiWire::busName));
+        QCOMPARE(contracts.keys(), QStringList{QString::fromLatin1(UiWire::windowsInterface)});
+        QCOMPARE(offered, contracts.first().methods);
+    }
+};
+
+QTEST_GUILESS_MAIN(WindowsAdaptorTest)
+#include "WindowsAdaptorTest.moc"
