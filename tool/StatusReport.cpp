@@ -81,7 +81,7 @@ static constexpr std::array<Property, 19> properties{{
     {TarvikWire::isPausedProperty,
         "b",
         [](DBusReader& reader, StatusReport& report) { report.isPaused = reader.boolean(); }},
-    {TarvikWire::activeAgentsProperty,
+    {TarvikWire::activeProperty,
         "as",
         [](DBusReader& reader, StatusReport& report) { report.activeAgents = readTexts(reader); }},
     {TarvikWire::leasesProperty,

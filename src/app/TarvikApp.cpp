@@ -61,7 +61,6 @@ void TarvikApp::connectTray()
 
 void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
 {
-    const auto lock = [this] { m_coordinator.lockScreen(); };
     const auto quit = [] { QCoreApplication::quit(); };
     const auto setLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
     const auto setClamshellEnabled = [this](bool on) { m_settings.setClamshellEnabled(on); };
@@ -69,12 +68,9 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     const auto activate = [this](const QString& token) { m_ui.showPanel(0, 0, token); };
 
     m_busObject.add(BusInterfaces::application(activate, sessionBus));
-    m_busObject.add(BusInterfaces::status(m_status, sessionBus));
-    m_busObject.add(BusInterfaces::coordinator(m_coordinator, {.lockScreen = lock, .quit = quit}, sessionBus));
+    m_busObject.add(BusInterfaces::status(m_status, m_coordinator, quit, sessionBus));
     m_busObject.add(BusInterfaces::settings(
         m_settings, {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled}, sessionBus));
-    m_busObject.add(BusInterfaces::power(m_power, sessionBus));
-    m_busObject.add(BusInterfaces::thermal(m_thermal, sessionBus));
     m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
     m_busObject.add(BusInterfaces::hooks(m_hookFiles, sessionBus));

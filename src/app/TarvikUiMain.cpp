@@ -8,8 +8,8 @@
 #include "ui/WindowKeeper.h"
 #include "ui/WindowsAdaptor.h"
 #include "ui/design/Appearance.h"
-#include "ui/mirror/CoordinatorMirror.h"
 #include "ui/mirror/SettingsMirror.h"
+#include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/X11Scale.h"
 
@@ -91,14 +91,14 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    Tarvik::CoordinatorMirror coordinator(bus);
+    Tarvik::StatusMirror status(bus);
     Tarvik::SettingsMirror settings(bus);
     Tarvik::Appearance appearance(bus);
     Tarvik::WindowKeeper keeper(
-        {coordinator, settings, appearance, Tarvik::installedApplications, bundle.iconDirectory()}, bus, linger);
+        {status, settings, appearance, Tarvik::installedApplications, bundle.iconDirectory()}, bus, linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
     QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);
-    QObject::connect(&coordinator, &Tarvik::PropertyMirror::lost, &application, &QCoreApplication::quit);
+    QObject::connect(&status, &Tarvik::PropertyMirror::lost, &application, &QCoreApplication::quit);
     return QGuiApplication::exec();
 }

@@ -8,11 +8,8 @@
 #include "dbus/contracts/ModelTypes.h"
 #include "dbus/contracts/TarvikWire.h"
 #include "engine/AwakeCoordinator.h"
-#include "engine/StatusText.h"
 #include "hooks/HookFiles.h"
 #include "journal/Journal.h"
-#include "monitors/PowerMonitor.h"
-#include "monitors/ThermalMonitor.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -75,40 +72,24 @@ std::unique_ptr<BusInterface> application(
     return result;
 }
 
-std::unique_ptr<BusInterface> status(StatusObject& status, const QDBusConnection& bus)
+std::unique_ptr<BusInterface> status(
+    StatusObject& status, AwakeCoordinator& coordinator, std::function<void()> quit, const QDBusConnection& bus)
 {
     auto result = std::make_unique<BusInterface>(TarvikWire::statusInterface, bus);
-    const auto leases = QString::fromLatin1(TarvikWire::leasesProperty);
+    const auto leases = u"Leases"_s;
     result->addProperties(status);
     result->announceWithoutValue(leases);
     QObject::connect(&status, &StatusObject::leasesChanged, result.get(), [interface = result.get(), leases] {
         interface->invalidateSoon(leases);
     });
-    return result;
-}
-
-std::unique_ptr<BusInterface> coordinator(
-    AwakeCoordinator& coordinator, CoordinatorActions actions, const QDBusConnection& bus)
-{
-    auto result = std::make_unique<BusInterface>(TarvikWire::coordinatorInterface, bus);
-    result->addProperties(coordinator);
-    result->addProperty(u"isTimedSessionActive"_s, [&coordinator] { return coordinator.isTimedSessionActive(); });
-    result->addProperty(u"timedSessionEnd"_s, [&coordinator] {
-        const auto end = coordinator.timedSessionEnd();
-        return end ? end->time_since_epoch().count() : 0;
-    });
-    // A session also ends when its time has come.
-    QObject::connect(&coordinator, &AwakeCoordinator::evaluated, result.get(), &BusInterface::announceSoon);
-    QObject::connect(
-        &coordinator, &AwakeCoordinator::timedSessionEndChanged, result.get(), &BusInterface::announceSoon);
     result->addMethod(u"SetTimedSession"_s, [&coordinator](int minutes) {
         if (minutes > longestSessionMinutes)
             return BusAnswer::invalidArguments(u"A timed session lasts a year at most."_s);
         coordinator.setTimedSession(minutes > 0 ? std::optional(minutes) : std::nullopt);
         return BusAnswer();
     });
-    result->addMethod(u"LockScreen"_s, std::move(actions.lockScreen));
-    result->addMethod(u"Quit"_s, std::move(actions.quit));
+    result->addMethod(u"LockScreen"_s, [&coordinator] { coordinator.lockScreen(); });
+    result->addMethod(u"Quit"_s, std::move(quit));
     return result;
 }
 
@@ -145,24 +126,6 @@ std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions ac
         if (rest.removeIf([&id](const AllowlistedApp& app) { return app.bundleID == id; }) > 0)
             settings.setAllowlist(rest);
     });
-    return result;
-}
-
-std::unique_ptr<BusInterface> power(PowerMonitor& power, const QDBusConnection& bus)
-{
-    auto result = std::make_unique<BusInterface>(TarvikWire::powerInterface, bus);
-    result->addProperties(power);
-    result->addProperty(u"batteryPercent"_s, [&power] { return power.batteryPercent().value_or(-1); });
-    return result;
-}
-
-std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnection& bus)
-{
-    auto result = std::make_unique<BusInterface>(TarvikWire::thermalInterface, bus);
-    const auto state = [&thermal] { return static_cast<int>(thermal.state()); };
-    result->addProperties(thermal);
-    result->addProperty(u"state"_s, state);
-    result->addProperty(u"stateText"_s, [state] { return StatusText::thermalWord(state()); });
     return result;
 }
 

@@ -15,9 +15,7 @@ class AwakeCoordinator;
 class BusInterface;
 class HookFiles;
 class Journal;
-class PowerMonitor;
 class StatusObject;
-class ThermalMonitor;
 class Updater;
 
 } // namespace Tarvik
@@ -31,16 +29,8 @@ namespace Tarvik::BusInterfaces {
 std::unique_ptr<BusInterface> application(
     std::function<void(const QString& activationToken)> activate, const QDBusConnection& bus);
 
-std::unique_ptr<BusInterface> status(StatusObject& status, const QDBusConnection& bus);
-
-/// What a window asks for that is not the coordinator's own to do.
-struct CoordinatorActions {
-    std::function<void()> lockScreen;
-    std::function<void()> quit;
-};
-
-std::unique_ptr<BusInterface> coordinator(
-    AwakeCoordinator& coordinator, CoordinatorActions actions, const QDBusConnection& bus);
+std::unique_ptr<BusInterface> status(
+    StatusObject& status, AwakeCoordinator& coordinator, std::function<void()> quit, const QDBusConnection& bus);
 
 /// What two of the settings take in place of being stored.
 struct SettingsActions {
@@ -49,10 +39,6 @@ struct SettingsActions {
 };
 
 std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions actions, const QDBusConnection& bus);
-
-std::unique_ptr<BusInterface> power(PowerMonitor& power, const QDBusConnection& bus);
-
-std::unique_ptr<BusInterface> thermal(ThermalMonitor& thermal, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus);
 

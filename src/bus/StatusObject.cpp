@@ -3,6 +3,7 @@
 #include "bus/StatusObject.h"
 
 #include "engine/AwakeCoordinator.h"
+#include "engine/StatusText.h"
 #include "hooks/HookMonitor.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ThermalMonitor.h"
@@ -66,7 +67,7 @@ bool StatusObject::isPaused() const
     return m_sources.coordinator.isPaused();
 }
 
-QStringList StatusObject::activeAgents() const
+QStringList StatusObject::active() const
 {
     return m_sources.coordinator.activeList();
 }
@@ -83,6 +84,11 @@ StatusLeaseList StatusObject::leases() const
             .remaining = std::max((session.expiresAt - now).count(), 0.0)});
     }
     return list;
+}
+
+bool StatusObject::isTimedSessionActive() const
+{
+    return m_sources.coordinator.isTimedSessionActive();
 }
 
 double StatusObject::sessionEnd() const
@@ -126,6 +132,11 @@ bool StatusObject::lidClosed() const
 uint StatusObject::thermalState() const
 {
     return static_cast<uint>(m_sources.thermal.state());
+}
+
+QString StatusObject::thermalText() const
+{
+    return StatusText::thermalWord(static_cast<int>(m_sources.thermal.state()));
 }
 
 bool StatusObject::isHot() const

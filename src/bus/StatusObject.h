@@ -28,8 +28,9 @@ class StatusObject : public QObject {
     Q_PROPERTY(QString Details READ details NOTIFY changed)
     Q_PROPERTY(bool IsAwake READ isAwake NOTIFY changed)
     Q_PROPERTY(bool IsPaused READ isPaused NOTIFY changed)
-    Q_PROPERTY(QStringList ActiveAgents READ activeAgents NOTIFY changed)
+    Q_PROPERTY(QStringList Active READ active NOTIFY changed)
     Q_PROPERTY(Tarvik::StatusLeaseList Leases READ leases NOTIFY leasesChanged)
+    Q_PROPERTY(bool IsTimedSessionActive READ isTimedSessionActive NOTIFY changed)
     Q_PROPERTY(double SessionEnd READ sessionEnd NOTIFY changed)
     Q_PROPERTY(Tarvik::StatusAssertionList Assertions READ assertions NOTIFY changed)
     Q_PROPERTY(bool OnAC READ onAC NOTIFY changed)
@@ -37,6 +38,7 @@ class StatusObject : public QObject {
     Q_PROPERTY(int BatteryPercent READ batteryPercent NOTIFY changed)
     Q_PROPERTY(bool LidClosed READ lidClosed NOTIFY changed)
     Q_PROPERTY(uint ThermalState READ thermalState NOTIFY changed)
+    Q_PROPERTY(QString ThermalText READ thermalText NOTIFY changed)
     Q_PROPERTY(bool IsHot READ isHot NOTIFY changed)
     Q_PROPERTY(QString LockShortcut READ lockShortcut NOTIFY changed)
     Q_PROPERTY(bool TrayShown READ isTrayShown NOTIFY changed)
@@ -65,8 +67,9 @@ public:
     QString details() const;
     bool isAwake() const;
     bool isPaused() const;
-    QStringList activeAgents() const;
+    QStringList active() const;
     StatusLeaseList leases() const;
+    bool isTimedSessionActive() const;
     double sessionEnd() const;
     StatusAssertionList assertions() const;
     bool onAC() const;
@@ -74,6 +77,7 @@ public:
     int batteryPercent() const;
     bool lidClosed() const;
     uint thermalState() const;
+    QString thermalText() const;
     bool isHot() const;
     QString lockShortcut() const;
     bool isTrayShown() const;

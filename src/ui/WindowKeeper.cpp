@@ -5,8 +5,8 @@
 #include "ui/design/Appearance.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
-#include "ui/mirror/CoordinatorMirror.h"
 #include "ui/mirror/SettingsMirror.h"
+#include "ui/mirror/StatusMirror.h"
 #include "ui/settings/SettingsWindow.h"
 
 #include <utility>
@@ -26,7 +26,7 @@ constexpr auto patience = 200ms;
 WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chrono::milliseconds linger)
     : m_models(std::move(models))
     , m_bus(bus)
-    , m_panel(m_engine, {m_models.coordinator, m_models.settings, m_models.appearance}, bus)
+    , m_panel(m_engine, {m_models.status, m_models.settings, m_models.appearance}, bus)
 {
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
     m_engine.addImageProvider(u"icons"_s, new IconProvider);
@@ -37,7 +37,7 @@ WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chron
     connect(&m_patience, &QTimer::timeout, this, &WindowKeeper::openWhenReady);
     connect(&m_linger, &QTimer::timeout, this, &WindowKeeper::finished);
     connect(&m_models.appearance, &Appearance::known, this, &WindowKeeper::openWhenReady);
-    connect(&m_models.coordinator, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
+    connect(&m_models.status, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_models.settings, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_panel, &Panel::visibleChanged, this, &WindowKeeper::followVisibility);
     connect(&m_panel, &Panel::settingsWanted, this, [this] { showSettings({}); });
@@ -63,7 +63,7 @@ void WindowKeeper::showSettings(const QString& activationToken)
 
 bool WindowKeeper::isReady() const
 {
-    return m_models.coordinator.isConnected() && m_models.settings.isConnected()
+    return m_models.status.isConnected() && m_models.settings.isConnected()
         && (m_models.appearance.isKnown() || !m_patience.isActive());
 }
 
@@ -81,8 +81,11 @@ void WindowKeeper::openSettings(const QString& activationToken)
 {
     if (!m_settings) {
         m_settings = std::make_unique<SettingsWindow>(m_engine,
-            SettingsWindow::Models{
-                m_models.settings, m_models.appearance, m_models.installedApplications, m_models.iconDirectory},
+            SettingsWindow::Models{m_models.settings,
+                m_models.status,
+                m_models.appearance,
+                m_models.installedApplications,
+                m_models.iconDirectory},
             m_bus);
         connect(m_settings.get(), &SettingsWindow::visibleChanged, this, &WindowKeeper::followVisibility);
     }

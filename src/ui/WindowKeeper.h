@@ -28,7 +28,7 @@ class WindowKeeper : public QObject {
 public:
     /// What the windows show; must outlive the keeper.
     struct Models {
-        CoordinatorMirror& coordinator;
+        StatusMirror& status;
         SettingsMirror& settings;
         Appearance& appearance;
         /// Called when the user is about to choose one.

@@ -142,10 +142,10 @@ private Q_SLOTS:
             << QDBusError::InvalidArgs;
         QTest::newRow("a method of no interface")
             << QString() << u"None"_s << QVariantList() << QDBusError::UnknownMethod;
-        QTest::newRow("too many arguments") << QString::fromLatin1(TarvikWire::coordinatorInterface) << u"Quit"_s
+        QTest::newRow("too many arguments") << QString::fromLatin1(TarvikWire::statusInterface) << u"Quit"_s
                                             << QVariantList{1} << QDBusError::InvalidArgs;
-        QTest::newRow("too few arguments") << QString::fromLatin1(TarvikWire::coordinatorInterface)
-                                           << u"SetTimedSession"_s << QVariantList() << QDBusError::InvalidArgs;
+        QTest::newRow("too few arguments") << QString::fromLatin1(TarvikWire::statusInterface) << u"SetTimedSession"_s
+                                           << QVariantList() << QDBusError::InvalidArgs;
     }
 
     void whatIsNotThereIsAnError()
@@ -177,14 +177,44 @@ private Q_SLOTS:
         QCOMPARE(tarvik.asked, QStringList(3, u"activate token"_s));
     }
 
+    void oneChangeIsAnnouncedOnce()
+    {
+        ServedTarvik tarvik;
+        m_announced.clear();
+        QVERIFY(m_client.connect(busName,
+            objectPath,
+            propertiesInterface,
+            u"PropertiesChanged"_s,
+            this,
+            SLOT(recordAnnouncement(QString, QVariantMap, QStringList))));
+        QStringList expected{u"com.morvanta.Tarvik.Status1 BatteryPercent Details HasBattery OnAC"_s};
+        tarvik.machine.setPower(false, 57);
+        QTRY_COMPARE(m_announced, expected);
+        expected.append(u"com.morvanta.Tarvik.Settings1 notifyOnPause notifyOnToggle"_s);
+        tarvik.machine.settings->setNotifyOnToggle(true);
+        tarvik.machine.settings->setNotifyOnPause(!tarvik.machine.settings->notifyOnPause());
+        tarvik.machine.settings->setWatchEditors(true);
+        tarvik.machine.settings->setWatchEditors(false);
+        QTRY_COMPARE(m_announced, expected);
+        expected.append(u"com.morvanta.Tarvik.Status1 BatteryPercent Details"_s);
+        tarvik.machine.setPower(false, 56);
+        QTRY_COMPARE(m_announced, expected);
+    }
+
     void aReplyThatNobodyWantsIsNotSent()
     {
         const ServedTarvik tarvik;
         auto message = QDBusMessage::createMethodCall(
-            busName, objectPath, QString::fromLatin1(TarvikWire::coordinatorInterface), u"Quit"_s);
+            busName, objectPath, QString::fromLatin1(TarvikWire::statusInterface), u"Quit"_s);
         // QtDBus marks what is sent without a receiver for the answer.
         QVERIFY(m_client.send(message));
         QTRY_COMPARE(tarvik.asked, QStringList{u"quit"_s});
+    }
+
+public Q_SLOTS:
+    void recordAnnouncement(const QString& interface, const QVariantMap& changed, const QStringList&)
+    {
+        m_announced.append(interface + u' ' + changed.keys().join(u' '));
     }
 
 private:
@@ -206,6 +236,7 @@ private:
 
     /// Of a type that no property and no method takes.
     const QVariant m_oddity = QVariant::fromValue(quint16{1});
+    QStringList m_announced;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
 };
 

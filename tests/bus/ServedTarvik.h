@@ -43,18 +43,14 @@ public:
         object.emplace(bus);
         object->add(BusInterfaces::application(
             [this](const QString& token) { ask(QStringLiteral("activate ") + token); }, bus));
-        object->add(BusInterfaces::status(*status, bus));
-        object->add(BusInterfaces::coordinator(*machine.coordinator,
-            {.lockScreen = [this] { ask(QStringLiteral("lock")); }, .quit = [this] { ask(QStringLiteral("quit")); }},
-            bus));
+        object->add(BusInterfaces::status(
+            *status, *machine.coordinator, [this] { ask(QStringLiteral("quit")); }, bus));
         object->add(BusInterfaces::settings(*machine.settings,
             {.setLaunchAtLogin
                 = [this](bool on) { ask(on ? QStringLiteral("login on") : QStringLiteral("login off")); },
                 .setClamshellEnabled
                 = [this](bool on) { ask(on ? QStringLiteral("lid on") : QStringLiteral("lid off")); }},
             bus));
-        object->add(BusInterfaces::power(*machine.power, bus));
-        object->add(BusInterfaces::thermal(*machine.thermal, bus));
         object->add(BusInterfaces::journal(*machine.journal, bus));
         object->add(BusInterfaces::hooks(machine.hookFiles, bus));
         object->add(BusInterfaces::updater(*updater, bus));

@@ -70,7 +70,7 @@ class InstallTest(unittest.TestCase):
         def is_gone():
             # It has its name on the bus a moment before it listens.
             subprocess.run(["busctl", "--user", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik",
-                            "com.morvanta.Tarvik.Coordinator1", "Quit"], check=False, capture_output=True)
+                            "com.morvanta.Tarvik.Status1", "Quit"], check=False, capture_output=True)
             return executable_of("com.morvanta.Tarvik") is None
 
         eventually(is_gone, "Tarvik ends")

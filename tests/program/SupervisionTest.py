@@ -125,7 +125,7 @@ class SupervisionTest(TarvikTestCase):
         self.start()
         # It has its name a moment before it listens.
         program.Tarvik.status()
-        output("busctl", "--user", "call", *TARVIK, "com.morvanta.Tarvik.Coordinator1", "Quit")
+        output("busctl", "--user", "call", *TARVIK, "com.morvanta.Tarvik.Status1", "Quit")
         eventually(lambda: not units(), "its service has ended")
         self.assertEqual(tarvik_process(), 0)
         eventually(is_not_held, "nothing is held")

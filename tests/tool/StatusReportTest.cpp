@@ -50,7 +50,7 @@ static DBusMessage answer()
     writer.uint32(62);
     writeKey(writer, "Subtitle", "u");
     writer.uint32(7);
-    writeKey(writer, "ActiveAgents", "as");
+    writeKey(writer, "Active", "as");
     const auto agents = writer.beginArray(4);
     writer.string("Claude Code");
     writer.string("Codex");

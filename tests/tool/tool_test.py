@@ -606,7 +606,7 @@ class FakeTarvik:
     VALUES = {
         "Title": ("s", "Awake"), "Reason": ("s", "Awake · 1 agent"), "Subtitle": ("s", "Claude Code"),
         "Details": ("s", "on battery 62%"), "IsAwake": ("b", True), "IsPaused": ("b", False),
-        "ActiveAgents": ("as", ["Claude Code", "Codex"]),
+        "Active": ("as", ["Claude Code", "Codex"]), "IsTimedSessionActive": ("b", False), "ThermalText": ("s", "normal"),
         "Leases": ("a(sssdd)", [("claude:1", "claude", "", 1.5e9, 600.0), ("k", "make", "why", 1.5e9, 12.5)]),
         "SessionEnd": ("d", 0.0), "Assertions": ("a(sssb)", [("PreventUserIdleSystemSleep", "logind", "idle", True)]),
         "OnAC": ("b", False), "HasBattery": ("b", True), "BatteryPercent": ("i", 62), "LidClosed": ("b", False),

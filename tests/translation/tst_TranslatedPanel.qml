@@ -28,12 +28,12 @@ Item {
     }
     // What comes from elsewhere stands between the same marks.
     QtObject {
-        id: coordinator
+        id: status
 
         property bool isAwake: true
-        property string statusReason: "⟦Awake · ⟦2 agents~~~~⟧, ⟦1 app~~⟧~~~~⟧"
-        property string statusSubtitle: "⟦Claude Code, Codex +1 more~~~~⟧"
-        property string statusDetails: "⟦charging 80%~~~~~⟧ · ⟦running ⟦very hot~~~⟧~~~~⟧ · ⟦lid closed~~~~⟧ · ⟦959 min left~~~~⟧"
+        property string reason: "⟦Awake · ⟦2 agents~~~~⟧, ⟦1 app~~⟧~~~~⟧"
+        property string subtitle: "⟦Claude Code, Codex +1 more~~~~⟧"
+        property string details: "⟦charging 80%~~~~~⟧ · ⟦running ⟦very hot~~~⟧~~~~⟧ · ⟦lid closed~~~~⟧ · ⟦959 min left~~~~⟧"
         property bool isTimedSessionActive
     }
     QtObject {
@@ -44,7 +44,7 @@ Item {
     MenuView {
         id: view
 
-        coordinator: coordinator
+        status: status
         height: implicitHeight
         settings: settings
         theme: theme
@@ -73,7 +73,7 @@ Item {
 
         function test_everythingIsTranslatedAndFits(row) {
             appearance.textScale = row.textScale;
-            coordinator.isTimedSessionActive = row.isTimedSessionActive;
+            status.isTimedSessionActive = row.isTimedSessionActive;
             sessionRow.menu.open();
             tryVerify(() => sessionRow.menu.opened);
             const enableRow = findChild(view, "enableRow");

@@ -37,10 +37,9 @@ Item {
         applications: []
         hooks: plain.hooks
         journal: plain.journal
-        power: plain.power
+        status: plain.status
         settings: plain.settings
         theme: theme
-        thermal: plain.thermal
         updater: plain.updater
     }
     TestCase {

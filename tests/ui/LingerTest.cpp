@@ -4,8 +4,8 @@
 #include "support/TestSupport.h"
 #include "ui/WindowKeeper.h"
 #include "ui/design/Appearance.h"
-#include "ui/mirror/CoordinatorMirror.h"
 #include "ui/mirror/SettingsMirror.h"
+#include "ui/mirror/StatusMirror.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -45,7 +45,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_keeper.emplace(WindowKeeper::Models{m_coordinator, m_settings, m_appearance, {}, {}}, m_bus, linger);
+        m_keeper.emplace(WindowKeeper::Models{m_status, m_settings, m_appearance, {}, {}}, m_bus, linger);
         m_finished.emplace(&*m_keeper, &WindowKeeper::finished);
     }
 
@@ -105,7 +105,7 @@ private:
     FakeDBusService m_tarvik{QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"tarvik"_s),
         u"com.morvanta.Tarvik"_s,
         u"/com/morvanta/Tarvik"_s};
-    CoordinatorMirror m_coordinator{m_bus};
+    StatusMirror m_status{m_bus};
     SettingsMirror m_settings{m_bus};
     Appearance m_appearance{m_bus};
     std::optional<WindowKeeper> m_keeper;

@@ -25,13 +25,11 @@ QtObject {
             allowlist = allowlist.filter(app => app.bundleID !== bundleID);
         }
     }
-    readonly property QtObject power: QtObject {
+    readonly property QtObject status: QtObject {
         property bool hasBattery: true
         property var batteryPercent: 80
         property bool isOnAC: false
-    }
-    readonly property QtObject thermal: QtObject {
-        property string stateText: "normal"
+        property string thermalText: "normal"
     }
     readonly property QtObject journal: QtObject {
         property ListModel entries: ListModel {}

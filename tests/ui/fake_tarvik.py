@@ -16,17 +16,17 @@ import time
 from gi.repository import Gio, GLib
 
 CONTRACTS = pathlib.Path(__file__).resolve().parents[2] / "src" / "dbus" / "contracts"
-COORDINATOR = "com.morvanta.Tarvik.Coordinator1"
+STATUS = "com.morvanta.Tarvik.Status1"
 SETTINGS = "com.morvanta.Tarvik.Settings1"
-OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "Power", "Thermal", "Updater"))
+OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "Updater"))
 RESULTS = {
     "Install": GLib.Variant("(b)", (False,)),
     "Uninstall": GLib.Variant("(b)", (False,)),
     "ExportText": GLib.Variant("(s)", ("",)),
 }
-INITIAL = {"b": True, "i": 20, "s": "", "d": 0.0, "as": [], "a(ss)": [], "a(sdss)": []}
+INITIAL = {"b": True, "i": 20, "u": 0, "s": "", "d": 0.0}
 
-# isAwake, isPaused, title, statusReason, statusSubtitle, statusDetails, isTimedSessionActive
+NAMES = ("IsAwake", "IsPaused", "Title", "Reason", "Subtitle", "Details", "IsTimedSessionActive")
 STATES = {
     "awake": (True, False, "Awake", "Awake · 2 agents, 1 app", "Claude Code, Codex +1 more", "charging 80% · lid closed", False),
     "asleep": (False, False, "Watching", "Dozing — nothing to watch", "Nothing running to keep awake for", "", False),
@@ -37,7 +37,6 @@ STATES = {
              "Cursor Agent (CLI) +44 more, and then some that nobody expected", "charging 80% · running very hot · lid closed · "
              "959 min left · and more", True),
 }
-NAMES = ("isAwake", "isPaused", "title", "statusReason", "statusSubtitle", "statusDetails", "isTimedSessionActive")
 
 
 class FakeTarvik:
@@ -47,13 +46,13 @@ class FakeTarvik:
         self.types = {}
         self.interfaces = {}
         self.values = {}
-        for interface in (COORDINATOR, SETTINGS, *OTHERS):
+        for interface in (STATUS, SETTINGS, *OTHERS):
             self.values[interface] = {}
             info = Gio.DBusNodeInfo.new_for_xml((CONTRACTS / f"{interface}.xml").read_text(encoding="utf-8")).interfaces[0]
             for item in info.properties:
                 self.types[item.name] = item.signature
                 self.interfaces[item.name] = interface
-                self.values[interface][item.name] = INITIAL[item.signature]
+                self.values[interface][item.name] = INITIAL.get(item.signature, [])
             self.bus.register_object("/com/morvanta/Tarvik", info, self.called, self.get, self.set)
         self.enter(state)
         Gio.bus_own_name_on_connection(self.bus, "com.morvanta.Tarvik", Gio.BusNameOwnerFlags.NONE, lambda *_: self.say("ready"), None)
@@ -73,8 +72,8 @@ class FakeTarvik:
 
     def enter_state(self, state):
         changed = dict(zip(NAMES, STATES[state]))
-        changed["timedSessionEnd"] = time.time() + 3600 if changed["isTimedSessionActive"] else 0.0
-        self.change(COORDINATOR, changed)
+        changed["SessionEnd"] = time.time() + 3600 if changed["IsTimedSessionActive"] else 0.0
+        self.change(STATUS, changed)
         self.change(SETTINGS, {"isEnabled": state != "off"})
 
     def change(self, interface, changed):

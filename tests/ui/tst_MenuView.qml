@@ -20,12 +20,12 @@ Item {
         appearance: appearance
     }
     QtObject {
-        id: coordinator
+        id: status
 
         property bool isAwake
-        property string statusReason
-        property string statusSubtitle
-        property string statusDetails
+        property string reason
+        property string subtitle
+        property string details
         property bool isTimedSessionActive
         property var sessions: []
 
@@ -41,7 +41,7 @@ Item {
     MenuView {
         id: view
 
-        coordinator: coordinator
+        status: status
         height: implicitHeight
         settings: settings
         theme: theme
@@ -67,12 +67,12 @@ Item {
             appearance.isDark = false;
             appearance.textScale = 1;
             appearance.isAnimated = false;
-            coordinator.isAwake = true;
-            coordinator.statusReason = "Awake · 2 agents, 1 app";
-            coordinator.statusSubtitle = "Claude Code, Codex +1 more";
-            coordinator.statusDetails = "charging 80%";
-            coordinator.isTimedSessionActive = false;
-            coordinator.sessions = [];
+            status.isAwake = true;
+            status.reason = "Awake · 2 agents, 1 app";
+            status.subtitle = "Claude Code, Codex +1 more";
+            status.details = "charging 80%";
+            status.isTimedSessionActive = false;
+            status.sessions = [];
             settings.isEnabled = true;
             view.LayoutMirroring.enabled = false;
             sessionRow.menu.close();
@@ -125,7 +125,7 @@ Item {
         function test_emptyDetailsShowNoThirdLine() {
             const before = view.implicitHeight;
             verify(findChild(view, "details").visible);
-            coordinator.statusDetails = "";
+            status.details = "";
             verify(!findChild(view, "details").visible);
             tryVerify(() => view.implicitHeight < before);
         }
@@ -151,18 +151,18 @@ Item {
         }
 
         function test_withASessionTheMenuEndsWithCancel() {
-            coordinator.isTimedSessionActive = true;
+            status.isTimedSessionActive = true;
             compare(sessionRow.title, "Change session…");
             compare(entries(), ["10 minutes", "1 hour", "2 hours", "All day (16 h)", "-", "Cancel timer"]);
-            coordinator.isTimedSessionActive = false;
+            status.isTimedSessionActive = false;
             compare(entries().length, 4);
         }
 
         function test_theMenuFollowsTheSessionWhileItIsOpen() {
             openMenu();
-            coordinator.isTimedSessionActive = true;
+            status.isTimedSessionActive = true;
             compare(entries().length, 6);
-            coordinator.isTimedSessionActive = false;
+            status.isTimedSessionActive = false;
             compare(entries().length, 4);
         }
 
@@ -178,23 +178,23 @@ Item {
         function test_anEntryStartsItsSession(row) {
             openMenu();
             mouseClick(sessionRow.menu.itemAt(row.index));
-            compare(coordinator.sessions, [row.minutes]);
+            compare(status.sessions, [row.minutes]);
             tryVerify(() => !sessionRow.menu.visible);
             compare(signalled, []);
         }
 
         function test_oneHourReplacesARunningSession() {
-            coordinator.isTimedSessionActive = true;
+            status.isTimedSessionActive = true;
             openMenu();
             mouseClick(sessionRow.menu.itemAt(1));
-            compare(coordinator.sessions, [60]);
+            compare(status.sessions, [60]);
         }
 
         function test_cancelTimerEndsTheSession() {
-            coordinator.isTimedSessionActive = true;
+            status.isTimedSessionActive = true;
             openMenu();
             mouseClick(sessionRow.menu.itemAt(5));
-            compare(coordinator.sessions, [0]);
+            compare(status.sessions, [0]);
         }
 
         function test_theSwitchShowsAndWritesTheSetting() {
@@ -219,7 +219,7 @@ Item {
             mouseClick(toggle);
             compare(settings.isEnabled, false);
             verify(dot.isRunning);
-            coordinator.isAwake = false;
+            status.isAwake = false;
             verify(!dot.isRunning);
         }
 
@@ -300,7 +300,7 @@ Item {
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Return);
-            compare(coordinator.sessions, [60]);
+            compare(status.sessions, [60]);
             tryVerify(() => !sessionRow.menu.visible);
             compare(signalled, []);
         }
@@ -331,7 +331,7 @@ Item {
         }
 
         function test_textAtTwiceTheSizeFits() {
-            coordinator.statusReason = "Paused — battery below 20% and a rather long reason";
+            status.reason = "Paused — battery below 20% and a rather long reason";
             appearance.textScale = 2;
             compare(view.implicitWidth, 600);
             for (const name of ["headline", "subtitle", "details"])
@@ -366,7 +366,7 @@ Item {
             sessionRow.Accessible.pressAction();
             tryVerify(() => sessionRow.menu.opened);
             sessionRow.menu.itemAt(2).Accessible.pressAction();
-            compare(coordinator.sessions, [120]);
+            compare(status.sessions, [120]);
             tryVerify(() => !sessionRow.menu.visible);
         }
 

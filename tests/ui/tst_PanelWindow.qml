@@ -12,12 +12,12 @@ TestCase {
         id: appearance
     }
     QtObject {
-        id: coordinator
+        id: status
 
         property bool isAwake
-        property string statusReason: "Dozing — nothing to watch"
-        property string statusSubtitle: "Nothing running to keep awake for"
-        property string statusDetails
+        property string reason: "Dozing — nothing to watch"
+        property string subtitle: "Nothing running to keep awake for"
+        property string details
         property bool isTimedSessionActive
     }
     QtObject {
@@ -29,7 +29,7 @@ TestCase {
         id: panel
 
         appearance: appearance
-        coordinator: coordinator
+        status: status
         isComposited: false
         settings: settings
     }
@@ -42,7 +42,7 @@ TestCase {
 
     function init() {
         failOnWarning(/.?/);
-        coordinator.statusDetails = "";
+        status.details = "";
         frames.clear();
         panel.show();
         tryVerify(() => panel.active);
@@ -57,9 +57,9 @@ TestCase {
 
     function test_growsAndShrinksWithItsContent() {
         const before = panel.height;
-        coordinator.statusDetails = "charging 80%";
+        status.details = "charging 80%";
         tryVerify(() => panel.height > before);
-        coordinator.statusDetails = "";
+        status.details = "";
         tryCompare(panel, "height", before);
     }
 }

@@ -37,10 +37,9 @@ Item {
         anchors.fill: parent
         hooks: initial.hooks
         journal: initial.journal
-        power: initial.power
+        status: initial.status
         settings: initial.settings
         theme: theme
-        thermal: initial.thermal
         updater: initial.updater
 
         onApplicationsWanted: applications = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "fr.handbrake", name: "HandBrake"}, {bundleID: "org.gimp", name: "GIMP"}]
@@ -57,7 +56,7 @@ Item {
 
         function init() {
             plain = plainComponent.createObject(root);
-            for (const name of ["settings", "power", "thermal", "journal", "hooks", "updater"])
+            for (const name of ["settings", "status", "journal", "hooks", "updater"])
                 view[name] = plain[name];
             view.currentTab = 0;
             view.copied = "";
@@ -286,16 +285,16 @@ Item {
 
         function test_theBatteryIsTold(data) {
             show("Power");
-            plain.power.hasBattery = data.hasBattery;
-            plain.power.batteryPercent = data.percent;
-            plain.power.isOnAC = data.isOnAC;
+            plain.status.hasBattery = data.hasBattery;
+            plain.status.batteryPercent = data.percent;
+            plain.status.isOnAC = data.isOnAC;
             compare(find("battery").footer, data.text);
             verify(find("requireAC").enabled);
         }
 
         function test_theTemperatureIsTold() {
             show("Power");
-            plain.thermal.stateText = "very hot";
+            plain.status.thermalText = "very hot";
             compare(find("heat").footer, "Temperature is currently very hot. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.");
         }
 

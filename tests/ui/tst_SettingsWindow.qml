@@ -25,9 +25,8 @@ Item {
         appearance: appearance
         hooks: plain.hooks
         journal: plain.journal
-        power: plain.power
+        status: plain.status
         settings: plain.settings
-        thermal: plain.thermal
         updater: plain.updater
 
         onApplicationsWanted: applications = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "org.long", name: test.longName}]

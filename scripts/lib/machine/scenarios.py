@@ -117,10 +117,10 @@ class TimedSession(Work):
     """Started and ended in the menu."""
 
     def begin(self, context):
-        context.call("Coordinator1", "SetTimedSession", "i", "60")
+        context.call("Status1", "SetTimedSession", "i", "60")
 
     def end(self, context):
-        context.call("Coordinator1", "SetTimedSession", "i", "0")
+        context.call("Status1", "SetTimedSession", "i", "0")
 
 
 def expect_no_suspend(context, since, seconds):

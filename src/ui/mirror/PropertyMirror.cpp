@@ -20,6 +20,15 @@ namespace {
 const auto busName = QString::fromLatin1(TarvikWire::busName);
 const auto objectPath = QString::fromLatin1(TarvikWire::objectPath);
 
+/// What is "OnAC" on the bus is "isOnAC" here: QML reads capitals as types and "on…" as handlers of signals.
+QString nameInQml(QString name)
+{
+    if (name[0].isUpper() && name.startsWith("On"_L1))
+        name.prepend(u"Is"_s);
+    name[0] = name[0].toLower();
+    return name;
+}
+
 } // namespace
 
 PropertyMirror::PropertyMirror(
@@ -71,8 +80,9 @@ void PropertyMirror::take(const QVariantMap& values)
 {
     QStringList changed;
     for (auto it = values.begin(); it != values.end(); ++it) {
-        const auto known = m_values.find(it.key());
-        if (known == m_values.end() || m_writes.contains(it.key()))
+        const QString name = nameInQml(it.key());
+        const auto known = m_values.find(name);
+        if (known == m_values.end() || m_writes.contains(name))
             continue;
         const QVariant value = WireValue::as(known->metaType(), it.value());
         if (!value.isValid()) {
@@ -82,7 +92,7 @@ void PropertyMirror::take(const QVariantMap& values)
         if (*known == value)
             continue;
         *known = value;
-        changed.append(it.key());
+        changed.append(name);
     }
     for (const QString& name : std::as_const(changed))
         notify(name);

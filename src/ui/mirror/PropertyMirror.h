@@ -16,8 +16,9 @@
 namespace Tarvik {
 
 /// An object of the running Tarvik as another process sees it: the base of mirrors, which add typed properties under
-/// the names that the interface has on the bus. Values are read when Tarvik appears and then follow PropertiesChanged;
-/// until then, and of a property that was sent with another type, they are the type's default or the last known value.
+/// the names that the interface has on the bus, put so that QML can use them. Values are read when Tarvik appears and
+/// then follow PropertiesChanged; until then, and of a property that was sent with another type, they are the type's
+/// default or the last known value.
 class PropertyMirror : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool connected READ isConnected NOTIFY connectedChanged)
@@ -44,7 +45,8 @@ protected:
         const QVariantMap& initial = {});
 
     QVariant value(const char* property) const { return m_values.value(QString::fromLatin1(property)); }
-    /// Takes the value over at once and sends it; what Tarvik made of it is read back after its answer.
+    /// Of a property that has the same name on the bus: takes the value over at once and sends it; what Tarvik made of
+    /// it is read back after its answer.
     void write(const char* property, const QVariant& value);
     /// `done` gets the answer, a reply or an error; without it an error is logged.
     void call(const QString& method,

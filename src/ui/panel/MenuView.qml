@@ -9,8 +9,8 @@ FocusScope {
     id: root
 
     required property Theme theme
-    /// isAwake, statusReason, statusSubtitle, statusDetails, isTimedSessionActive; setTimedSession(minutes), 0 cancels.
-    required property QtObject coordinator
+    /// isAwake, reason, subtitle, details, isTimedSessionActive; setTimedSession(minutes), 0 cancels.
+    required property QtObject status
     /// isEnabled, read and written.
     required property QtObject settings
 
@@ -41,7 +41,7 @@ FocusScope {
         focus: true
 
         // What a screen reader says when the panel opens.
-        Accessible.description: root.coordinator.statusReason
+        Accessible.description: root.status.reason
         Accessible.name: "Tarvik"
         Accessible.role: Accessible.Pane
 
@@ -55,10 +55,10 @@ FocusScope {
             width: parent.width
 
             StatusHeader {
-                details: root.coordinator.statusDetails
-                headline: root.coordinator.statusReason
-                isAwake: root.coordinator.isAwake
-                subtitle: root.coordinator.statusSubtitle
+                details: root.status.details
+                headline: root.status.reason
+                isAwake: root.status.isAwake
+                subtitle: root.status.subtitle
                 theme: root.theme
                 width: column.rowWidth
             }
@@ -75,12 +75,12 @@ FocusScope {
             SessionRow {
                 id: sessionRow
 
-                isTimedSessionActive: root.coordinator.isTimedSessionActive
+                isTimedSessionActive: root.status.isTimedSessionActive
                 objectName: "sessionRow"
                 theme: root.theme
                 width: column.rowWidth
 
-                onChosen: minutes => root.coordinator.setTimedSession(minutes)
+                onChosen: minutes => root.status.setTimedSession(minutes)
             }
             MenuRow {
                 objectName: "lockRow"

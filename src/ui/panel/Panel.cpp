@@ -4,8 +4,8 @@
 
 #include "core/Logging.h"
 #include "ui/design/Appearance.h"
-#include "ui/mirror/CoordinatorMirror.h"
 #include "ui/mirror/SettingsMirror.h"
+#include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/PanelHost.h"
 #include "ui/placement/WindowActivation.h"
@@ -79,8 +79,8 @@ bool Panel::create()
     QQmlComponent component(&m_engine, QUrl(u"qrc:/qt/qml/Tarvik/Panel/PanelWindow.qml"_s));
     QObject* object = component.createWithInitialProperties({
         {u"appearance"_s, QVariant::fromValue<QObject*>(&m_models.appearance)},
-        {u"coordinator"_s, QVariant::fromValue<QObject*>(&m_models.coordinator)},
         {u"settings"_s, QVariant::fromValue<QObject*>(&m_models.settings)},
+        {u"status"_s, QVariant::fromValue<QObject*>(&m_models.status)},
         {u"isComposited"_s, true},
     });
     m_window.reset(qobject_cast<QQuickWindow*>(object));
@@ -89,8 +89,8 @@ bool Panel::create()
         return false;
     }
     QQuickWindow* window = m_window.get();
-    connect(window, SIGNAL(lockScreen()), &m_models.coordinator, SLOT(lockScreen()));
-    connect(window, SIGNAL(quit()), &m_models.coordinator, SLOT(quit()));
+    connect(window, SIGNAL(lockScreen()), &m_models.status, SLOT(lockScreen()));
+    connect(window, SIGNAL(quit()), &m_models.status, SLOT(quit()));
     connect(window, SIGNAL(openSettings()), this, SIGNAL(settingsWanted()));
     connect(window, &QWindow::visibleChanged, this, [this](bool visible) {
         if (!visible) {

@@ -15,10 +15,10 @@ class QQuickWindow;
 namespace Tarvik {
 
 class Appearance;
-class CoordinatorMirror;
 class LayerShell;
 class PanelHost;
 class SettingsMirror;
+class StatusMirror;
 
 /// The panel's window, made when it is first opened and kept from then on.
 class Panel : public QObject {
@@ -27,7 +27,7 @@ class Panel : public QObject {
 public:
     /// What the panel shows; must outlive it, as must the engine.
     struct Models {
-        CoordinatorMirror& coordinator;
+        StatusMirror& status;
         SettingsMirror& settings;
         Appearance& appearance;
     };

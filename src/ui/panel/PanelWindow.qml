@@ -8,8 +8,8 @@ Window {
     id: root
 
     required property QtObject appearance
-    required property QtObject coordinator
     required property QtObject settings
+    required property QtObject status
     /// Whether transparent windows are possible.
     required property bool isComposited
 
@@ -60,8 +60,8 @@ Window {
             id: view
 
             anchors.fill: parent
-            coordinator: root.coordinator
             settings: root.settings
+            status: root.status
             theme: theme
 
             onDismissed: root.close()

@@ -8,8 +8,7 @@ Form {
     id: root
 
     required property QtObject settings
-    required property QtObject power
-    required property QtObject thermal
+    required property QtObject status
 
     Section {
         footer: root.batteryText()
@@ -78,7 +77,7 @@ Form {
         }
     }
     Section {
-        footer: qsTr("Temperature is currently %1. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.").arg(root.thermal.stateText)
+        footer: qsTr("Temperature is currently %1. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.").arg(root.status.thermalText)
         objectName: "heat"
         theme: root.theme
 
@@ -93,9 +92,9 @@ Form {
     }
 
     function batteryText(): string {
-        if (!root.power.hasBattery || root.power.batteryPercent === undefined)
+        if (!root.status.hasBattery || root.status.batteryPercent === undefined)
             return qsTr("No internal battery detected — these conditions have no effect.");
-        const source = root.power.isOnAC ? qsTr("on AC power") : qsTr("on battery");
-        return qsTr("Currently %1% • %2").arg(root.power.batteryPercent).arg(source);
+        const source = root.status.isOnAC ? qsTr("on AC power") : qsTr("on battery");
+        return qsTr("Currently %1% • %2").arg(root.status.batteryPercent).arg(source);
     }
 }

@@ -10,10 +10,8 @@ FocusScope {
     required property Theme theme
     /// Every setting, read and written.
     required property QtObject settings
-    /// hasBattery, batteryPercent (undefined when unknown), isOnAC.
-    required property QtObject power
-    /// stateText.
-    required property QtObject thermal
+    /// hasBattery, batteryPercent (undefined when unknown), isOnAC, thermalText.
+    required property QtObject status
     /// entries, a model; clear(), exportText(), exported(text).
     required property QtObject journal
     /// agents, installedIds; install(id), uninstall(id), changed(id, succeeded).
@@ -113,10 +111,9 @@ FocusScope {
             tab: 2
 
             sourceComponent: PowerTab {
-                power: root.power
                 settings: root.settings
+                status: root.status
                 theme: root.theme
-                thermal: root.thermal
             }
         }
         Page {

@@ -6,6 +6,7 @@
 #include "core/Logging.h"
 #include "ui/design/Appearance.h"
 #include "ui/mirror/SettingsMirror.h"
+#include "ui/mirror/StatusMirror.h"
 #include "ui/placement/WindowActivation.h"
 
 #include <QClipboard>
@@ -37,12 +38,10 @@ QIcon applicationIcon(const QString& directory)
 SettingsWindow::SettingsWindow(QQmlEngine& engine, Models models, const QDBusConnection& bus)
     : m_engine(engine)
     , m_models(std::move(models))
-    , m_power(bus)
-    , m_thermal(bus)
     , m_journal(bus)
     , m_hooks(bus)
     , m_updater(bus)
-    , m_mirrors{&m_power, &m_thermal, &m_journal, &m_hooks, &m_updater}
+    , m_mirrors{&m_journal, &m_hooks, &m_updater}
 {
     for (PropertyMirror* mirror : m_mirrors)
         connect(mirror, &PropertyMirror::connectedChanged, this, &SettingsWindow::showWhenReady);
@@ -89,9 +88,8 @@ bool SettingsWindow::create()
         {u"appearance"_s, QVariant::fromValue<QObject*>(&m_models.appearance)},
         {u"hooks"_s, QVariant::fromValue<QObject*>(&m_hooks)},
         {u"journal"_s, QVariant::fromValue<QObject*>(&m_journal)},
-        {u"power"_s, QVariant::fromValue<QObject*>(&m_power)},
         {u"settings"_s, QVariant::fromValue<QObject*>(&m_models.settings)},
-        {u"thermal"_s, QVariant::fromValue<QObject*>(&m_thermal)},
+        {u"status"_s, QVariant::fromValue<QObject*>(&m_models.status)},
         {u"updater"_s, QVariant::fromValue<QObject*>(&m_updater)},
     });
     m_window.reset(qobject_cast<QQuickWindow*>(object));

@@ -5,8 +5,6 @@
 #include "core/AllowlistedApp.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
-#include "ui/mirror/PowerMirror.h"
-#include "ui/mirror/ThermalMirror.h"
 #include "ui/mirror/UpdaterMirror.h"
 
 #include <array>
@@ -21,6 +19,7 @@ namespace Tarvik {
 
 class Appearance;
 class SettingsMirror;
+class StatusMirror;
 
 /// The window of the settings with what only it shows of Tarvik.
 class SettingsWindow : public QObject {
@@ -30,6 +29,7 @@ public:
     /// What others show as well; must outlive the window, as must the engine.
     struct Models {
         SettingsMirror& settings;
+        StatusMirror& status;
         Appearance& appearance;
         std::function<QList<AllowlistedApp>()> installedApplications;
         /// Where the theme "hicolor" with the application's icon is.
@@ -56,12 +56,10 @@ private:
 
     QQmlEngine& m_engine;
     Models m_models;
-    PowerMirror m_power;
-    ThermalMirror m_thermal;
     JournalMirror m_journal;
     HooksMirror m_hooks;
     UpdaterMirror m_updater;
-    std::array<PropertyMirror*, 5> m_mirrors;
+    std::array<PropertyMirror*, 3> m_mirrors;
     std::unique_ptr<QQuickWindow> m_window;
     /// The activation token of a window that is wanted but not shown yet.
     std::optional<QString> m_wanted;

@@ -9,8 +9,7 @@ Window {
 
     required property QtObject appearance
     required property QtObject settings
-    required property QtObject power
-    required property QtObject thermal
+    required property QtObject status
     required property QtObject journal
     required property QtObject hooks
     required property QtObject updater
@@ -49,10 +48,9 @@ Window {
         focus: true
         hooks: root.hooks
         journal: root.journal
-        power: root.power
         settings: root.settings
+        status: root.status
         theme: theme
-        thermal: root.thermal
         updater: root.updater
 
         Keys.onEscapePressed: root.close()

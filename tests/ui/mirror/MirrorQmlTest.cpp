@@ -4,9 +4,8 @@
 #include "support/TestSupport.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
-#include "ui/mirror/PowerMirror.h"
 #include "ui/mirror/SettingsMirror.h"
-#include "ui/mirror/ThermalMirror.h"
+#include "ui/mirror/StatusMirror.h"
 #include "ui/mirror/UpdaterMirror.h"
 
 #include <QDir>
@@ -26,16 +25,15 @@ import QtQml.Models
 QtObject {
     id: view
 
-    required property QtObject power
-    required property QtObject thermal
+    required property QtObject status
     required property QtObject settings
     required property QtObject journal
     required property QtObject hooks
     required property QtObject updater
 
-    readonly property string battery: power.hasBattery && power.batteryPercent !== undefined
-        ? power.batteryPercent + "% on " + (power.isOnAC ? "AC" : "battery") : "none"
-    readonly property string heat: thermal.stateText
+    readonly property string battery: status.hasBattery && status.batteryPercent !== undefined
+        ? status.batteryPercent + "% on " + (status.isOnAC ? "AC" : "battery") : "none"
+    readonly property string heat: status.thermalText
     readonly property string apps: settings.allowlist.map(app => app.bundleID + "=" + app.name).join()
     readonly property string lastCheck: updater.lastUpdateCheckDate === undefined
         ? "never" : updater.lastUpdateCheckDate.toISOString()
@@ -85,8 +83,7 @@ private Q_SLOTS:
         ServedTarvik tarvik;
         tarvik.machine.setPower(true, 80);
         const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
-        PowerMirror power(bus);
-        ThermalMirror thermal(bus);
+        StatusMirror status(bus);
         SettingsMirror settings(bus);
         JournalMirror journal(bus);
         HooksMirror hooks(bus);
@@ -95,8 +92,7 @@ private Q_SLOTS:
         QQmlComponent component(&engine);
         component.setData(view, {});
         const std::unique_ptr<QObject> object(component.createWithInitialProperties({
-            {u"power"_s, QVariant::fromValue<QObject*>(&power)},
-            {u"thermal"_s, QVariant::fromValue<QObject*>(&thermal)},
+            {u"status"_s, QVariant::fromValue<QObject*>(&status)},
             {u"settings"_s, QVariant::fromValue<QObject*>(&settings)},
             {u"journal"_s, QVariant::fromValue<QObject*>(&journal)},
             {u"hooks"_s, QVariant::fromValue<QObject*>(&hooks)},

@@ -6,13 +6,11 @@
 #include "dbus/contracts/TarvikWire.h"
 #include "fakes/FakeTarvik.h"
 #include "support/TestSupport.h"
-#include "ui/mirror/CoordinatorMirror.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
 #include "ui/mirror/MirrorTestSupport.h"
-#include "ui/mirror/PowerMirror.h"
 #include "ui/mirror/SettingsMirror.h"
-#include "ui/mirror/ThermalMirror.h"
+#include "ui/mirror/StatusMirror.h"
 #include "ui/mirror/UpdaterMirror.h"
 
 #include <QElapsedTimer>
@@ -32,26 +30,26 @@ private Q_SLOTS:
     void aTarvikThatVanishesIsLostAndFoundAgain()
     {
         auto tarvik = std::make_unique<ServedTarvik>();
-        CoordinatorMirror coordinator(m_client);
-        QTRY_VERIFY(coordinator.isConnected());
-        QSignalSpy lost(&coordinator, &PropertyMirror::lost);
+        StatusMirror status(m_client);
+        QTRY_VERIFY(status.isConnected());
+        QSignalSpy lost(&status, &PropertyMirror::lost);
         tarvik->vanish();
         QTRY_COMPARE(lost.size(), 1);
-        QVERIFY(!coordinator.isConnected());
-        QCOMPARE(coordinator.title(), u"Watching"_s);
+        QVERIFY(!status.isConnected());
+        QCOMPARE(status.subtitle(), u"Nothing running to keep awake for"_s);
         tarvik = nullptr;
         ServedTarvik again;
         again.machine.run("claude\n");
-        QTRY_VERIFY(coordinator.isConnected());
-        QTRY_COMPARE(coordinator.title(), u"Awake"_s);
+        QTRY_VERIFY(status.isConnected());
+        QTRY_COMPARE(status.subtitle(), u"Claude Code"_s);
     }
 
     void withoutTarvikAMirrorIsLostFromTheStart()
     {
-        CoordinatorMirror coordinator(m_client);
-        QSignalSpy lost(&coordinator, &PropertyMirror::lost);
+        StatusMirror status(m_client);
+        QSignalSpy lost(&status, &PropertyMirror::lost);
         QTRY_COMPARE(lost.size(), 1);
-        QVERIFY(!coordinator.isConnected());
+        QVERIFY(!status.isConnected());
     }
 
     void everyMirrorSurvivesTarvik()
@@ -75,25 +73,25 @@ private Q_SLOTS:
     {
         FakeTarvik tarvik;
         tarvik.values
-            = {{u"isOnAC"_s, u"true"_s}, {u"batteryPercent"_s, 12.5}, {u"hasBattery"_s, true}, {u"colour"_s, 3}};
+            = {{u"OnAC"_s, u"true"_s}, {u"BatteryPercent"_s, 12.5}, {u"HasBattery"_s, true}, {u"Colour"_s, 3}};
         QVERIFY(tarvik.appear());
-        PowerMirror power(m_client);
-        expectLog(QtWarningMsg, u"^Tarvik sent batteryPercent as double$"_s);
-        expectLog(QtWarningMsg, u"^Tarvik sent isOnAC as QString$"_s);
-        QTRY_VERIFY(power.isConnected());
-        QCOMPARE(power.isOnAC(), true);
-        QCOMPARE(power.batteryPercent(), QVariant());
-        QCOMPARE(power.hasBattery(), true);
-        expectLog(QtWarningMsg, u"^Tarvik sent hasBattery as int$"_s);
-        tarvik.announce(TarvikWire::powerInterface, {{u"hasBattery"_s, 1}, {u"batteryPercent"_s, 99}});
-        QTRY_COMPARE(power.batteryPercent(), QVariant(99));
-        QCOMPARE(power.hasBattery(), true);
+        StatusMirror status(m_client);
+        expectLog(QtWarningMsg, u"^Tarvik sent BatteryPercent as double$"_s);
+        expectLog(QtWarningMsg, u"^Tarvik sent OnAC as QString$"_s);
+        QTRY_VERIFY(status.isConnected());
+        QCOMPARE(status.isOnAC(), true);
+        QCOMPARE(status.batteryPercent(), QVariant());
+        QCOMPARE(status.hasBattery(), true);
+        expectLog(QtWarningMsg, u"^Tarvik sent HasBattery as int$"_s);
+        tarvik.announce(TarvikWire::statusInterface, {{u"HasBattery"_s, 1}, {u"BatteryPercent"_s, 99}});
+        QTRY_COMPARE(status.batteryPercent(), QVariant(99));
+        QCOMPARE(status.hasBattery(), true);
         // Signals that do not even have the right arguments.
         tarvik.emitSignal(u"org.freedesktop.DBus.Properties"_s,
             u"PropertiesChanged"_s,
-            {QString::fromLatin1(TarvikWire::powerInterface), 5});
-        tarvik.announce(TarvikWire::powerInterface, {{u"batteryPercent"_s, 98}});
-        QTRY_COMPARE(power.batteryPercent(), QVariant(98));
+            {QString::fromLatin1(TarvikWire::statusInterface), 5});
+        tarvik.announce(TarvikWire::statusInterface, {{u"BatteryPercent"_s, 98}});
+        QTRY_COMPARE(status.batteryPercent(), QVariant(98));
     }
 
     void aTarvikThatDoesNotAnswerBlocksNothing()
@@ -114,7 +112,7 @@ private Q_SLOTS:
         QCOMPARE(settings.isEnabled(), true);
         // QtDBus would wait for an answer for 25 seconds.
         QVERIFY(elapsed.elapsed() < 2000);
-        QTRY_VERIFY(calls >= 8);
+        QTRY_VERIFY(calls >= 6);
         QVERIFY(!settings.isConnected());
     }
 
@@ -122,10 +120,8 @@ private:
     std::vector<std::unique_ptr<PropertyMirror>> everyMirror() const
     {
         std::vector<std::unique_ptr<PropertyMirror>> mirrors;
-        mirrors.push_back(std::make_unique<CoordinatorMirror>(m_client));
         mirrors.push_back(std::make_unique<SettingsMirror>(m_client));
-        mirrors.push_back(std::make_unique<PowerMirror>(m_client));
-        mirrors.push_back(std::make_unique<ThermalMirror>(m_client));
+        mirrors.push_back(std::make_unique<StatusMirror>(m_client));
         mirrors.push_back(std::make_unique<JournalMirror>(m_client));
         mirrors.push_back(std::make_unique<HooksMirror>(m_client));
         mirrors.push_back(std::make_unique<UpdaterMirror>(m_client));

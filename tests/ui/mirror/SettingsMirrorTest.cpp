@@ -3,7 +3,6 @@
 #include "ui/mirror/SettingsMirror.h"
 
 #include "bus/ServedTarvik.h"
-#include "dbus/contracts/TarvikWire.h"
 #include "support/TestSupport.h"
 #include "ui/mirror/MirrorTestSupport.h"
 
@@ -30,23 +29,6 @@ private Q_SLOTS:
             QVERIFY(settings.property(name).isValid());
             QCOMPARE(settings.property(name), tarvik.machine.settings->property(name));
         }
-    }
-
-    void changesOfOneTurnAreAnnouncedOnce()
-    {
-        ServedTarvik tarvik;
-        m_announced.clear();
-        QVERIFY(m_client.connect(QString::fromLatin1(TarvikWire::busName),
-            QString::fromLatin1(TarvikWire::objectPath),
-            u"org.freedesktop.DBus.Properties"_s,
-            u"PropertiesChanged"_s,
-            this,
-            SLOT(recordAnnouncement(QString, QVariantMap, QStringList))));
-        tarvik.machine.settings->setRequireAC(true);
-        tarvik.machine.settings->setNotifyOnToggle(true);
-        tarvik.machine.settings->setWatchEditors(true);
-        tarvik.machine.settings->setWatchEditors(false);
-        QTRY_COMPARE(m_announced, QStringList{u"com.morvanta.Tarvik.Settings1 notifyOnToggle requireAC"_s});
     }
 
     void aWrittenSettingShowsAtOnceAndIsStoredByTarvik()
@@ -145,16 +127,8 @@ private Q_SLOTS:
         QVERIFY(tarvik.machine.settings->allowlist().isEmpty());
     }
 
-public Q_SLOTS:
-    void recordAnnouncement(const QString& interface, const QVariantMap& changed, const QStringList&)
-    {
-        if (interface == QLatin1StringView(TarvikWire::settingsInterface))
-            m_announced.append(interface + u' ' + changed.keys().join(u' '));
-    }
-
 private:
     QDBusConnection m_client = mirrorConnection();
-    QStringList m_announced;
 };
 
 QTEST_GUILESS_MAIN(SettingsMirrorTest)

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/mirror/PropertyMirror.h"
+
+namespace Tarvik {
+
+/// What the running Tarvik does and why, as far as the windows show it, and what can be asked of it. A request that
+/// fails is logged.
+class StatusMirror : public PropertyMirror {
+    Q_OBJECT
+    // clang-format off
+    Q_PROPERTY(bool isAwake READ isAwake NOTIFY isAwakeChanged)
+    Q_PROPERTY(QString reason READ reason NOTIFY reasonChanged)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY subtitleChanged)
+    Q_PROPERTY(QString details READ details NOTIFY detailsChanged)
+    Q_PROPERTY(bool isTimedSessionActive READ isTimedSessionActive NOTIFY isTimedSessionActiveChanged)
+    Q_PROPERTY(bool isOnAC READ isOnAC NOTIFY isOnACChanged)
+    Q_PROPERTY(bool hasBattery READ hasBattery NOTIFY hasBatteryChanged)
+    Q_PROPERTY(QVariant batteryPercent READ batteryPercent NOTIFY batteryPercentChanged)
+    Q_PROPERTY(QString thermalText READ thermalText NOTIFY thermalTextChanged)
+    // clang-format on
+
+public:
+    explicit StatusMirror(const QDBusConnection& bus);
+
+    bool isAwake() const { return value("isAwake").toBool(); }
+    QString reason() const { return value("reason").toString(); }
+    QString subtitle() const { return value("subtitle").toString(); }
+    QString details() const { return value("details").toString(); }
+    bool isTimedSessionActive() const { return value("isTimedSessionActive").toBool(); }
+    bool isOnAC() const { return value("isOnAC").toBool(); }
+    bool hasBattery() const { return value("hasBattery").toBool(); }
+    /// An integer; undefined in QML when unknown.
+    QVariant batteryPercent() const;
+    /// "normal", "warm", "hot" or "very hot", in the language of the user.
+    QString thermalText() const { return value("thermalText").toString(); }
+
+    /// Starts a timed session in place of a running one; 0 ends it.
+    Q_INVOKABLE void setTimedSession(int minutes);
+    Q_INVOKABLE void lockScreen();
+    /// Ends Tarvik, not this process.
+    Q_INVOKABLE void quit();
+
+Q_SIGNALS:
+    void isAwakeChanged();
+    void reasonChanged();
+    void subtitleChanged();
+    void detailsChanged();
+    void isTimedSessionActiveChanged();
+    void isOnACChanged();
+    void hasBatteryChanged();
+    void batteryPercentChanged();
+    void thermalTextChanged();
+};
+
+} // namespace Tarvik
