@@ -83,22 +83,30 @@ static void readField(DBusReader& reader, DBusMessage& message)
     reader.align(8);
     const std::uint8_t field = reader.byte();
     const std::string_view type = reader.signature();
-    if (field == replySerialField && type == "u")
-        message.replySerial = reader.uint32();
-    else if (field == pathField && type == "o")
-        message.path = reader.string();
-    else if (field == interfaceField && type == "s")
-        message.interface = reader.string();
-    else if (field == memberField && type == "s")
-        message.member = reader.string();
-    else if (field == errorNameField && type == "s")
-        message.errorName = reader.string();
-    else if (field == destinationField && type == "s")
-        message.destination = reader.string();
-    else if (field == signatureField && type == "g")
-        message.signature = reader.signature();
-    else
-        reader.skip(type);
+    if (type == "u") {
+        const std::uint32_t number = reader.uint32();
+        if (field == replySerialField)
+            message.replySerial = number;
+    } else if (type == "g") {
+        const std::string_view signature = reader.signature();
+        if (field == signatureField)
+            message.signature = signature;
+    } else if (type == "s" || type == "o") {
+        const std::string_view text = reader.string();
+        if (field == pathField)
+            message.path = text;
+        else if (field == interfaceField)
+            message.interface = text;
+        else if (field == memberField)
+            message.member = text;
+        else if (field == errorNameField)
+            message.errorName = text;
+        else if (field == destinationField)
+            message.destination = text;
+    } else {
+        // No field of the specification is of any other type.
+        reader.fail();
+    }
 }
 
 std::optional<DBusMessage> decode(std::string_view bytes)

@@ -18,14 +18,14 @@ public:
     }
 
     bool hasFailed() const { return m_failed; }
+    /// Something else did not fit.
+    void fail() { m_failed = true; }
     std::size_t position() const { return m_position; }
 
     void align(std::size_t boundary);
     std::uint8_t byte();
     std::uint32_t uint32();
-    std::int32_t int32();
     bool boolean();
-    double real();
     /// A string or an object path.
     std::string_view string();
     std::string_view signature();
@@ -34,15 +34,8 @@ public:
     std::size_t beginArray(std::size_t elementAlignment);
     bool isBefore(std::size_t end) const { return !m_failed && m_position < end; }
 
-    /// Passes over the values of a signature.
-    void skip(std::string_view signature);
-
 private:
     std::string_view take(std::size_t count);
-    std::uint64_t unsignedInteger(std::size_t size);
-    void skipType(std::string_view signature, std::size_t& index, int depth);
-    void skipArray(std::string_view elementSignature, int depth);
-    void skipValues(std::string_view signature, int depth);
 
     std::string_view m_bytes;
     std::size_t m_position = 0;

@@ -4,7 +4,7 @@
 #include "HeldCommand.h"
 #include "HookCommand.h"
 #include "InvokingUser.h"
-#include "StatusFormat.h"
+#include "StatusReport.h"
 
 #include "platform/HookWire.h"
 
@@ -61,15 +61,12 @@ static int runHold(const CommandLine& line, const InvokingUser& user, const std:
 
 static int runStatus(bool asJson, const InvokingUser& user, const std::vector<BusAddress>& buses)
 {
-    const auto report = askForStatus(buses, user.user, Deadline(patience));
-    if (asJson)
-        std::puts(statusJson(report).c_str());
-    else if (report)
-        std::fputs(statusText(*report).c_str(), stdout);
-    else
-        std::puts("Tarvik is not running.");
-    if (!report)
+    const auto report = askForStatus(asJson, buses, user.user, Deadline(patience));
+    if (!report) {
+        std::puts(asJson ? "{\"isRunning\":false}" : "Tarvik is not running.");
         return notRunningStatus;
+    }
+    std::puts(report->text.c_str());
     return report->isAwake ? 0 : 1;
 }
 

@@ -3,6 +3,7 @@
 #include "bus/BusInterfaces.h"
 
 #include "bus/BusInterface.h"
+#include "bus/StatusDescription.h"
 #include "bus/StatusObject.h"
 #include "core/AppSettings.h"
 #include "dbus/contracts/ModelTypes.h"
@@ -81,6 +82,10 @@ std::unique_ptr<BusInterface> status(
     result->announceWithoutValue(leases);
     QObject::connect(&status, &StatusObject::leasesChanged, result.get(), [interface = result.get(), leases] {
         interface->invalidateSoon(leases);
+    });
+    result->addMethod(QString::fromLatin1(TarvikWire::describeMethod), [&status](bool asJson) {
+        return BusAnswer{
+            .values = {asJson ? StatusDescription::json(status) : StatusDescription::text(status), status.isAwake()}};
     });
     result->addMethod(u"SetTimedSession"_s, [&coordinator](int minutes) {
         if (minutes > longestSessionMinutes)

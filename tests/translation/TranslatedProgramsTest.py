@@ -101,6 +101,8 @@ class TranslatedProgramsTest(unittest.TestCase):
     def test_both_speak_the_language_of_the_session(self):
         self.start("de")
         self.assertEqual(self.status("Reason"), WORDS)
+        described = call(*TARVIK, "com.morvanta.Tarvik.Status1", "Describe", GLib.Variant("(b)", (False,)))[0]
+        self.assertEqual([line for line in described.splitlines() if "⟦" not in line], [])
         panel = self.panel()
         self.assertIn(WORDS, panel)
         self.assertEqual([name for name in panel if name != "Tarvik" and not name.startswith("⟦")], [])
