@@ -328,6 +328,8 @@ Item {
             show("Updates");
             plain.updater.canCheckForUpdates = false;
             verify(!find("check").enabled);
+            find("check").Accessible.pressAction();
+            compare(plain.updater.checks, 0);
             plain.updater.canCheckForUpdates = true;
             mouseClick(find("check"));
             compare(plain.updater.checks, 1);

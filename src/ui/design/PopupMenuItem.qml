@@ -17,8 +17,10 @@ T.MenuItem {
     topPadding: 4
     bottomPadding: 4
 
-    // In this version of Qt a press by a screen reader reaches the control but does nothing.
+    // See Pressable.
     Accessible.onPressAction: {
+        if (!enabled)
+            return;
         triggered();
         menu.dismiss();
     }

@@ -30,8 +30,11 @@ T.TabButton {
     width: T.TabBar.tabBar?.widthOf(this) ?? implicitWidth
 
     Accessible.name: text
-    // In this version of Qt a press by a screen reader reaches the control but does nothing.
-    Accessible.onPressAction: toggle()
+    // See Pressable.
+    Accessible.onPressAction: {
+        if (enabled)
+            toggle();
+    }
     Accessible.role: Accessible.PageTab
     Accessible.selected: checked
 

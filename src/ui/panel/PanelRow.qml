@@ -1,14 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Tarvik.Design
 
 /// What the panel's clickable rows have in common: an icon, a title, something at the far end, a highlight.
-T.AbstractButton {
+Pressable {
     id: root
 
-    required property Theme theme
     required property string title
     required property string systemImage
     property color tint: theme.secondaryText
@@ -16,20 +14,12 @@ T.AbstractButton {
     property alias farEnd: farEnd.data
 
     bottomPadding: 5
-    hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 10
     rightPadding: 10
     text: title
     topPadding: 5
-
-    // In this version of Qt a press by a screen reader reaches the control but does nothing, and there is no way to tell a
-    // screen reader that a control is disabled: a row that can be says so in its description.
-    Accessible.onPressAction: press()
-    Accessible.name: title
-    Keys.onEnterPressed: press()
-    Keys.onReturnPressed: press()
 
     background: Rectangle {
         color: root.down ? root.theme.pressed : root.isHighlighted ? root.theme.hover : "transparent"
@@ -78,15 +68,5 @@ T.AbstractButton {
             height: childrenRect.height
             width: childrenRect.width
         }
-    }
-
-    /// Does what a click does.
-    function press() {
-        if (!enabled)
-            return;
-        if (action)
-            action.trigger(root);
-        else
-            clicked();
     }
 }

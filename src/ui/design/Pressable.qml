@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// What buttons of all kinds have in common: a key or a screen reader presses them as a click does.
+T.AbstractButton {
+    id: root
+
+    required property Theme theme
+
+    hoverEnabled: true
+
+    Accessible.name: text
+    // In this version of Qt a press by a screen reader reaches the control, be it disabled or not, but does nothing. There is
+    // no way to tell a screen reader that a control is disabled: one that can be says so in its description.
+    Accessible.onPressAction: press()
+    Keys.onEnterPressed: press()
+    Keys.onReturnPressed: press()
+
+    /// Does what a click does.
+    function press() {
+        if (!enabled)
+            return;
+        if (action)
+            action.trigger(root);
+        else
+            clicked();
+    }
+}
