@@ -37,8 +37,7 @@ AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services,
         LockShortcut::modifiers,
         [this] { lockScreen(); },
         LockShortcut::purpose());
-    if (m_parts.settings.notifyOnPause() || m_parts.settings.notifyOnToggle())
-        m_notifications.requestAuthorization();
+    requestPermission(m_parts.settings.notifyOnPause() || m_parts.settings.notifyOnToggle());
     hookFiles.refreshOutdated();
     evaluate();
 }
@@ -64,9 +63,23 @@ void AwakeCoordinator::listen()
     m_parts.process.onChange = [this] { evaluate(); };
     m_parts.thermal.onChange = [this] { evaluate(); };
     m_parts.hooks.onChange = [this] { evaluate(); };
-    connect(&m_parts.settings, &AppSettings::changed, this, &AwakeCoordinator::evaluateSoon);
+    AppSettings& settings = m_parts.settings;
+    connect(&settings, &AppSettings::changed, this, &AwakeCoordinator::evaluateSoon);
+    // Whoever switches notifications on is to be asked then, not at the next start.
+    connect(&settings, &AppSettings::notifyOnToggleChanged, this, [this] {
+        requestPermission(m_parts.settings.notifyOnToggle());
+    });
+    connect(&settings, &AppSettings::notifyOnPauseChanged, this, [this] {
+        requestPermission(m_parts.settings.notifyOnPause());
+    });
     // The edge is measured from the state at start, so that starting on AC power is not plugging in.
     m_wasOnAC = m_parts.power.isOnAC();
+}
+
+void AwakeCoordinator::requestPermission(bool isWanted)
+{
+    if (isWanted)
+        m_notifications.requestAuthorization();
 }
 
 void AwakeCoordinator::lockScreen()

@@ -117,6 +117,8 @@ private:
     };
 
     void listen();
+    /// For notifications.
+    void requestPermission(bool isWanted);
     void evaluateSoon();
     void checkPowerEdge();
     AwakeRules::Inputs inputs(const QStringList& activeList) const;

@@ -170,6 +170,20 @@ private Q_SLOTS:
         QCOMPARE(m->notifications.authorizationRequests, 1);
     }
 
+    void switchingANotificationOnAsksForPermissionAtThatMoment()
+    {
+        m->store.values[u"notifyOnPause"_s] = false;
+        m->start();
+        QCOMPARE(m->notifications.authorizationRequests, 0);
+        m->settings->setNotifyOnToggle(true);
+        QCOMPARE(m->notifications.authorizationRequests, 1);
+        m->settings->setNotifyOnPause(true);
+        QCOMPARE(m->notifications.authorizationRequests, 2);
+        m->settings->setNotifyOnPause(false);
+        m->settings->setNotifyOnToggle(false);
+        QCOMPARE(m->notifications.authorizationRequests, 2);
+    }
+
     void constructionAsksBeforeItEvaluates()
     {
         m->processTable.output = "claude\n";
