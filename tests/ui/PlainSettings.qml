@@ -54,6 +54,8 @@ QtObject {
         property var installedIds: ["claude"]
         /// Files that cannot be written.
         property var broken: []
+        /// What is installed since somebody edited the files; nothing when nobody did.
+        property var edited: null
 
         signal changed(id: string, succeeded: bool)
 
@@ -61,6 +63,10 @@ QtObject {
             if (!broken.includes(id))
                 installedIds = installedIds.concat([id]);
             changed(id, !broken.includes(id));
+        }
+        function refresh() {
+            installedIds = edited ?? installedIds;
+            edited = null;
         }
         function uninstall(id) {
             if (!broken.includes(id))

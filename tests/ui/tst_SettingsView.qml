@@ -190,6 +190,16 @@ Item {
             verify(!findChild(find("claude"), "toggle").checked);
         }
 
+        function test_theFilesAreAskedAgainWheneverTheListIsShown() {
+            show("Triggers");
+            verify(findChild(find("claude"), "toggle").checked);
+            show("General");
+            plain.hooks.edited = ["codex"];
+            show("Triggers");
+            verify(!findChild(find("claude"), "toggle").checked);
+            verify(findChild(find("codex"), "toggle").checked);
+        }
+
         function test_appsAreListedAndRemoved() {
             show("Triggers");
             verify(texts(view).includes("No apps added. Keep awake while a chosen app is running."));

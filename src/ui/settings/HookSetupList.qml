@@ -14,6 +14,10 @@ Section {
     footer: qsTr("Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent's config file and nothing else — and Tarvik stops watching for that agent's process, since its turns are the better signal. Turning it off removes the entry and restores process detection.")
     heading: qsTr("Lifecycle hooks")
 
+    // The agents' files change without anybody telling. The window asks when it opens.
+    onVisibleChanged: if (visible)
+        hooks.refresh()
+
     Repeater {
         id: rows
 
