@@ -90,7 +90,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           clock))
     , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
     , powerAssertions(std::make_unique<DesktopPowerAssertions>(
-          systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(clock)))
+          systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(clock), clock))
     , loginItem(std::make_unique<XdgAutostartLoginItem>(
           configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
     , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus, findableIcon(bundle)))

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Runs against the system's own logind, in a virtual desktop whose processes this test may kill.
+#include "fakes/FakeClock.h"
 #include "platform/linux/assertions/DesktopHoldRules.h"
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 #include "support/TestSupport.h"
@@ -186,10 +187,12 @@ private:
     }
 
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"observer"_s);
+    FakeClock m_clock;
     DesktopPowerAssertions m_assertions{QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"subject"_s),
         QDBusConnection(u"nowhere"_s),
         {},
-        nullptr};
+        nullptr,
+        m_clock};
 };
 
 QTEST_GUILESS_MAIN(RealLogindTest)

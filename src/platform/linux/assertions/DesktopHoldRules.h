@@ -46,7 +46,7 @@ QList<DesktopHold> againstSystemSleep(const DesktopFacts& facts);
 /// The holds that keep the display on and unlocked.
 QList<DesktopHold> againstDisplaySleep(const DesktopFacts& facts);
 
-/// What must be held for one more moment when the system may sleep again: there are desktops whose timer goes off once
+/// What must be held for a moment more when the system may sleep again: there are desktops whose timer goes off once
 /// in a time without activity and, when suspend was refused then, is armed again by activity alone, or by what they
 /// take for it; Cinnamon's goes off after twice the time, or four times. Without that the computer would stay awake
 /// until somebody touches it.

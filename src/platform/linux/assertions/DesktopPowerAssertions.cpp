@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -27,7 +29,7 @@ public:
         std::erase(m_owner->m_assertions, this);
         m_holds.clear();
         if (m_type == PowerAssertionType::preventUserIdleSystemSleep)
-            rearm();
+            m_owner->rearm(m_name);
         m_owner->schedulePublishing();
     }
 
@@ -98,28 +100,7 @@ private:
         return service.isEmpty() || !m_owner->m_watch.owner(service).isEmpty();
     }
 
-    /// Has the desktop count the time without activity anew.
-    void rearm()
-    {
-        for (const DesktopHold kind : DesktopHoldRules::rearmingSystemSleep(m_owner->m_watch.facts()))
-            add(kind);
-        m_holds.clear();
-    }
-
-    void add(DesktopHold kind)
-    {
-        if (kind == DesktopHold::x11ScreenSaver) {
-            m_holds.push_back({kind, m_owner->m_x11ScreenSaver()});
-            return;
-        }
-        const auto& bus = DesktopHolds::isOnSystemBus(kind) ? m_owner->m_systemBus : m_owner->m_sessionBus;
-        auto inhibitor = std::make_unique<DBusInhibitor>(bus, DesktopHolds::request(kind, m_name), [this] {
-            if (m_owner != nullptr)
-                m_owner->schedulePublishing();
-        });
-        inhibitor->setOwner(m_owner->m_watch.owner(inhibitor->service()));
-        m_holds.push_back({kind, std::move(inhibitor)});
-    }
+    void add(DesktopHold kind) { m_holds.push_back({kind, m_owner->makeInhibitor(kind, m_name)}); }
 
     DesktopPowerAssertions* m_owner;
     PowerAssertionType m_type;
@@ -128,11 +109,15 @@ private:
     bool m_failureTold = false;
 };
 
-DesktopPowerAssertions::DesktopPowerAssertions(
-    QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop, X11ScreenSaver x11ScreenSaver)
+DesktopPowerAssertions::DesktopPowerAssertions(QDBusConnection systemBus,
+    QDBusConnection sessionBus,
+    const QString& currentDesktop,
+    X11ScreenSaver x11ScreenSaver,
+    Clock& clock)
     : m_systemBus(std::move(systemBus))
     , m_sessionBus(std::move(sessionBus))
     , m_x11ScreenSaver(std::move(x11ScreenSaver))
+    , m_clock(clock)
     , m_watch(m_systemBus, m_sessionBus, currentDesktop, m_x11ScreenSaver != nullptr)
 {
     m_watch.onChange = [this](const QString& service) {
@@ -150,6 +135,28 @@ DesktopPowerAssertions::~DesktopPowerAssertions()
 std::unique_ptr<PowerAssertion> DesktopPowerAssertions::create(PowerAssertionType type, const QString& name)
 {
     return std::make_unique<Assertion>(*this, type, name);
+}
+
+std::unique_ptr<Inhibitor> DesktopPowerAssertions::makeInhibitor(DesktopHold kind, const QString& who)
+{
+    if (kind == DesktopHold::x11ScreenSaver)
+        return m_x11ScreenSaver();
+    const auto& bus = DesktopHolds::isOnSystemBus(kind) ? m_systemBus : m_sessionBus;
+    const auto publish = [this, alive = QPointer(&m_eventLoop)] {
+        if (alive)
+            schedulePublishing();
+    };
+    auto inhibitor = std::make_unique<DBusInhibitor>(bus, DesktopHolds::request(kind, who), publish);
+    inhibitor->setOwner(m_watch.owner(inhibitor->service()));
+    return inhibitor;
+}
+
+void DesktopPowerAssertions::rearm(const QString& who)
+{
+    for (const DesktopHold kind : DesktopHoldRules::rearmingSystemSleep(m_watch.facts()))
+        m_rearming.push_back(makeInhibitor(kind, who));
+    if (!m_rearming.empty())
+        m_rearmingEnd = m_clock.after(rearmingTime, [this] { m_rearming.clear(); });
 }
 
 QList<PowerAssertionHold> DesktopPowerAssertions::holds() const

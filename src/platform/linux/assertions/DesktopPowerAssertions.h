@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Clock.h"
 #include "platform/PowerAssertions.h"
 #include "platform/linux/assertions/DesktopFactsWatch.h"
 
@@ -20,11 +21,17 @@ public:
     /// Makes what keeps an X server's screen on; none where no X server has the screen.
     using X11ScreenSaver = std::function<std::unique_ptr<Inhibitor>()>;
 
-    /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP. Either bus may be without connection.
+    /// How long a desktop is held that is to count the time without activity anew: idle daemons look at the locks a
+    /// moment after they have changed.
+    static constexpr Seconds rearmingTime{1};
+
+    /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP. Either bus may be without connection. `clock` must outlive
+    /// the object.
     DesktopPowerAssertions(QDBusConnection systemBus,
         QDBusConnection sessionBus,
         const QString& currentDesktop,
-        X11ScreenSaver x11ScreenSaver);
+        X11ScreenSaver x11ScreenSaver,
+        Clock& clock);
     ~DesktopPowerAssertions() override;
     DesktopPowerAssertions(const DesktopPowerAssertions&) = delete;
     DesktopPowerAssertions& operator=(const DesktopPowerAssertions&) = delete;
@@ -35,14 +42,19 @@ public:
 private:
     class Assertion;
 
+    std::unique_ptr<Inhibitor> makeInhibitor(DesktopHold kind, const QString& who);
+    void rearm(const QString& who);
     void schedulePublishing();
     void publish();
 
     QDBusConnection m_systemBus;
     QDBusConnection m_sessionBus;
     X11ScreenSaver m_x11ScreenSaver;
+    Clock& m_clock;
     DesktopFactsWatch m_watch;
     std::vector<Assertion*> m_assertions;
+    std::vector<std::unique_ptr<Inhibitor>> m_rearming;
+    std::unique_ptr<Timer> m_rearmingEnd;
     bool m_publishingScheduled = false;
     QObject m_eventLoop;
 };
