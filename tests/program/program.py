@@ -103,7 +103,8 @@ class Programs:
         self.running = []
 
     def start(self, *command_line):
-        process = subprocess.Popen(command_line, executable=SLEEPER, stdin=subprocess.DEVNULL)
+        # A new session, because newer versions of Python start processes without one in a way that refuses an empty name.
+        process = subprocess.Popen(command_line, executable=SLEEPER, stdin=subprocess.DEVNULL, start_new_session=True)
         self.running.append(process)
         return process
 
