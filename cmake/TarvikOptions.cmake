@@ -22,7 +22,9 @@ target_link_options(tarvik-options INTERFACE
 target_compile_definitions(tarvik-options INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
   QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS
-  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400
+  # What newer versions advise against may be all that the oldest one has.
+  QT_WARN_DEPRECATED_UP_TO=0x060400)
 
 # tarvik_library(FOLDER SOURCES...): the static library of one folder of src/.
 function(tarvik_library folder)

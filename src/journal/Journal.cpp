@@ -36,7 +36,7 @@ QString exportedKind(JournalEntry::Kind kind)
 QString exportedTime(TimePoint at)
 {
     const auto seconds = static_cast<qint64>(std::floor(at.time_since_epoch().count()));
-    return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(Qt::ISODate);
+    return QDateTime::fromSecsSinceEpoch(seconds).toUTC().toString(Qt::ISODate);
 }
 
 } // namespace
