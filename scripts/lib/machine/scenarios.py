@@ -110,7 +110,7 @@ class Lease(Work):
         context.machine.session("tarvik", "acquire", "--tool", "claude", "--session", "machine")
 
     def end(self, context):
-        context.machine.session("tarvik", "release", "--tool", "claude", "--session", "machine")
+        context.machine.session("tarvik", "release", "--session", "machine")
 
 
 class TimedSession(Work):
@@ -140,8 +140,9 @@ def expect_suspend(context, since, what):
 
 
 def work_then_suspend(context, work, seconds):
-    # Leave an earlier suspend behind.
+    # Leave an earlier suspend behind, and earlier work.
     time.sleep(2)
+    context.expect_awake(False)
     context.desktop.touch(context.machine)
     began = time.time()
     work.begin(context)
@@ -165,6 +166,7 @@ def ends_after(work):
 
 def without_work(context):
     """Nothing at all: the computer suspends."""
+    context.expect_awake(False)
     context.desktop.touch(context.machine)
     return expect_suspend(context, time.time(), "nothing")
 
