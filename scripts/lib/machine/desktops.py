@@ -25,6 +25,10 @@ class Desktop:
     # Its idle suspend can be held off while the display goes off.
     can_spare_display = True
     reads_autostart = True
+    # Shell scripts: the display goes off after so many seconds without activity; it stays on.
+    display_time = 15
+    switch_display_off = "xset +dpms dpms 15 15 15; xset s off"
+    leave_display_on = "xset -dpms"
     # Name: shell script that starts it anew, in the session.
     restarts = {}
 
@@ -111,6 +115,15 @@ class Xfce(Desktop):
 
 class Plasma(Desktop):
     name = "plasma"
+    # Plasma 5, Plasma 6
+    set_display_time = """
+        kwriteconfig5 --file powermanagementprofilesrc --group AC --group DPMSControl --key idleTime {0} ||
+            kwriteconfig6 --file powerdevilrc --group AC --group Display --key TurnOffDisplayIdleTimeoutSec {0}
+        for method in reparseConfiguration refreshStatus; do
+            busctl --user call org.kde.Solid.PowerManagement /org/kde/Solid/PowerManagement org.kde.Solid.PowerManagement $method
+        done"""
+    switch_display_off = set_display_time.format(15)
+    leave_display_on = set_display_time.format(9999)
     services = ("org.freedesktop.Notifications", "org.kde.Solid.PowerManagement", "org.kde.StatusNotifierWatcher")
     restarts = {
         "panel": "kquitapp5 plasmashell || kquitapp6 plasmashell; (plasmashell >/dev/null 2>&1 &)",
@@ -149,6 +162,10 @@ class Gnome(SettingsDaemon):
         "org.gnome.desktop.screensaver lock-enabled false",
         "org.gnome.desktop.session idle-delay 900",
     )
+    # Its screen goes dark fifteen seconds after the session is idle.
+    display_time = 30
+    switch_display_off = "gsettings set org.gnome.desktop.session idle-delay 15"
+    leave_display_on = "gsettings set org.gnome.desktop.session idle-delay 900"
     restarts = {"power daemon": "systemctl --user restart org.gnome.SettingsDaemon.Power.service"}
 
     def set_up(self, machine):
@@ -162,6 +179,9 @@ class Mate(SettingsDaemon):
     services = ("org.mate.PowerManager", "org.kde.StatusNotifierWatcher")
     # The session is idle after a minute at the earliest; the power manager counts from there.
     idle_time = 80
+    display_time = 75
+    switch_display_off = "gsettings set org.mate.power-manager sleep-display-ac 15"
+    leave_display_on = "gsettings set org.mate.power-manager sleep-display-ac 0"
     settings = (
         "org.mate.session idle-delay 1",
         "org.mate.power-manager sleep-computer-ac 20",
@@ -185,6 +205,8 @@ class Cinnamon(SettingsDaemon):
         "org.cinnamon.settings-daemon.plugins.power sleep-inactive-battery-timeout 20",
         "org.cinnamon.settings-daemon.plugins.power sleep-inactive-ac-timeout 20",
     )
+    switch_display_off = "gsettings set org.cinnamon.settings-daemon.plugins.power sleep-display-ac 15"
+    leave_display_on = "gsettings set org.cinnamon.settings-daemon.plugins.power sleep-display-ac 0"
     restarts = {"power daemon": "pkill -x csd-power; sleep 1; (csd-power >/dev/null 2>&1 &)"}
 
     def set_up(self, machine):

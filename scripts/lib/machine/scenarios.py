@@ -198,7 +198,8 @@ def display(context):
     if not context.desktop.has_x_server:
         raise NotHere("no X server")
     machine = context.machine
-    machine.shell("xset +dpms dpms 15 15 15; xset s off")
+    patience = context.desktop.display_time + 25
+    machine.shell(context.desktop.switch_display_off)
     context.desktop.touch(machine)
     machine.shell("xset dpms force on")
     context.set("keepDisplayAwake", True)
@@ -206,14 +207,14 @@ def display(context):
     work.begin(context)
     try:
         context.expect_awake()
-        deadline = time.time() + 40
+        deadline = time.time() + patience
         while time.time() < deadline:
             if machine.display_is_off():
                 raise Unexpected("the display goes off")
             time.sleep(1)
         context.set("keepDisplayAwake", False)
         try:
-            eventually(machine.display_is_off, 40, "off, when it need not stay on")
+            eventually(machine.display_is_off, patience, "off, when it need not stay on")
         except Unexpected:
             if context.desktop.can_spare_display:
                 raise
@@ -222,7 +223,7 @@ def display(context):
     finally:
         work.end(context)
         context.set("keepDisplayAwake", False)
-        machine.shell("xset dpms force on")
+        machine.shell(f"{context.desktop.leave_display_on}; xset dpms force on")
 
 
 def mains(context):
