@@ -6,6 +6,7 @@
 #include "fakes/FakeCookieInhibitor.h"
 #include "fakes/FakeLogind.h"
 #include "fakes/FakeXfce.h"
+#include "platform/linux/assertions/DBusInhibitor.h"
 #include "support/TestSupport.h"
 
 #include <cerrno>
@@ -334,6 +335,41 @@ private Q_SLOTS:
         assertion.reset();
         QTRY_VERIFY(sessionManager.held().isEmpty());
         QVERIFY(m_failures.isEmpty());
+    }
+
+    void aServiceThatHasItsNameBeforeItsObjectIsAskedAgain()
+    {
+        FakeSessionManager sessionManager(m_services);
+        sessionManager.behaviour = Behaviour::refuse;
+        sessionManager.refusal = QDBusError::errorString(QDBusError::UnknownMethod);
+        QVERIFY(sessionManager.appear());
+        start({});
+        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(m_clock.pending(), 1U);
+        QCOMPARE(assertion->failure(), std::nullopt);
+        sessionManager.behaviour = Behaviour::grant;
+        m_clock.advance(DBusInhibitor::retryTime);
+        QTRY_COMPARE(summary(*m_assertions), QStringList{u"session manager suspend"_s});
+        QCOMPARE(m_clock.pending(), 0U);
+        QVERIFY(m_failures.isEmpty());
+    }
+
+    void aServiceWithoutTheObjectIsAFailureInTheEnd()
+    {
+        FakeSessionManager sessionManager(m_services);
+        sessionManager.behaviour = Behaviour::refuse;
+        sessionManager.refusal = QDBusError::errorString(QDBusError::UnknownObject);
+        QVERIFY(sessionManager.appear());
+        start({});
+        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        for (int retry = 0; retry < DBusInhibitor::retries; ++retry) {
+            QTRY_COMPARE(m_clock.pending(), 1U);
+            QVERIFY(m_failures.isEmpty());
+            m_clock.advance(DBusInhibitor::retryTime);
+        }
+        QTRY_COMPARE(m_failures, (Failures{{preventUserIdleSystemSleep, EBADR}}));
+        QCOMPARE(sessionManager.requests.size(), 1 + DBusInhibitor::retries);
+        QCOMPARE(m_clock.pending(), 0U);
     }
 
     void aServiceThatIsReplacedIsAskedAgainAndTheOldCookieIsForgotten()

@@ -11,6 +11,9 @@ namespace Tarvik {
 
 namespace {
 
+/// What a call to an object or a method that is not there ends with.
+constexpr int notThere = EBADR;
+
 /// The message that gives back what `answer` of `owner` granted, sent to the very process that granted it: a cookie
 /// means nothing, or another program's inhibitor, to a successor. Invalid when `answer` granted no cookie.
 QDBusMessage cookieRelease(const InhibitorRequest& request, const QString& owner, const QDBusMessage& answer)
@@ -26,9 +29,11 @@ QDBusMessage cookieRelease(const InhibitorRequest& request, const QString& owner
 
 } // namespace
 
-DBusInhibitor::DBusInhibitor(QDBusConnection bus, InhibitorRequest request, std::function<void()> onChange)
+DBusInhibitor::DBusInhibitor(
+    QDBusConnection bus, InhibitorRequest request, Clock& clock, std::function<void()> onChange)
     : m_bus(std::move(bus))
     , m_request(std::move(request))
+    , m_clock(clock)
     , m_onChange(std::move(onChange))
 {
 }
@@ -44,6 +49,7 @@ void DBusInhibitor::setOwner(const QString& owner)
     abandonCall();
     m_owner = owner;
     m_error = 0;
+    m_retriesLeft = retries;
     m_cookieRelease = {};
     m_state = owner.isEmpty() ? State::waiting : State::pending;
     // A descriptor stays open meanwhile: logind finds the inhibitors of its predecessor again, and the new one, once
@@ -65,6 +71,11 @@ void DBusInhibitor::receive(const QDBusMessage& answer)
 {
     m_call.reset();
     const auto failure = accept(answer);
+    if (failure == notThere && m_retriesLeft > 0) {
+        --m_retriesLeft;
+        m_retry = m_clock.after(retryTime, [this] { take(); });
+        return;
+    }
     m_error = failure.value_or(0);
     m_state = failure ? State::refused : State::effective;
     m_onChange();
@@ -89,6 +100,7 @@ std::optional<int> DBusInhibitor::accept(const QDBusMessage& answer)
 
 void DBusInhibitor::abandonCall()
 {
+    m_retry.reset();
     if (!m_call)
         return;
     // An unread descriptor is closed with the answer; a cookie would stay in force for as long as this process lives.

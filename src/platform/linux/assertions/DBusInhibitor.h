@@ -3,6 +3,7 @@
 #pragma once
 
 #include "dbus/DBusCall.h"
+#include "platform/Clock.h"
 #include "platform/linux/assertions/Inhibitor.h"
 
 #include <QDBusUnixFileDescriptor>
@@ -10,6 +11,7 @@
 #include <QVariantList>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace Tarvik {
@@ -29,7 +31,13 @@ struct InhibitorRequest {
 /// answers only after that.
 class DBusInhibitor final : public Inhibitor {
 public:
-    DBusInhibitor(QDBusConnection bus, InhibitorRequest request, std::function<void()> onChange);
+    /// A service that has just come may have its name before its object: it is asked again after `retryTime`, so many
+    /// times.
+    static constexpr Seconds retryTime{1};
+    static constexpr int retries = 5;
+
+    /// `clock` must outlive the object.
+    DBusInhibitor(QDBusConnection bus, InhibitorRequest request, Clock& clock, std::function<void()> onChange);
     ~DBusInhibitor() override;
     DBusInhibitor(const DBusInhibitor&) = delete;
     DBusInhibitor& operator=(const DBusInhibitor&) = delete;
@@ -48,12 +56,15 @@ private:
 
     QDBusConnection m_bus;
     InhibitorRequest m_request;
+    Clock& m_clock;
     std::function<void()> m_onChange;
     /// The unique name of who has been asked.
     QString m_owner;
     State m_state = State::waiting;
     int m_error = 0;
     DBusCall m_call;
+    std::unique_ptr<Timer> m_retry;
+    int m_retriesLeft = 0;
     QDBusUnixFileDescriptor m_descriptor;
     QDBusMessage m_cookieRelease;
 };

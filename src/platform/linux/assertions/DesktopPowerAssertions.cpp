@@ -146,7 +146,7 @@ std::unique_ptr<Inhibitor> DesktopPowerAssertions::makeInhibitor(DesktopHold kin
         if (alive)
             schedulePublishing();
     };
-    auto inhibitor = std::make_unique<DBusInhibitor>(bus, DesktopHolds::request(kind, who), publish);
+    auto inhibitor = std::make_unique<DBusInhibitor>(bus, DesktopHolds::request(kind, who), m_clock, publish);
     inhibitor->setOwner(m_watch.owner(inhibitor->service()));
     return inhibitor;
 }
