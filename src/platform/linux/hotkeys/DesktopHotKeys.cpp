@@ -124,7 +124,7 @@ void DesktopHotKeys::choose()
 bool DesktopHotKeys::hasGnomeShortcuts() const
 {
     // Cinnamon's daemon has the name of GNOME's, too, for media players. GNOME's own gets the keys from a shell of this
-    // name; Budgie's and Pantheon's lend them to it as well.
+    // name.
     return m_names.isOwned(BusNames::gnomeMediaKeys) && m_names.isOwned(BusNames::gnomeShell);
 }
 
