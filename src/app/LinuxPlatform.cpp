@@ -12,7 +12,6 @@
 #include "platform/linux/applications/XdgAutostartLoginItem.h"
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 #include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
-#include "platform/linux/heat/SysfsThermalState.h"
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 #include "platform/linux/power/FallbackPowerSources.h"
 #include "platform/linux/power/LogindLidSensor.h"
@@ -20,6 +19,7 @@
 #include "platform/linux/power/UPowerPowerSources.h"
 #include "platform/linux/screenlock/DesktopScreenLock.h"
 #include "platform/linux/session/DisplaySessionLifetime.h"
+#include "platform/linux/thermal/SysfsThermalState.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 #include "platform/linux/updates/PackageKitUpdateDriver.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/heat/ThermalEvents.h"
 #include "platform/linux/kernel/UeventMonitor.h"
+#include "platform/linux/thermal/ThermalEvents.h"
 #include "support/TestSupport.h"
 
 #include <QFile>

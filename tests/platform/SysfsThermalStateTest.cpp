@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/heat/SysfsThermalState.h"
+#include "platform/linux/thermal/SysfsThermalState.h"
 
 #include "fakes/FakeClock.h"
 #include "support/FileTree.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/heat/ThermalClassifier.h"
+#include "platform/linux/thermal/ThermalClassifier.h"
 
 #include "fakes/FakeClock.h"
 #include "support/TestSupport.h"

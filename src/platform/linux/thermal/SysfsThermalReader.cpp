@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/heat/SysfsThermalReader.h"
+#include "platform/linux/thermal/SysfsThermalReader.h"
 
 #include "platform/linux/kernel/SysfsFile.h"
 

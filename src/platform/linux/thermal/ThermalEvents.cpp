@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/heat/ThermalEvents.h"
+#include "platform/linux/thermal/ThermalEvents.h"
 
 #include <linux/genetlink.h>
 #include <linux/netlink.h>

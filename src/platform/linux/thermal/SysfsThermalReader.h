@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/heat/ThermalClassifier.h"
+#include "platform/linux/thermal/ThermalClassifier.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/heat/ThermalClassifier.h"
+#include "platform/linux/thermal/ThermalClassifier.h"
 
 #include <algorithm>
 

@@ -4,9 +4,9 @@
 
 #include "platform/Clock.h"
 #include "platform/ThermalState.h"
-#include "platform/linux/heat/SysfsThermalReader.h"
-#include "platform/linux/heat/ThermalClassifier.h"
-#include "platform/linux/heat/ThermalEvents.h"
+#include "platform/linux/thermal/SysfsThermalReader.h"
+#include "platform/linux/thermal/ThermalClassifier.h"
+#include "platform/linux/thermal/ThermalEvents.h"
 
 #include <QString>
 
