@@ -48,7 +48,7 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
 {
     connectTray();
     offerOnBus(sessionBus);
-    m_platform.sessionLifetime->onEnd = [] { QCoreApplication::quit(); };
+    m_sessionEnd = m_platform.sessionLifetime->ended.subscribe([] { QCoreApplication::quit(); });
 }
 
 void TarvikApp::connectTray()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/LinuxPlatform.h"
+#include "base/Signal.h"
 #include "bus/BusObject.h"
 #include "bus/StatusObject.h"
 #include "bus/UiProcess.h"
@@ -45,6 +46,7 @@ private:
     TrayPresenter m_tray;
     UiProcess m_ui;
     BusObject m_busObject;
+    Subscription m_sessionEnd;
 };
 
 } // namespace Tarvik

@@ -25,16 +25,8 @@ StatusObject::StatusObject(const Sources& sources, QString version)
     connect(&coordinator, &AwakeCoordinator::evaluated, this, &StatusObject::changed);
     connect(&coordinator, &AwakeCoordinator::timedSessionEndChanged, this, &StatusObject::changed);
     connect(&sources.hooks, &HookMonitor::sessionsChanged, this, &StatusObject::leasesChanged);
-    m_sources.assertions.onHoldsChange = [this] { Q_EMIT changed(); };
-    m_sources.hotKeys.onStateChange = [this] { Q_EMIT changed(); };
-    m_sources.tray.onHostChange = [this] { Q_EMIT changed(); };
-}
-
-StatusObject::~StatusObject()
-{
-    m_sources.assertions.onHoldsChange = nullptr;
-    m_sources.hotKeys.onStateChange = nullptr;
-    m_sources.tray.onHostChange = nullptr;
+    for (auto* news : {&sources.assertions.holdsChanged, &sources.hotKeys.stateChanged, &sources.tray.hostChanged})
+        m_subscriptions.push_back(news->subscribe([this] { Q_EMIT changed(); }));
 }
 
 QString StatusObject::title() const

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <vector>
+
 namespace Tarvik {
 
 class AwakeCoordinator;
@@ -59,7 +61,6 @@ public:
     };
 
     StatusObject(const Sources& sources, QString version);
-    ~StatusObject() override;
 
     QString title() const;
     QString reason() const;
@@ -90,6 +91,7 @@ Q_SIGNALS:
 private:
     Sources m_sources;
     QString m_version;
+    std::vector<Subscription> m_subscriptions;
 };
 
 } // namespace Tarvik

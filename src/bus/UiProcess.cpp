@@ -35,6 +35,7 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
     : m_launcher(launcher)
     , m_bus(bus)
     , m_names(bus, {uiBusName})
+    , m_ends(launcher.ended.subscribe([this](const QString& failure) { noticeEnd(failure); }))
 {
     m_names.onOwnerChange = [this](const QString&) {
         if (!m_names.isOwned(uiBusName))
@@ -42,12 +43,6 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
         if (const auto wish = std::exchange(m_wish, std::nullopt))
             send(*wish);
     };
-    m_launcher.onEnd = [this](const QString& failure) { noticeEnd(failure); };
-}
-
-UiProcess::~UiProcess()
-{
-    m_launcher.onEnd = nullptr;
 }
 
 void UiProcess::showPanel(int x, int y, const QString& activationToken)

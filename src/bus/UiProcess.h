@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "dbus/BusNameWatch.h"
 #include "dbus/DBusCalls.h"
 
@@ -21,9 +22,8 @@ class UiLauncher;
 /// killed for it; nothing else is affected.
 class UiProcess final {
 public:
-    /// `launcher` must outlive the object, which takes over its callback.
+    /// `launcher` must outlive the object.
     UiProcess(UiLauncher& launcher, const QDBusConnection& bus);
-    ~UiProcess();
     UiProcess(const UiProcess&) = delete;
     UiProcess& operator=(const UiProcess&) = delete;
 
@@ -56,6 +56,7 @@ private:
     DBusCalls m_calls;
     /// Waits for the process to come up.
     std::optional<Wish> m_wish;
+    Subscription m_ends;
 };
 
 } // namespace Tarvik

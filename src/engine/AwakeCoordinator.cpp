@@ -48,14 +48,13 @@ AwakeCoordinator::~AwakeCoordinator()
     m_parts.process.onChange = nullptr;
     m_parts.thermal.onChange = nullptr;
     m_parts.hooks.onChange = nullptr;
-    m_assertions.onFailure = nullptr;
 }
 
 void AwakeCoordinator::listen()
 {
-    m_assertions.onFailure = [](PowerAssertionType type, int code) {
+    m_failures = m_assertions.failed.subscribe([](PowerAssertionType type, int code) {
         qCCritical(logCoordinator, "Assertion %s failed: %d", qUtf8Printable(powerAssertionTypeName(type)), code);
-    };
+    });
     m_parts.power.onChange = [this] {
         checkPowerEdge();
         evaluate();

@@ -134,6 +134,7 @@ private:
     Clock& m_clock;
     Notifications m_notifications;
     TransitionRecorder m_transitions;
+    Subscription m_failures;
 
     Status m_status;
     std::optional<TimePoint> m_timedSessionEnd;

@@ -86,9 +86,9 @@ TrayPresenter::TrayPresenter(AwakeCoordinator& coordinator, AppSettings& setting
     : m_coordinator(coordinator)
     , m_settings(settings)
     , m_tray(tray)
+    , m_clicks(tray.activated.subscribe([this](int x, int y, const QString& token) { openPanel(x, y, token); }))
+    , m_choices(tray.menuActivated.subscribe([this](int id) { carryOut(id); }))
 {
-    m_tray.onActivate = [this](int x, int y, const QString& token) { openPanel(x, y, token); };
-    m_tray.onMenuActivated = [this](int id) { carryOut(id); };
     connect(&m_coordinator, &AwakeCoordinator::evaluated, this, &TrayPresenter::update);
     m_hostDeadline = clock.after(hostPatience, [this] {
         m_hostDeadline.reset();
@@ -96,12 +96,6 @@ TrayPresenter::TrayPresenter(AwakeCoordinator& coordinator, AppSettings& setting
             qCInfo(logSystem, "no panel shows the tray item; the application goes on without it");
     });
     update();
-}
-
-TrayPresenter::~TrayPresenter()
-{
-    m_tray.onActivate = {};
-    m_tray.onMenuActivated = {};
 }
 
 void TrayPresenter::update()

@@ -7,6 +7,9 @@
 
 #include <QObject>
 
+#include <functional>
+#include <memory>
+
 namespace Tarvik {
 
 class AppSettings;
@@ -17,11 +20,10 @@ class TrayPresenter final : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes over the callbacks of `tray`. Everything passed in must outlive the presenter.
+    /// Everything passed in must outlive the presenter.
     TrayPresenter(AwakeCoordinator& coordinator, AppSettings& settings, TrayItem& tray, Clock& clock);
-    ~TrayPresenter() override;
 
-    /// The item was clicked, see TrayItem::onActivate, or the panel chosen in its menu, which has no place: 0, 0.
+    /// The item was clicked, see TrayItem::activated, or the panel chosen in its menu, which has no place: 0, 0.
     std::function<void(int x, int y, const QString& activationToken)> onOpenPanel;
     std::function<void()> onLock;
     std::function<void()> onOpenSettings;
@@ -37,6 +39,8 @@ private:
     AwakeCoordinator& m_coordinator;
     AppSettings& m_settings;
     TrayItem& m_tray;
+    Subscription m_clicks;
+    Subscription m_choices;
     std::unique_ptr<Timer> m_hostDeadline;
 };
 

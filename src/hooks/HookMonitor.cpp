@@ -112,15 +112,9 @@ QString label(const QString& tool)
 } // namespace
 
 HookMonitor::HookMonitor(HookChannel& channel, Clock& clock)
-    : m_channel(channel)
-    , m_clock(clock)
+    : m_clock(clock)
+    , m_announcements(channel.announced.subscribe([this](const HookChannel::Payload& payload) { handle(payload); }))
 {
-    m_channel.onNotification = [this](const HookChannel::Payload& payload) { handle(payload); };
-}
-
-HookMonitor::~HookMonitor()
-{
-    m_channel.onNotification = nullptr;
 }
 
 QList<HookSession> HookMonitor::sessions() const

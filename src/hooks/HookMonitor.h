@@ -23,11 +23,8 @@ class HookMonitor final : public QObject {
     Q_PROPERTY(QList<Tarvik::HookSession> sessions READ sessions NOTIFY sessionsChanged)
 
 public:
-    /// Takes over `channel`'s callback. Both must outlive the monitor.
+    /// `clock` must outlive the monitor.
     HookMonitor(HookChannel& channel, Clock& clock);
-    ~HookMonitor() override;
-    HookMonitor(const HookMonitor&) = delete;
-    HookMonitor& operator=(const HookMonitor&) = delete;
 
     /// The leases that were live after the last event, the oldest first. Renewed leases keep their age.
     QList<HookSession> sessions() const;
@@ -58,13 +55,13 @@ private:
     void publish(TimePoint now, bool isChanged);
     void armExpiryTimer(TimePoint now);
 
-    HookChannel& m_channel;
     Clock& m_clock;
     HookRegistry m_registry;
     TimePoint m_publishedAt;
     /// Built when somebody asks: nobody does between two events of a flood.
     mutable std::optional<QList<HookSession>> m_sessions;
     std::optional<ExpiryTimer> m_expiryTimer;
+    Subscription m_announcements;
 };
 
 } // namespace Tarvik

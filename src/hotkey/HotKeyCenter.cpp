@@ -11,13 +11,8 @@ namespace Tarvik {
 HotKeyCenter::HotKeyCenter(HotKeys& hotKeys, std::uint32_t nextId)
     : m_hotKeys(hotKeys)
     , m_nextId(nextId)
+    , m_presses(hotKeys.pressed.subscribe([this](std::uint32_t id) { deliver(id); }))
 {
-    m_hotKeys.onPressed = [this](std::uint32_t id) { deliver(id); };
-}
-
-HotKeyCenter::~HotKeyCenter()
-{
-    m_hotKeys.onPressed = nullptr;
 }
 
 std::uint32_t HotKeyCenter::enter(HotKey& hotKey)

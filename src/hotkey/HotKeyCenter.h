@@ -18,7 +18,6 @@ class HotKeyCenter final {
 public:
     /// Listens to `hotKeys`, which must outlive the center. `nextId` is the number of the first shortcut.
     explicit HotKeyCenter(HotKeys& hotKeys, std::uint32_t nextId = 1);
-    ~HotKeyCenter();
     HotKeyCenter(const HotKeyCenter&) = delete;
     HotKeyCenter& operator=(const HotKeyCenter&) = delete;
 
@@ -34,6 +33,7 @@ private:
     HotKeys& m_hotKeys;
     std::uint32_t m_nextId;
     std::map<std::uint32_t, HotKey*> m_registry;
+    Subscription m_presses;
 };
 
 } // namespace Tarvik

@@ -52,20 +52,14 @@ PowerMonitor::PowerMonitor(PowerSources& sources, LidSensor& lid, Clock& clock)
     , m_clock(clock)
 {
     refresh();
-    m_sources.onChange = [this] {
+    m_sourceChanges = m_sources.changed.subscribe([this] {
         refresh();
         notify();
-    };
-    m_lid.onChange = [this] {
+    });
+    m_lidChanges = m_lid.changed.subscribe([this] {
         if (m_lidTimer)
             readLid();
-    };
-}
-
-PowerMonitor::~PowerMonitor()
-{
-    m_sources.onChange = nullptr;
-    m_lid.onChange = nullptr;
+    });
 }
 
 void PowerMonitor::refresh()

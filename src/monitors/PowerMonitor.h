@@ -27,9 +27,6 @@ class PowerMonitor final : public QObject {
 public:
     /// Reads the power sources once and listens from then on. All three must outlive the monitor.
     PowerMonitor(PowerSources& sources, LidSensor& lid, Clock& clock);
-    ~PowerMonitor() override;
-    PowerMonitor(const PowerMonitor&) = delete;
-    PowerMonitor& operator=(const PowerMonitor&) = delete;
 
     bool isOnAC() const { return m_isOnAC; }
     /// Charge of the internal battery in percent, above 100 when the battery says so; nothing when unknown.
@@ -69,6 +66,8 @@ private:
     bool m_hasBattery = false;
     bool m_lidClosed = false;
     std::unique_ptr<Timer> m_lidTimer;
+    Subscription m_sourceChanges;
+    Subscription m_lidChanges;
 };
 
 } // namespace Tarvik

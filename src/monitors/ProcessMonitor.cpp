@@ -19,17 +19,12 @@ ProcessMonitor::ProcessMonitor(
     , m_hookedIds(std::move(hookedIds))
     , m_matcher(AgentCatalogue::agents() + AgentCatalogue::editors())
 {
-    m_applications.onChange = [this] { scan(); };
+    m_applicationChanges = m_applications.changed.subscribe([this] { scan(); });
     m_timer = clock.every(pollInterval, [this] { scan(); });
     scan();
     // What the desktop reports is known without it. Whenever it comes, it is published like any other.
     if (m_isScanning && !m_table.wait(startPatience))
         publishFrom({});
-}
-
-ProcessMonitor::~ProcessMonitor()
-{
-    m_applications.onChange = nullptr;
 }
 
 void ProcessMonitor::scan()

@@ -11,6 +11,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace Tarvik {
@@ -40,7 +41,6 @@ public:
         RunningApplications& applications,
         Clock& clock,
         HookedIds hookedIds);
-    ~ProcessMonitor() override;
 
     /// Labels of the watched catalogue rows that are running, in catalogue order.
     const QStringList& activeAgentLabels() const { return m_activeAgentLabels; }
@@ -74,6 +74,7 @@ private:
     bool m_isScanning = false;
     bool m_scanAgain = false;
     std::unique_ptr<Timer> m_timer;
+    Subscription m_applicationChanges;
 };
 
 } // namespace Tarvik

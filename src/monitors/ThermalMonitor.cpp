@@ -8,16 +8,11 @@ ThermalMonitor::ThermalMonitor(ThermalState& source)
     : m_source(source)
 {
     refresh();
-    m_source.onChange = [this] {
+    m_changes = m_source.changed.subscribe([this] {
         refresh();
         if (onChange)
             onChange();
-    };
-}
-
-ThermalMonitor::~ThermalMonitor()
-{
-    m_source.onChange = nullptr;
+    });
 }
 
 void ThermalMonitor::refresh()

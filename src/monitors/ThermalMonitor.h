@@ -19,9 +19,6 @@ class ThermalMonitor final : public QObject {
 public:
     /// Reads the state once and listens from then on. `source` must outlive the monitor.
     explicit ThermalMonitor(ThermalState& source);
-    ~ThermalMonitor() override;
-    ThermalMonitor(const ThermalMonitor&) = delete;
-    ThermalMonitor& operator=(const ThermalMonitor&) = delete;
 
     /// The state is serious or critical.
     bool isHot() const { return m_isHot; }
@@ -41,6 +38,7 @@ private:
     ThermalState& m_source;
     bool m_isHot = false;
     ThermalLevel m_state = ThermalLevel::nominal;
+    Subscription m_changes;
 };
 
 } // namespace Tarvik

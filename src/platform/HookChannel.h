@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QMap>
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 namespace Tarvik {
@@ -18,8 +19,8 @@ public:
 
     virtual ~HookChannel() = default;
 
-    /// Called from the event loop for each announcement, in the order of arrival.
-    std::function<void(const Payload&)> onNotification;
+    /// Told from the event loop for each announcement, in the order of arrival.
+    Signal<void(const Payload&)> announced;
 };
 
 } // namespace Tarvik

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 
 namespace Tarvik {
@@ -34,7 +35,7 @@ struct HotKeyPurpose {
 };
 
 struct HotKeyRequest {
-    /// Told by `HotKeys::onPressed`; unique among the registrations.
+    /// Told by `HotKeys::pressed`; unique among the registrations.
     std::uint32_t id = 0;
     /// One of `KeyCodes`.
     std::uint32_t keyCode = 0;
@@ -84,10 +85,10 @@ public:
     [[nodiscard]] virtual std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) = 0;
 
     /// The keys of the registration with this id have been pressed; a key that is held may repeat.
-    std::function<void(std::uint32_t id)> onPressed;
+    Signal<void(std::uint32_t id)> pressed;
 
     /// The state of some registration may have changed.
-    std::function<void()> onStateChange;
+    Signal<void()> stateChanged;
 };
 
 } // namespace Tarvik

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
+#include "base/Signal.h"
+
 #include <optional>
 
 namespace Tarvik {
@@ -17,7 +18,7 @@ public:
     virtual std::optional<bool> isClosed() = 0;
 
     /// The state changed between two calls of `isClosed()`; only where the system announces it.
-    std::function<void()> onChange;
+    Signal<void()> changed;
 };
 
 } // namespace Tarvik

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QList>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -48,17 +49,17 @@ public:
     virtual ~PowerAssertions() = default;
 
     /// Takes an assertion under the given name, in the background. Failing is told by the assertion's `failure()` and
-    /// by `onFailure` below.
+    /// by `failed` below.
     [[nodiscard]] virtual std::unique_ptr<PowerAssertion> create(PowerAssertionType type, const QString& name) = 0;
 
     /// What is held at this moment.
     virtual QList<PowerAssertionHold> holds() const = 0;
 
     /// An assertion could not be taken; the code is a positive errno.
-    std::function<void(PowerAssertionType, int code)> onFailure;
+    Signal<void(PowerAssertionType, int code)> failed;
 
     /// `holds()` may have changed.
-    std::function<void()> onHoldsChange;
+    Signal<void()> holdsChanged;
 };
 
 } // namespace Tarvik

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QString>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -39,8 +40,8 @@ public:
     /// What is known at this moment, without blocking; nothing when there is no way to tell.
     virtual std::optional<PowerSourcesSnapshot> snapshot() const = 0;
 
-    /// Called from the event loop when something about the sources has changed; changes at the same time come as one.
-    std::function<void()> onChange;
+    /// From the event loop: something about the sources has changed; changes at the same time come as one.
+    Signal<void()> changed;
 };
 
 } // namespace Tarvik

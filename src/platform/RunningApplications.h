@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QList>
 #include <QString>
-
-#include <functional>
 
 namespace Tarvik {
 
@@ -27,8 +27,8 @@ public:
     /// What is known at this moment; never blocks.
     virtual QList<RunningApplication> list() const = 0;
 
-    /// Called after an application was launched or has terminated.
-    std::function<void()> onChange;
+    /// An application was launched or has terminated.
+    Signal<void()> changed;
 };
 
 } // namespace Tarvik

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
+#include "base/Signal.h"
 
 namespace Tarvik {
 
@@ -11,8 +11,8 @@ class SessionLifetime {
 public:
     virtual ~SessionLifetime() = default;
 
-    /// The user has logged out; called at most once.
-    std::function<void()> onEnd;
+    /// The user has logged out; told at most once.
+    Signal<void()> ended;
 };
 
 } // namespace Tarvik

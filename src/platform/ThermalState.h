@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
+#include "base/Signal.h"
 
 namespace Tarvik {
 
@@ -22,8 +22,8 @@ public:
     /// The level at this moment; nominal when it cannot be told.
     virtual ThermalLevel level() const = 0;
 
-    /// Called from the event loop after the system has announced a state, changed or not.
-    std::function<void()> onChange;
+    /// From the event loop: the system has announced a state, changed or not.
+    Signal<void()> changed;
 };
 
 } // namespace Tarvik

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/TrayMenu.h"
-
-#include <functional>
 
 namespace Tarvik {
 
@@ -33,13 +32,13 @@ public:
 
     /// The item was clicked. On X11 `x` and `y` are root coordinates of the click; elsewhere they are a hint at best.
     /// The token, when not empty, lets a window that opens in answer take the focus.
-    std::function<void(int x, int y, const QString& activationToken)> onActivate;
+    Signal<void(int x, int y, const QString& activationToken)> activated;
 
     /// The user chose the enabled entry with this `id`.
-    std::function<void(int id)> onMenuActivated;
+    Signal<void(int id)> menuActivated;
 
     /// `hasHost` has changed.
-    std::function<void()> onHostChange;
+    Signal<void()> hostChanged;
 };
 
 } // namespace Tarvik

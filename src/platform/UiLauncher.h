@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "base/Signal.h"
 
-#include <functional>
+#include <QString>
 
 namespace Tarvik {
 
@@ -19,7 +19,7 @@ public:
     virtual void kill() = 0;
 
     /// The process could not be started or has ended; `failure` says what went wrong and is empty after a good end.
-    std::function<void(const QString& failure)> onEnd;
+    Signal<void(const QString& failure)> ended;
 };
 
 } // namespace Tarvik

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
+#include "base/Signal.h"
 
 namespace Tarvik {
 
@@ -34,10 +34,10 @@ public:
     virtual void start(Task task, Initiator initiator) = 0;
 
     /// `isAvailable()` has changed.
-    std::function<void()> onAvailabilityChange;
+    Signal<void()> availabilityChanged;
 
     /// The task is over. `hasChecked`: it is known whether there is a new version. What failed has been logged.
-    std::function<void(bool hasChecked)> onFinished;
+    Signal<void(bool hasChecked)> finished;
 };
 
 } // namespace Tarvik

@@ -37,17 +37,11 @@ Updater::Updater(UpdateDriver& driver, SettingsStore& store, Clock& clock)
     , m_automaticallyChecksForUpdates(store.boolean(checksKey).value_or(false))
     , m_automaticallyDownloadsUpdates(store.boolean(downloadsKey).value_or(false))
     , m_lastUpdateCheckDate(readDate(store))
+    , m_availabilityChanges(driver.availabilityChanged.subscribe([this] { updateCanCheck(); }))
+    , m_ends(driver.finished.subscribe([this](bool hasChecked) { finish(hasChecked); }))
 {
-    m_driver.onAvailabilityChange = [this] { updateCanCheck(); };
-    m_driver.onFinished = [this](bool hasChecked) { finish(hasChecked); };
     updateCanCheck();
     schedule();
-}
-
-Updater::~Updater()
-{
-    m_driver.onAvailabilityChange = nullptr;
-    m_driver.onFinished = nullptr;
 }
 
 void Updater::prepare()

@@ -27,7 +27,6 @@ class Updater : public QObject {
 public:
     /// All three must outlive the updater.
     Updater(UpdateDriver& driver, SettingsStore& store, Clock& clock);
-    ~Updater() override;
 
     /// Finds out whether updates can be had, for `canCheckForUpdates`.
     void prepare();
@@ -73,6 +72,8 @@ private:
     /// The daily check has come due before it was known whether there can be one.
     bool m_isDue = false;
     std::unique_ptr<Timer> m_timer;
+    Subscription m_availabilityChanges;
+    Subscription m_ends;
 };
 
 } // namespace Tarvik

@@ -159,7 +159,7 @@ private Q_SLOTS:
         m_tray->choose(u"Open Tarvik…"_s);
         m_tray->choose(u"Lock & leave"_s);
         m_tray->choose(u"Quit Tarvik"_s);
-        m_tray->onActivate(12, 34, u"token"_s);
+        m_tray->activated(12, 34, u"token"_s);
         QCOMPARE(calls, (QStringList{u"panel 0 0 "_s, u"lock"_s, u"quit"_s, u"panel 12 34 token"_s}));
     }
 
@@ -171,9 +171,9 @@ private Q_SLOTS:
         m_tray->choose(u"Lock & leave"_s);
         m_tray->choose(u"Settings…"_s);
         m_tray->choose(u"Quit Tarvik"_s);
-        m_tray->onActivate(1, 2, {});
+        m_tray->activated(1, 2, {});
         for (const int id : {-1, 0, 2, 99, 104, 4711})
-            m_tray->onMenuActivated(id);
+            m_tray->menuActivated(id);
         m_machine->settle();
         QCOMPARE(m_tray->menu, before);
         QVERIFY(m_machine->settings->isEnabled());
@@ -207,9 +207,14 @@ private Q_SLOTS:
     void clicksAfterItsEndDoNothing()
     {
         start();
+        QStringList calls;
+        m_presenter->onOpenPanel = [&](int, int, const QString&) { calls.append(u"panel"_s); };
+        const int onOff = m_tray->entry(u"Tarvik"_s).id;
         m_presenter.reset();
-        QVERIFY(!m_tray->onActivate);
-        QVERIFY(!m_tray->onMenuActivated);
+        m_tray->activated(1, 2, {});
+        m_tray->menuActivated(onOff);
+        QCOMPARE(calls, QStringList());
+        QVERIFY(m_machine->settings->isEnabled());
     }
 
 private:

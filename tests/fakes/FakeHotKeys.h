@@ -26,7 +26,7 @@ public:
         const auto it = std::ranges::find_if(registered,
             [&](const HotKeyRequest& request) { return request.keyCode == keyCode && request.modifiers == modifiers; });
         if (it != registered.end())
-            onPressed(it->id);
+            pressed(it->id);
     }
 
     /// In the order of registration.

@@ -16,11 +16,7 @@ public:
     }
 
     /// Announces a change, as a sensor may that need not be asked.
-    void announce() const
-    {
-        if (onChange)
-            onChange();
-    }
+    void announce() const { changed(); }
 
     std::optional<bool> closed;
     int reads = 0;

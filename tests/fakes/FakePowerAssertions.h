@@ -19,7 +19,7 @@ public:
         auto assertion = std::make_unique<Held>(*this, type);
         if (failWith) {
             assertion->code = failWith;
-            onFailure(type, *failWith);
+            failed(type, *failWith);
         }
         return assertion;
     }

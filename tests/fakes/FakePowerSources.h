@@ -12,11 +12,7 @@ public:
     std::optional<PowerSourcesSnapshot> snapshot() const override { return current; }
 
     /// Announces a change, whether or not there was one.
-    void announce() const
-    {
-        if (onChange)
-            onChange();
-    }
+    void announce() const { changed(); }
 
     std::optional<PowerSourcesSnapshot> current;
 };

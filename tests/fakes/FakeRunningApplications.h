@@ -14,8 +14,7 @@ public:
     void set(const QList<RunningApplication>& applications)
     {
         running = applications;
-        if (onChange)
-            onChange();
+        changed();
     }
 
     QList<RunningApplication> running;

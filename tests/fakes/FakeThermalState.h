@@ -12,11 +12,7 @@ public:
     ThermalLevel level() const override { return current; }
 
     /// Announces a state, whether or not it changed.
-    void announce() const
-    {
-        if (onChange)
-            onChange();
-    }
+    void announce() const { changed(); }
 
     ThermalLevel current = ThermalLevel::nominal;
 };

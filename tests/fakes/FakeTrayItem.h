@@ -36,7 +36,7 @@ public:
     {
         const TrayMenuEntry chosen = entry(label);
         if (chosen.isEnabled && chosen.entries.empty())
-            onMenuActivated(chosen.id);
+            menuActivated(chosen.id);
     }
 
     TrayAppearance appearance;

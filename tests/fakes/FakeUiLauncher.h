@@ -12,7 +12,7 @@ public:
     void launch() override { ++launches; }
     void kill() override { ++kills; }
 
-    void end(const QString& failure) { onEnd(failure); }
+    void end(const QString& failure) { ended(failure); }
 
     int launches = 0;
     int kills = 0;

@@ -19,10 +19,10 @@ public:
     void becomeAvailable()
     {
         available = true;
-        onAvailabilityChange();
+        availabilityChanged();
     }
 
-    void finish(bool hasChecked) const { onFinished(hasChecked); }
+    void finish(bool hasChecked) const { finished(hasChecked); }
 
     bool available = false;
     int preparations = 0;

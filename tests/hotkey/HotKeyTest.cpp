@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(m_hotKeys->registered.size(), 1);
         m_hotKeys->press(KeyCodes::ansiA, KeyModifiers::command);
         // The desktop may have sent a press before it heard of the end.
-        m_hotKeys->onPressed(1);
+        m_hotKeys->pressed(1);
         QCOMPARE(m_first, 0);
         m_hotKeys->press(KeyCodes::ansiS, KeyModifiers::command);
         QCOMPARE(m_second, 1);
@@ -83,9 +83,9 @@ private Q_SLOTS:
     void aPressWithAnUnknownIdDoesNothing()
     {
         const auto hotKey = make(KeyCodes::ansiA, KeyModifiers::command, m_first);
-        m_hotKeys->onPressed(0);
-        m_hotKeys->onPressed(77);
-        m_hotKeys->onPressed(std::numeric_limits<std::uint32_t>::max());
+        m_hotKeys->pressed(0);
+        m_hotKeys->pressed(77);
+        m_hotKeys->pressed(std::numeric_limits<std::uint32_t>::max());
         QCOMPARE(m_first, 0);
     }
 

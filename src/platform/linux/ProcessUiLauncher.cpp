@@ -56,8 +56,7 @@ void ProcessUiLauncher::kill()
 
 void ProcessUiLauncher::reportEnd(const QString& failure)
 {
-    if (onEnd)
-        onEnd(failure);
+    ended(failure);
 }
 
 } // namespace Tarvik

@@ -47,10 +47,7 @@ SessionBusHookChannel::SessionBusHookChannel(const QDBusConnection& bus)
             QLatin1String(HookWire::interfaceName),
             QLatin1String(HookWire::signalName),
             {}},
-        [this](const QDBusMessage& message) {
-            if (onNotification)
-                onNotification(parse(message));
-        })
+        [this](const QDBusMessage& message) { announced(parse(message)); })
 {
     if (!bus.isConnected())
         qCWarning(logHooks, "cannot listen for hook notifications: no session bus");

@@ -44,7 +44,8 @@ private Q_SLOTS:
     void whatCannotBeStartedIsReportedWithItsPath()
     {
         ProcessUiLauncher launcher(path(u"absent"_s));
-        launcher.onEnd = [this](const QString& failure) { m_ends.append(failure); };
+        const Subscription listening
+            = launcher.ended.subscribe([this](const QString& failure) { m_ends.append(failure); });
         launcher.launch();
         QTRY_COMPARE(m_ends.size(), 1);
         QVERIFY2(m_ends[0].startsWith(path(u"absent"_s)), qPrintable(m_ends[0]));
@@ -111,7 +112,7 @@ private:
         file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
         file.close();
         m_launcher = std::make_unique<ProcessUiLauncher>(file.fileName());
-        m_launcher->onEnd = [this](const QString& failure) { m_ends.append(failure); };
+        m_listening = m_launcher->ended.subscribe([this](const QString& failure) { m_ends.append(failure); });
         m_launcher->launch();
     }
 
@@ -124,6 +125,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_directory;
     std::unique_ptr<ProcessUiLauncher> m_launcher;
     QStringList m_ends;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(ProcessUiLauncherTest)

@@ -26,7 +26,8 @@ private Q_SLOTS:
         TARVIK_FAIL_ON_WARNINGS();
         m_received.clear();
         m_channel = std::make_unique<SessionBusHookChannel>(m_bus);
-        m_channel->onNotification = [this](const HookChannel::Payload& payload) { m_received.append(payload); };
+        m_listening = m_channel->announced.subscribe(
+            [this](const HookChannel::Payload& payload) { m_received.append(payload); });
         QVERIFY(m_bus.isConnected());
         QVERIFY(m_sender.isConnected());
         synchronise();
@@ -120,9 +121,9 @@ private Q_SLOTS:
         QCOMPARE(m_received.first(), HookChannel::Payload(Map{{u"last"_s, u"one"_s}}));
     }
 
-    void withoutACallbackNothingHappens()
+    void withoutAListenerNothingHappens()
     {
-        m_channel->onNotification = nullptr;
+        m_listening = {};
         send({});
         synchronise();
         QVERIFY(m_received.isEmpty());
@@ -185,6 +186,7 @@ private:
     QDBusConnection m_otherSender = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
     QList<HookChannel::Payload> m_received;
     std::unique_ptr<SessionBusHookChannel> m_channel;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(SessionBusHookChannelTest)

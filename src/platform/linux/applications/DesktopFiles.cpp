@@ -126,8 +126,7 @@ void DesktopFiles::forget()
 {
     m_names.clear();
     m_startupClasses.reset();
-    if (onChange)
-        onChange();
+    changed();
 }
 
 } // namespace Tarvik

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -33,7 +34,7 @@ public:
     std::optional<QString> idForStartupClass(const QString& windowClass);
 
     /// An application was installed, removed or changed. Only where the event loop runs GLib's main context.
-    std::function<void()> onChange;
+    Signal<void()> changed;
 
 private:
     class Monitor;

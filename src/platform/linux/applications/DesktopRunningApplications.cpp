@@ -49,15 +49,12 @@ DesktopRunningApplications::DesktopRunningApplications(Sources sources, DesktopF
     , m_sources(std::move(sources))
 {
     for (const auto& source : m_sources)
-        source->onChange = [this] { updateLater(); };
-    m_files.onChange = [this] { updateLater(); };
+        m_changes.push_back(source->changed.subscribe([this] { updateLater(); }));
+    m_changes.push_back(m_files.changed.subscribe([this] { updateLater(); }));
     updateLater();
 }
 
-DesktopRunningApplications::~DesktopRunningApplications()
-{
-    m_files.onChange = nullptr;
-}
+DesktopRunningApplications::~DesktopRunningApplications() = default;
 
 void DesktopRunningApplications::updateLater()
 {
@@ -84,8 +81,7 @@ void DesktopRunningApplications::update()
     if (applications == m_applications)
         return;
     m_applications = std::move(applications);
-    if (onChange)
-        onChange();
+    changed();
 }
 
 } // namespace Tarvik

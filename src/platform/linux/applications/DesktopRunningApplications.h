@@ -32,7 +32,7 @@ public:
     /// `clock` and `files` must outlive the object.
     DesktopRunningApplications(
         const QDBusConnection& sessionBus, const Displays& displays, DesktopFiles& files, Clock& clock);
-    /// Takes over `files.onChange` and that of the sources.
+    /// `clock` and `files` must outlive the object.
     DesktopRunningApplications(Sources sources, DesktopFiles& files, Clock& clock);
     ~DesktopRunningApplications() override;
 
@@ -48,6 +48,7 @@ private:
     DesktopFiles& m_files;
     Clock& m_clock;
     Sources m_sources;
+    std::vector<Subscription> m_changes;
     QList<RunningApplication> m_applications;
     std::unique_ptr<Timer> m_timer;
 };

@@ -115,8 +115,8 @@ void SystemdUserApplications::setUnits(const QHash<QString, QString>& units)
             DBusProperties::changesOf(m_names.owner(service), *it, unitInterface),
             [this](const QDBusMessage&) { requestUnits(); });
     }
-    if (std::exchange(m_units, units) != units && onChange)
-        onChange();
+    if (std::exchange(m_units, units) != units)
+        changed();
 }
 
 } // namespace Tarvik

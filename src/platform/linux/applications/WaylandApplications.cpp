@@ -133,8 +133,8 @@ void WaylandApplications::receive()
         disconnect();
     else if (!isChanged && !m_windows.empty())
         rest();
-    if (isChanged && onChange)
-        onChange();
+    if (isChanged)
+        changed();
 }
 
 void WaylandApplications::rest()
@@ -152,8 +152,8 @@ void WaylandApplications::disconnect()
     m_globalsSent.reset();
     m_registry.reset();
     m_display.reset();
-    if (isChanged && onChange)
-        onChange();
+    if (isChanged)
+        changed();
 }
 
 void WaylandApplications::bind(std::uint32_t name, const char* interface)

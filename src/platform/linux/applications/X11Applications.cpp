@@ -83,8 +83,8 @@ void X11Applications::process()
         lose();
         return;
     }
-    if (m_requests.empty() && std::exchange(m_windowsChanged, false) && onChange)
-        onChange();
+    if (m_requests.empty() && std::exchange(m_windowsChanged, false))
+        changed();
 }
 
 bool X11Applications::takeReplies()
@@ -130,8 +130,7 @@ void X11Applications::lose()
     m_windowsChanged = false;
     if (!m_windows.isEmpty()) {
         m_windows.clear();
-        if (onChange)
-            onChange();
+        changed();
     }
 }
 

@@ -178,18 +178,15 @@ void DesktopPowerAssertions::schedulePublishing()
 void DesktopPowerAssertions::publish()
 {
     m_publishingScheduled = false;
-    std::vector<std::pair<PowerAssertionType, int>> failed;
+    std::vector<std::pair<PowerAssertionType, int>> failures;
     for (Assertion* assertion : m_assertions) {
         if (assertion->takeFailureNews())
-            failed.emplace_back(assertion->type(), *assertion->failure());
+            failures.emplace_back(assertion->type(), *assertion->failure());
     }
     // Whoever is told may create and destroy assertions.
-    for (const auto& [type, code] : failed) {
-        if (onFailure)
-            onFailure(type, code);
-    }
-    if (onHoldsChange)
-        onHoldsChange();
+    for (const auto& [type, code] : failures)
+        failed(type, code);
+    holdsChanged();
 }
 
 } // namespace Tarvik

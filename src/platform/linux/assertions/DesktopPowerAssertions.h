@@ -15,7 +15,7 @@
 namespace Tarvik {
 
 /// Holds sleep off through the services of the desktop that is running, and of the one that appears later.
-/// Calls `onFailure` once for an assertion, and both callbacks from the event loop only.
+/// Tells `failed` once for an assertion, and both signals from the event loop only.
 class DesktopPowerAssertions final : public PowerAssertions {
 public:
     /// Makes what keeps an X server's screen on; none where no X server has the screen.

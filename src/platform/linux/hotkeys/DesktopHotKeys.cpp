@@ -22,9 +22,9 @@ class PortalOnOwnConnection final : public HotKeys {
 public:
     PortalOnOwnConnection()
         : m_portal(std::make_unique<PortalHotKeys>(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name())))
+        , m_presses(m_portal->pressed.subscribe([this](std::uint32_t id) { pressed(id); }))
+        , m_stateChanges(m_portal->stateChanged.subscribe([this] { stateChanged(); }))
     {
-        m_portal->onPressed = [this](std::uint32_t id) { onPressed(id); };
-        m_portal->onStateChange = [this] { onStateChange(); };
     }
     ~PortalOnOwnConnection() override
     {
@@ -43,6 +43,8 @@ private:
     static QString name() { return u"com.morvanta.Tarvik.shortcuts"_s; }
 
     std::unique_ptr<PortalHotKeys> m_portal;
+    Subscription m_presses;
+    Subscription m_stateChanges;
 };
 
 } // namespace
@@ -117,8 +119,7 @@ void DesktopHotKeys::choose()
         if (!m_provider || isRefused())
             use(X11HotKeys::connect(m_display.x11, m_clock));
     }
-    if (onStateChange)
-        onStateChange();
+    stateChanged();
 }
 
 bool DesktopHotKeys::hasGnomeShortcuts() const
@@ -145,25 +146,20 @@ void DesktopHotKeys::fallBackFromPortal()
         return;
     m_isOnPortal = false;
     use(std::make_unique<GnomeHotKeys>(m_bus));
-    if (onStateChange)
-        onStateChange();
+    stateChanged();
 }
 
 void DesktopHotKeys::use(std::unique_ptr<HotKeys> provider)
 {
     if (provider) {
-        provider->onPressed = [this](std::uint32_t id) {
-            if (onPressed)
-                onPressed(id);
-        };
-        provider->onStateChange = [this] {
+        m_presses = provider->pressed.subscribe([this](std::uint32_t id) { pressed(id); });
+        m_stateChanges = provider->stateChanged.subscribe([this] {
             // Not at once: it is the provider that is speaking.
             if (isRefusedByPortal())
                 QMetaObject::invokeMethod(
                     &m_eventLoop, [this] { fallBackFromPortal(); }, Qt::QueuedConnection);
-            if (onStateChange)
-                onStateChange();
-        };
+            stateChanged();
+        });
     }
     for (Registration* registration : m_registrations)
         registration->moveTo(nullptr);

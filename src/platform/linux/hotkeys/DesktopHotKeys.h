@@ -49,6 +49,8 @@ private:
     Display m_display;
     Clock& m_clock;
     std::unique_ptr<HotKeys> m_provider;
+    Subscription m_presses;
+    Subscription m_stateChanges;
     std::vector<Registration*> m_registrations;
     BusNameWatch m_names;
     bool m_isOnPortal = false;

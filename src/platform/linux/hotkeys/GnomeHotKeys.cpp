@@ -75,7 +75,7 @@ void GnomeHotKeys::receivePress(const QDBusMessage& signal)
     const QString name = signal.arguments().constFirst().toString();
     for (const Registration* registration : m_registrations) {
         if (registration->request().purpose.name == name) {
-            onPressed(registration->request().id);
+            pressed(registration->request().id);
             return;
         }
     }

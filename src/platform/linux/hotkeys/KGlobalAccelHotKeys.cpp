@@ -93,8 +93,7 @@ private:
             m_status = HotKeyStatus::notAvailable;
         else
             m_status = hasKeys(answer) ? HotKeyStatus::registered : HotKeyStatus::taken;
-        if (m_hotKeys.onStateChange)
-            m_hotKeys.onStateChange();
+        m_hotKeys.stateChanged();
     }
 
     KGlobalAccelHotKeys& m_hotKeys;
@@ -126,8 +125,8 @@ void KGlobalAccelHotKeys::receivePress(const QDBusMessage& signal)
         return;
     const QString action = signal.arguments().at(1).toString();
     const auto it = std::ranges::find(m_registrations, action, &Registration::actionName);
-    if (it != m_registrations.end() && onPressed)
-        onPressed((*it)->id());
+    if (it != m_registrations.end())
+        pressed((*it)->id());
 }
 
 } // namespace Tarvik

@@ -233,8 +233,7 @@ void PortalHotKeys::setRegistered(const QStringList& names)
         registration->setStatus(
             names.contains(registration->name()) ? HotKeyStatus::registered : HotKeyStatus::notAvailable);
     }
-    if (onStateChange)
-        onStateChange();
+    stateChanged();
 }
 
 void PortalHotKeys::receivePress(const QDBusMessage& signal)
@@ -242,8 +241,8 @@ void PortalHotKeys::receivePress(const QDBusMessage& signal)
     if (signal.signature() != "osta{sv}"_L1 || signal.arguments().at(0).value<QDBusObjectPath>().path() != m_session)
         return;
     const auto it = std::ranges::find(m_registrations, signal.arguments().at(1).toString(), &Registration::name);
-    if (it != m_registrations.end() && onPressed)
-        onPressed((*it)->request().id);
+    if (it != m_registrations.end())
+        pressed((*it)->request().id);
 }
 
 void PortalHotKeys::receiveClosed(const QDBusMessage& signal)

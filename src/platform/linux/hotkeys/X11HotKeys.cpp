@@ -131,23 +131,22 @@ void X11HotKeys::process()
     m_isProcessingScheduled = false;
     if (server() == nullptr)
         return;
-    std::vector<std::uint32_t> pressed;
+    std::vector<std::uint32_t> presses;
     bool isIdle = false;
     while (!isIdle) {
         // Sending may take in what the server has sent, of which the notifier then hears nothing.
         xcb_flush(server());
-        const bool hadEvents = takeEvents(pressed);
+        const bool hadEvents = takeEvents(presses);
         const bool hadKeyMap = takeKeyMap();
-        const bool hadGrabResults = takeGrabResults(pressed);
+        const bool hadGrabResults = takeGrabResults(presses);
         isIdle = !hadEvents && !hadKeyMap && !hadGrabResults;
     }
     if (xcb_connection_has_error(server()) != 0)
         lose();
-    if (std::exchange(m_hasStateChanged, false) && onStateChange)
-        onStateChange();
-    for (const std::uint32_t id : pressed) {
-        if (onPressed)
-            onPressed(id);
+    if (std::exchange(m_hasStateChanged, false))
+        stateChanged();
+    for (const std::uint32_t id : presses) {
+        pressed(id);
     }
 }
 
@@ -158,7 +157,7 @@ void X11HotKeys::processSoon()
             this, [this] { process(); }, Qt::QueuedConnection);
 }
 
-bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& pressed)
+bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& presses)
 {
     bool hadSome = false;
     while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(server())}) {
@@ -168,7 +167,7 @@ bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& pressed)
         } else if (event->response_type == XCB_KEY_PRESS) {
             // What a program has sent, and not the keyboard, has another bit set.
             const auto& press = reinterpret_cast<const xcb_key_press_event_t&>(*event);
-            takePress(press.detail, press.state & modifierBits, press.time, pressed);
+            takePress(press.detail, press.state & modifierBits, press.time, presses);
         } else if (event->response_type == XCB_MAPPING_NOTIFY) {
             if (reinterpret_cast<const xcb_mapping_notify_event_t&>(*event).request != XCB_MAPPING_POINTER)
                 requestKeyMap();
@@ -178,7 +177,7 @@ bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& pressed)
 }
 
 void X11HotKeys::takePress(
-    X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& pressed)
+    X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& presses)
 {
     // The press has brought the whole keyboard to us until the key is released. A screen locker that wants the keyboard
     // would be refused until then.
@@ -187,7 +186,7 @@ void X11HotKeys::takePress(
     const auto it = std::ranges::find_if(
         m_hotKeys, [&](const HotKey& hotKey) { return std::ranges::any_of(hotKey.grabs, isHit); });
     if (it != m_hotKeys.end() && !isRepetition(key, time))
-        pressed.push_back(it->id);
+        presses.push_back(it->id);
 }
 
 bool X11HotKeys::isRepetition(X11KeyMap::KeyCode key, std::uint32_t time)
@@ -233,14 +232,14 @@ bool X11HotKeys::takeKeyMap()
     return true;
 }
 
-bool X11HotKeys::takeGrabResults(std::vector<std::uint32_t>& pressed)
+bool X11HotKeys::takeGrabResults(std::vector<std::uint32_t>& presses)
 {
     const auto reply = pollReply<xcb_get_input_focus_reply_t>(server(), m_grabsDoneRequest);
     if (!reply)
         return false;
     m_grabsDoneRequest = 0;
     // The refusals come before this reply, but those that came with it are still in the queue.
-    takeEvents(pressed);
+    takeEvents(presses);
     for (HotKey& hotKey : m_hotKeys) {
         if (hotKey.status == HotKeyStatus::pending) {
             hotKey.status = HotKeyStatus::registered;

@@ -54,13 +54,13 @@ private:
     /// Everything that is to be read or sent, until there is no more of it.
     void process();
     void processSoon();
-    bool takeEvents(std::vector<std::uint32_t>& pressed);
+    bool takeEvents(std::vector<std::uint32_t>& presses);
     void takePress(
-        X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& pressed);
+        X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& presses);
     bool isRepetition(X11KeyMap::KeyCode key, std::uint32_t time);
     void takeRefusal(unsigned int sequence);
     bool takeKeyMap();
-    bool takeGrabResults(std::vector<std::uint32_t>& pressed);
+    bool takeGrabResults(std::vector<std::uint32_t>& presses);
     void requestKeyMap();
     void grabAll();
     void grab(HotKey& hotKey);

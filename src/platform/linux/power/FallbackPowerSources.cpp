@@ -8,10 +8,10 @@ FallbackPowerSources::FallbackPowerSources(std::unique_ptr<PowerSources> preferr
     : m_preferred(std::move(preferred))
     , m_makeFallback(std::move(makeFallback))
 {
-    m_preferred->onChange = [this] {
+    m_preferredChanges = m_preferred->changed.subscribe([this] {
         choose();
-        notify();
-    };
+        changed();
+    });
     choose();
 }
 
@@ -27,14 +27,8 @@ void FallbackPowerSources::choose()
         m_fallback.reset();
     } else if (!m_fallback) {
         m_fallback = m_makeFallback();
-        m_fallback->onChange = [this] { notify(); };
+        m_fallbackChanges = m_fallback->changed.subscribe([this] { changed(); });
     }
-}
-
-void FallbackPowerSources::notify() const
-{
-    if (onChange)
-        onChange();
 }
 
 } // namespace Tarvik

@@ -22,11 +22,12 @@ public:
 
 private:
     void choose();
-    void notify() const;
 
     std::unique_ptr<PowerSources> m_preferred;
     Factory m_makeFallback;
     std::unique_ptr<PowerSources> m_fallback;
+    Subscription m_preferredChanges;
+    Subscription m_fallbackChanges;
 };
 
 } // namespace Tarvik

@@ -153,8 +153,8 @@ void LogindLidSensor::take(std::optional<bool> closed)
 {
     m_closed = closed;
     m_closedAt = m_clock.now();
-    if (m_closed != m_told && onChange)
-        onChange();
+    if (m_closed != m_told)
+        changed();
 }
 
 void LogindLidSensor::changeOwner(const QString& service)

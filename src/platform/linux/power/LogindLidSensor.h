@@ -17,7 +17,7 @@ namespace Tarvik {
 
 /// The lid as logind sees it (org.freedesktop.login1.Manager, LidClosed); without logind as UPower sees it, and without
 /// either as the kernel's ACPI button driver does. Few releases of logind announce the lid, so every call of
-/// `isClosed()` asks again, and `onChange` tells of an answer that is another than the one last given.
+/// `isClosed()` asks again, and `changed` tells of an answer that is another than the one last given.
 class LogindLidSensor final : public LidSensor {
 public:
     /// `connection` is that to the system bus; `procfs` is "/proc" on a real machine.

@@ -129,8 +129,7 @@ void SysfsPowerSources::handleEvent()
 {
     m_last = snapshot();
     schedulePolls();
-    if (onChange)
-        onChange();
+    changed();
 }
 
 void SysfsPowerSources::poll()
@@ -139,8 +138,7 @@ void SysfsPowerSources::poll()
     if (current == m_last)
         return;
     m_last = std::move(current);
-    if (onChange)
-        onChange();
+    changed();
 }
 
 void SysfsPowerSources::schedulePolls()

@@ -139,8 +139,7 @@ void UPowerPowerSources::announce()
     if (current == m_announced)
         return;
     m_announced = std::move(current);
-    if (onChange)
-        onChange();
+    changed();
 }
 
 } // namespace Tarvik

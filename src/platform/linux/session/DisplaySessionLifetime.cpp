@@ -75,8 +75,7 @@ void DisplaySessionLifetime::take(bool isOver)
 {
     if (isOver) {
         qCInfo(logSystem, "the session has ended with its display");
-        if (onEnd)
-            onEnd();
+        ended();
         return;
     }
     // A server that takes us in only to throw us out again gets a pause, too.

@@ -33,16 +33,15 @@ void SysfsThermalState::handleEvent()
     m_hasEventWaiting = false;
     m_reader.rescan();
     look();
-    if (onChange)
-        onChange();
+    changed();
 }
 
 void SysfsThermalState::poll()
 {
     const ThermalLevel before = m_level;
     look();
-    if (m_level != before && onChange)
-        onChange();
+    if (m_level != before)
+        changed();
 }
 
 void SysfsThermalState::look()

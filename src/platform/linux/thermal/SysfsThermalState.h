@@ -22,7 +22,7 @@ public:
 
     ThermalLevel level() const override { return m_level; }
 
-    /// What an event of the kernel leads to: a look at everything, and `onChange`. A burst of events leads to one look
+    /// What an event of the kernel leads to: a look at everything, and `changed`. A burst of events leads to one look
     /// a second.
     void handleEvent();
 

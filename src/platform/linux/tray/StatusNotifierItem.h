@@ -9,6 +9,8 @@
 #include <QDBusObjectPath>
 #include <QObject>
 
+#include <functional>
+
 namespace Tarvik {
 
 /// The object /StatusNotifierItem with the interface org.kde.StatusNotifierItem: what a panel reads of an item and

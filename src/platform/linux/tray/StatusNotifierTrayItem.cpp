@@ -18,18 +18,9 @@ StatusNotifierTrayItem::StatusNotifierTrayItem(
     , m_item(sessionBus, iconDirectory, menuPath)
     , m_registration(sessionBus, clock)
 {
-    m_menu.onActivated = [this](int id) {
-        if (onMenuActivated)
-            onMenuActivated(id);
-    };
-    m_item.onActivate = [this](int x, int y, const QString& activationToken) {
-        if (onActivate)
-            onActivate(x, y, activationToken);
-    };
-    m_registration.onHostChange = [this] {
-        if (onHostChange)
-            onHostChange();
-    };
+    m_menu.onActivated = [this](int id) { menuActivated(id); };
+    m_item.onActivate = [this](int x, int y, const QString& activationToken) { activated(x, y, activationToken); };
+    m_registration.onHostChange = [this] { hostChanged(); };
 }
 
 void StatusNotifierTrayItem::setAppearance(const TrayAppearance& appearance)

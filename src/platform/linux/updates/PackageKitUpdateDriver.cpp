@@ -61,8 +61,7 @@ void PackageKitUpdateDriver::readPackage(const PackageKitTransaction::Outcome& o
     if (outcome.packageIds.isEmpty())
         return;
     m_package = packageName(outcome.packageIds.constFirst());
-    if (onAvailabilityChange)
-        onAvailabilityChange();
+    availabilityChanged();
 }
 
 void PackageKitUpdateDriver::start(Task task, Initiator initiator)
@@ -133,8 +132,7 @@ void PackageKitUpdateDriver::run(const QString& method,
 void PackageKitUpdateDriver::finish(bool hasChecked)
 {
     m_transaction.reset();
-    if (onFinished)
-        onFinished(hasChecked);
+    finished(hasChecked);
 }
 
 } // namespace Tarvik

@@ -5,6 +5,7 @@
 #include "platform/UpdateDriver.h"
 #include "platform/linux/updates/PackageKitTransaction.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 

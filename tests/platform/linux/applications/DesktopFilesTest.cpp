@@ -68,12 +68,11 @@ private Q_SLOTS:
     {
         QCOMPARE(m_files.name(u"later"_s), std::nullopt);
         int changes = 0;
-        m_files.onChange = [&] { ++changes; };
+        const Subscription listening = m_files.changed.subscribe([&] { ++changes; });
         m_data.write("home", "later.desktop", "Name=Later\nStartupWMClass=LaterClass");
         QTRY_VERIFY(changes > 0);
         QCOMPARE(m_files.name(u"later"_s), u"Later"_s);
         QCOMPARE(m_files.idForStartupClass(u"LaterClass"_s), u"later"_s);
-        m_files.onChange = nullptr;
     }
 
 private:

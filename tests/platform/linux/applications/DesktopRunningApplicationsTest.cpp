@@ -32,7 +32,7 @@ private Q_SLOTS:
         sources.push_back(std::move(windows));
         m_applications = std::make_unique<DesktopRunningApplications>(std::move(sources), m_files, m_clock);
         m_changes = 0;
-        m_applications->onChange = [this] { ++m_changes; };
+        m_listening = m_applications->changed.subscribe([this] { ++m_changes; });
         m_clock.advance(1s);
         QCOMPARE(m_changes, 0);
     }
@@ -118,7 +118,7 @@ private Q_SLOTS:
             DesktopRunningApplications::Displays{.x11 = ":65000", .waylandSocket = u"/nonexistent/wayland-0"_s},
             m_files,
             m_clock);
-        m_applications->onChange = [this] { ++m_changes; };
+        m_listening = m_applications->changed.subscribe([this] { ++m_changes; });
         QVERIFY(m_applications->list().isEmpty());
         m_clock.advance(1s);
         QTRY_COMPARE(m_clock.pending(), 1U);
@@ -137,6 +137,7 @@ private:
     FakeRunningApplications* m_windows = nullptr;
     std::unique_ptr<DesktopRunningApplications> m_applications;
     int m_changes = 0;
+    Subscription m_listening;
 };
 
 int main(int argc, char** argv)

@@ -51,7 +51,7 @@ private Q_SLOTS:
         systemd.load(u"app-gnome-org.example.Loaded-1.scope"_s);
         SystemdUserApplications applications(QDBusConnection::sessionBus());
         int changes = 0;
-        applications.onChange = [&] { ++changes; };
+        const Subscription listening = applications.changed.subscribe([&] { ++changes; });
         QTRY_COMPARE(ids(applications), (QStringList{u"browser-nightly"_s, u"org.example.Editor"_s}));
         QCOMPARE(changes, 1);
         QCOMPARE(systemd.subscriptions, 1);
@@ -101,7 +101,7 @@ private Q_SLOTS:
         FakeSystemd systemd;
         SystemdUserApplications applications(QDBusConnection::sessionBus());
         int changes = 0;
-        applications.onChange = [&] { ++changes; };
+        const Subscription listening = applications.changed.subscribe([&] { ++changes; });
         systemd.start(editor);
         QVERIFY(systemd.appear());
         QTRY_COMPARE(ids(applications), QStringList{u"org.example.Editor"_s});

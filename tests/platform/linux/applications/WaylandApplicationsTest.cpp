@@ -122,7 +122,7 @@ private Q_SLOTS:
         const auto applications = connect();
         QVERIFY(applications);
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         auto first = std::make_unique<OtherProgram>(session(), u"plain"_s);
         QTRY_COMPARE(applications->list(), QList{withId(u"plain"_s)});
         QCOMPARE(changes, 1);
@@ -136,7 +136,7 @@ private Q_SLOTS:
         const auto applications = connect();
         QVERIFY(applications);
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         const OtherProgram first(session(), u"plain"_s);
         QTRY_COMPARE(changes, 1);
         const OtherProgram second(session(), u"plain"_s);
@@ -149,7 +149,7 @@ private Q_SLOTS:
         const auto applications = connect();
         QVERIFY(applications);
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         OtherProgram program(session(), u"plain"_s);
         QTRY_COMPARE(changes, 1);
         program.setTitle("Working");
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QVERIFY(applications);
         QTRY_COMPARE(applications->list(), QList{withId(u"plain"_s)});
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         mortal.reset();
         waitFor([&] { return applications->list().isEmpty(); });
         QVERIFY(changes > 0);

@@ -166,7 +166,7 @@ private Q_SLOTS:
         Desktop desktop(m_display);
         const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         const auto first = desktop.open("plain", "Plain");
         QTRY_COMPARE(applications->list(), QList{withId(u"plain"_s)});
         const auto second = desktop.open("plain", "Plain");
@@ -184,7 +184,7 @@ private Q_SLOTS:
         Desktop desktop(m_display);
         const auto applications = X11Applications::connect(m_display, m_files, m_clock);
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         desktop.touchOtherProperty();
         desktop.open("plain", "Plain");
         QTRY_COMPARE(changes, 1);
@@ -220,7 +220,7 @@ private Q_SLOTS:
         const auto lost = showPlain();
         QVERIFY(lost);
         int changes = 0;
-        lost->onChange = [&] { ++changes; };
+        const Subscription listening = lost->changed.subscribe([&] { ++changes; });
         m_server->kill();
         QTRY_VERIFY(lost->list().isEmpty());
         QCOMPARE(changes, 1);
@@ -239,7 +239,7 @@ private Q_SLOTS:
         const RunningApplication cursor{.id = {}, .localizedName = u"Cursor"_s};
         QTRY_COMPARE(applications->list(), QList{cursor});
         int changes = 0;
-        applications->onChange = [&] { ++changes; };
+        const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         desktop.open("plain", "Plain");
         QTRY_COMPARE(changes, 1);
         QCOMPARE(applications->list().size(), 2);

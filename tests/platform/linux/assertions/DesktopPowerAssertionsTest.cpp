@@ -533,10 +533,10 @@ private Q_SLOTS:
     {
         std::unique_ptr<PowerAssertion> assertion;
         int told = 0;
-        m_assertions->onFailure = [&](PowerAssertionType type, int) {
+        const Subscription listening = m_assertions->failed.subscribe([&](PowerAssertionType type, int) {
             if (++told < 3)
                 assertion = m_assertions->create(type, u"Tarvik"_s);
-        };
+        });
         assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
         QTRY_COMPARE(told, 3);
     }
@@ -571,8 +571,10 @@ private:
     {
         m_assertions
             = std::make_unique<DesktopPowerAssertions>(system, session, desktop, std::move(x11ScreenSaver), m_clock);
-        m_assertions->onFailure = [this](PowerAssertionType type, int code) { m_failures.append({type, code}); };
-        m_assertions->onHoldsChange = [this] { ++m_changes; };
+        m_failureNews = m_assertions->failed.subscribe([this](PowerAssertionType type, int code) {
+            m_failures.append({type, code});
+        });
+        m_holdsNews = m_assertions->holdsChanged.subscribe([this] { ++m_changes; });
     }
 
     FakeCookieInhibitor fakePowerManagement()
@@ -598,6 +600,8 @@ private:
     std::unique_ptr<DesktopPowerAssertions> m_assertions;
     Failures m_failures;
     int m_changes = 0;
+    Subscription m_failureNews;
+    Subscription m_holdsNews;
 };
 
 QTEST_GUILESS_MAIN(DesktopPowerAssertionsTest)

@@ -202,7 +202,8 @@ private Q_SLOTS:
     {
         QList<HotKeyState> states;
         m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{}, m_clock);
-        m_hotKeys->onStateChange = [&] { states.append(m_registration->state()); };
+        const Subscription listening
+            = m_hotKeys->stateChanged.subscribe([&] { states.append(m_registration->state()); });
         m_registration = m_hotKeys->registerHotKey(lock());
         QTRY_COMPARE(states.size(), 1);
         FakeKGlobalAccel kde(m_services);
@@ -249,7 +250,7 @@ private:
     void start(const DesktopHotKeys::Display& display, const QDBusConnection& bus)
     {
         m_hotKeys = std::make_unique<DesktopHotKeys>(bus, display, m_clock);
-        m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
+        m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.append(id); });
         m_registration = m_hotKeys->registerHotKey(lock());
     }
 
@@ -262,6 +263,7 @@ private:
     std::unique_ptr<DesktopHotKeys> m_hotKeys;
     std::unique_ptr<HotKeyRegistration> m_registration;
     QList<std::uint32_t> m_pressed;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(DesktopHotKeysTest)

@@ -75,7 +75,7 @@ private Q_SLOTS:
         g_settings_reset(mediaKeys().get(), "custom-keybindings");
         m_pressed.clear();
         m_hotKeys = std::make_unique<GnomeHotKeys>(m_client);
-        m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
+        m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.append(id); });
     }
 
     void theShortcutIsThereWhileItIsWanted()
@@ -175,6 +175,7 @@ private:
     QDBusConnection m_other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
     std::unique_ptr<GnomeHotKeys> m_hotKeys;
     QList<std::uint32_t> m_pressed;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(GnomeHotKeysTest)

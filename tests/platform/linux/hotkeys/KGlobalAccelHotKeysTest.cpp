@@ -19,7 +19,7 @@ private Q_SLOTS:
         m_kde = std::make_unique<FakeKGlobalAccel>(m_services);
         QVERIFY(m_kde->appear());
         m_hotKeys = std::make_unique<KGlobalAccelHotKeys>(m_client, m_services.baseService());
-        m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
+        m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.append(id); });
     }
 
     void cleanup()
@@ -72,7 +72,7 @@ private Q_SLOTS:
     {
         m_kde->isTaken = true;
         int changes = 0;
-        m_hotKeys->onStateChange = [&] { ++changes; };
+        const Subscription listening = m_hotKeys->stateChanged.subscribe([&] { ++changes; });
         registerLock();
         QTRY_COMPARE(m_registration->state().status, HotKeyStatus::taken);
         QCOMPARE(changes, 1);
@@ -138,6 +138,7 @@ private:
     std::unique_ptr<KGlobalAccelHotKeys> m_hotKeys;
     std::unique_ptr<HotKeyRegistration> m_registration;
     QList<std::uint32_t> m_pressed;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(KGlobalAccelHotKeysTest)

@@ -218,7 +218,7 @@ private:
     void start()
     {
         m_hotKeys = std::make_unique<PortalHotKeys>(m_client);
-        m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.append(id); };
+        m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.append(id); });
         m_registration = m_hotKeys->registerHotKey({.id = 3,
             .keyCode = KeyCodes::ansiA,
             .modifiers = KeyModifiers::command | KeyModifiers::option,
@@ -232,6 +232,7 @@ private:
     std::unique_ptr<PortalHotKeys> m_hotKeys;
     std::unique_ptr<HotKeyRegistration> m_registration;
     QList<std::uint32_t> m_pressed;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(PortalHotKeysTest)

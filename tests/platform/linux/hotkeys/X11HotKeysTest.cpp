@@ -49,7 +49,7 @@ private Q_SLOTS:
         m_user = std::make_unique<XClient>(*m_server);
         m_hotKeys = X11HotKeys::connect(m_server->display(), m_clock);
         QVERIFY(m_hotKeys);
-        m_hotKeys->onPressed = [this](std::uint32_t id) { m_pressed.push_back(id); };
+        m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.push_back(id); });
     }
 
     void cleanup()
@@ -76,7 +76,7 @@ private Q_SLOTS:
     void aChangeOfTheStateIsTold()
     {
         int changes = 0;
-        m_hotKeys->onStateChange = [&] { ++changes; };
+        const Subscription listening = m_hotKeys->stateChanged.subscribe([&] { ++changes; });
         m_registration = m_hotKeys->registerHotKey(lock());
         QTRY_COMPARE(changes, 1);
         QCOMPARE(m_registration->state().status, HotKeyStatus::registered);
@@ -325,7 +325,8 @@ private Q_SLOTS:
         m_server = std::make_unique<VirtualXServer>();
         QVERIFY(m_server->isRunning());
         QList<HotKeyStatus> told;
-        m_hotKeys->onStateChange = [&] { told.append(m_registration->state().status); };
+        const Subscription listening
+            = m_hotKeys->stateChanged.subscribe([&] { told.append(m_registration->state().status); });
         m_clock.advance(Seconds{1});
         QCOMPARE(m_registration->state().status, HotKeyStatus::pending);
         QVERIFY(registered());
@@ -454,6 +455,7 @@ private:
     std::unique_ptr<X11HotKeys> m_hotKeys;
     std::unique_ptr<HotKeyRegistration> m_registration;
     std::vector<std::uint32_t> m_pressed;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(X11HotKeysTest)

@@ -86,7 +86,7 @@ private Q_SLOTS:
     {
         const auto sources = make();
         int changes = 0;
-        sources->onChange = [&] { ++changes; };
+        const Subscription listening = sources->changed.subscribe([&] { ++changes; });
         m_fallback->announce();
         QCOMPARE(changes, 1);
         m_preferred->current = providing(mains);

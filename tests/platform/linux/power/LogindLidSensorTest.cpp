@@ -69,10 +69,10 @@ private Q_SLOTS:
     {
         startLogind(true);
         make();
-        m_sensor->onChange = [this] {
+        m_listening = m_sensor->changed.subscribe([this] {
             ++m_changes;
             m_sensor->isClosed();
-        };
+        });
         QTRY_COMPARE(m_changes, 1);
         QCOMPARE(m_logind->calls, 1);
     }
@@ -207,7 +207,7 @@ private:
     void make()
     {
         m_sensor = std::make_unique<LogindLidSensor>(m_application, m_clock, m_procfs->root());
-        m_sensor->onChange = [this] { ++m_changes; };
+        m_listening = m_sensor->changed.subscribe([this] { ++m_changes; });
     }
 
     // Two connections, because calls within one never reach the bus.
@@ -219,6 +219,7 @@ private:
     std::unique_ptr<FileTree> m_procfs;
     std::unique_ptr<LogindLidSensor> m_sensor;
     int m_changes = 0;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(LogindLidSensorTest)

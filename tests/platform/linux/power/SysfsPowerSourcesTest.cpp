@@ -188,7 +188,7 @@ private Q_SLOTS:
         m_tree->makeDirectory(u"class/power_supply"_s);
         SysfsPowerSources sources{*m_clock, m_tree->root()};
         int changes = 0;
-        sources.onChange = [&] { ++changes; };
+        const Subscription listening = sources.changed.subscribe([&] { ++changes; });
         sources.handleEvent();
         QCOMPARE(changes, 1);
     }
@@ -198,7 +198,7 @@ private Q_SLOTS:
         battery(u"BAT0"_s, "Discharging", "50");
         SysfsPowerSources sources{*m_clock, m_tree->root()};
         int changes = 0;
-        sources.onChange = [&] { ++changes; };
+        const Subscription listening = sources.changed.subscribe([&] { ++changes; });
         m_clock->advance(5min);
         QCOMPARE(changes, 0);
         battery(u"BAT0"_s, "Discharging", "49");

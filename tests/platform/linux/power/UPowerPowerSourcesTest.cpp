@@ -304,7 +304,7 @@ private:
     void make()
     {
         m_sources = std::make_unique<UPowerPowerSources>(m_application);
-        m_sources->onChange = [this] { ++m_changes; };
+        m_listening = m_sources->changed.subscribe([this] { ++m_changes; });
     }
 
     void start()
@@ -332,6 +332,7 @@ private:
     std::unique_ptr<FakeUPower> m_upower;
     std::unique_ptr<UPowerPowerSources> m_sources;
     int m_changes = 0;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(UPowerPowerSourcesTest)

@@ -172,7 +172,7 @@ private Q_SLOTS:
         VirtualXServer server;
         DisplaySessionLifetime session(
             {.x11 = server.display(), .waylandSocket = {}}, QDBusConnection(u"nowhere"_s), *m_clock);
-        session.onEnd = [this] { ++m_ends; };
+        const Subscription listening = session.ended.subscribe([this] { ++m_ends; });
         expectLoss();
         server.kill();
         QTRY_COMPARE(m_clock->pending(), 1U);
@@ -345,7 +345,7 @@ private:
     std::unique_ptr<DisplaySessionLifetime> follow(const DisplaySessionLifetime::Display& display)
     {
         auto session = std::make_unique<DisplaySessionLifetime>(display, m_client, *m_clock);
-        session->onEnd = [this] { ++m_ends; };
+        m_listening = session->ended.subscribe([this] { ++m_ends; });
         return session;
     }
 
@@ -404,6 +404,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_directory;
     QString m_socket;
     int m_ends = 0;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(DisplaySessionLifetimeTest)

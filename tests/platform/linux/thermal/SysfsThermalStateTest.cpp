@@ -226,7 +226,7 @@ private:
     std::unique_ptr<SysfsThermalState> make()
     {
         auto state = std::make_unique<SysfsThermalState>(*m_clock, m_tree->root());
-        state->onChange = [this] { ++m_changes; };
+        m_listening = state->changed.subscribe([this] { ++m_changes; });
         return state;
     }
 
@@ -267,6 +267,7 @@ private:
     std::unique_ptr<FileTree> m_tree;
     std::unique_ptr<FakeClock> m_clock;
     int m_changes = 0;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(SysfsThermalStateTest)

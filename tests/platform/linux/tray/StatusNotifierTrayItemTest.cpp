@@ -50,7 +50,7 @@ private Q_SLOTS:
         QTRY_VERIFY(isOnBus());
         QVERIFY(!m_item->hasHost());
         int changes = 0;
-        m_item->onHostChange = [&] { ++changes; };
+        const Subscription listening = m_item->hostChanged.subscribe([&] { ++changes; });
         FakeStatusNotifierWatcher watcher(m_services);
         QVERIFY(watcher.appear());
         QTRY_VERIFY(m_item->hasHost());
@@ -332,8 +332,8 @@ private Q_SLOTS:
     void aClickCarriesItsPlaceAndItsToken()
     {
         QStringList clicks;
-        m_item->onActivate
-            = [&](int x, int y, const QString& token) { clicks.append(u"%1 %2 \"%3\""_s.arg(x).arg(y).arg(token)); };
+        const Subscription listening = m_item->activated.subscribe(
+            [&](int x, int y, const QString& token) { clicks.append(u"%1 %2 \"%3\""_s.arg(x).arg(y).arg(token)); });
         QCOMPARE(call(u"ProvideXdgActivationToken"_s, {u"token"_s}).type(), QDBusMessage::ReplyMessage);
         QCOMPARE(call(u"Activate"_s, {1268, 786}).type(), QDBusMessage::ReplyMessage);
         QCOMPARE(call(u"Activate"_s, {-5, 7}).type(), QDBusMessage::ReplyMessage);
@@ -351,7 +351,8 @@ private Q_SLOTS:
     void callsWithWrongArgumentsAreRefused()
     {
         const CallsThatNoSlotTakes expected;
-        m_item->onActivate = [](int, int, const QString&) { QFAIL("This is no click."); };
+        const Subscription listening
+            = m_item->activated.subscribe([](int, int, const QString&) { QFAIL("This is no click."); });
         QCOMPARE(call(u"Activate"_s, {}).type(), QDBusMessage::ErrorMessage);
         QCOMPARE(call(u"Activate"_s, {u"left"_s, u"right"_s}).type(), QDBusMessage::ErrorMessage);
         QCOMPARE(call(u"Deactivate"_s, {}).type(), QDBusMessage::ErrorMessage);

@@ -61,10 +61,10 @@ int main(int argc, char** argv)
         return 2;
     TimerfdClock clock;
     StatusNotifierTrayItem item(QDBusConnection::sessionBus(), QString::fromLocal8Bit(argv[1]), clock);
-    item.onHostChange = [&] { say(item.hasHost() ? u"hosted"_s : u"alone"_s); };
-    item.onActivate
-        = [](int x, int y, const QString& token) { say(u"activate %1 %2 \"%3\""_s.arg(x).arg(y).arg(token)); };
-    item.onMenuActivated = [](int id) { say(u"chosen %1"_s.arg(id)); };
+    const Subscription hosts = item.hostChanged.subscribe([&] { say(item.hasHost() ? u"hosted"_s : u"alone"_s); });
+    const Subscription clicks = item.activated.subscribe(
+        [](int x, int y, const QString& token) { say(u"activate %1 %2 \"%3\""_s.arg(x).arg(y).arg(token)); });
+    const Subscription choices = item.menuActivated.subscribe([](int id) { say(u"chosen %1"_s.arg(id)); });
     item.setAppearance(appearance(QString::fromLocal8Bit(argv[2])));
     item.setMenu(menu());
 

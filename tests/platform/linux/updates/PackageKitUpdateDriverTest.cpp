@@ -49,7 +49,7 @@ private Q_SLOTS:
     {
         use(program);
         int announced = 0;
-        m_driver->onAvailabilityChange = [&] { ++announced; };
+        const Subscription listening = m_driver->availabilityChanged.subscribe([&] { ++announced; });
         m_driver->prepare();
         m_driver->prepare();
         QTRY_VERIFY(m_driver->isAvailable());
@@ -304,7 +304,7 @@ private:
     void use(const QString& path)
     {
         m_driver = std::make_unique<PackageKitUpdateDriver>(m_client, path, m_clock);
-        m_driver->onFinished = [this](bool hasChecked) { m_finished.append(hasChecked); };
+        m_listening = m_driver->finished.subscribe([this](bool hasChecked) { m_finished.append(hasChecked); });
     }
 
     void makeAvailable()
@@ -340,6 +340,7 @@ private:
     std::unique_ptr<FakePackageKit> m_packageKit;
     std::unique_ptr<PackageKitUpdateDriver> m_driver;
     QList<bool> m_finished;
+    Subscription m_listening;
 };
 
 QTEST_GUILESS_MAIN(PackageKitUpdateDriverTest)
