@@ -9,7 +9,7 @@ namespace Tarvik {
 
 using namespace Qt::StringLiterals;
 
-void DBusCallDeleter::operator()(QDBusPendingCallWatcher* call) const
+void dropAnswer(QDBusPendingCallWatcher* call)
 {
     call->disconnect();
     call->deleteLater();

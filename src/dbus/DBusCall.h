@@ -2,24 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Releaser.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace Tarvik {
 
-/// A call may be dropped by the very function that receives its answer.
-struct DBusCallDeleter {
-    void operator()(QDBusPendingCallWatcher* call) const;
-};
+/// Also from within the very function that receives the answer.
+void dropAnswer(QDBusPendingCallWatcher* call);
 
 /// A method call that is under way; destroying it drops the answer, not the call.
-using DBusCall = std::unique_ptr<QDBusPendingCallWatcher, DBusCallDeleter>;
+using DBusCall = Owned<QDBusPendingCallWatcher, dropAnswer>;
 
 struct CallOptions {
     /// The bus may start a service that it knows how to start.

@@ -6,61 +6,61 @@
 #include <wayland-client.h>
 #include <wlr-layer-shell-unstable-v1-client-protocol.h>
 
-namespace Tarvik {
+namespace Tarvik::WaylandObjects {
 
-void WaylandDestroy::operator()(wl_buffer* buffer) const
+void destroy(wl_buffer* buffer)
 {
     wl_buffer_destroy(buffer);
 }
 
-void WaylandDestroy::operator()(wl_event_queue* queue) const
+void destroy(wl_event_queue* queue)
 {
     wl_event_queue_destroy(queue);
 }
 
-void WaylandDestroy::operator()(wl_registry* registry) const
+void destroy(wl_registry* registry)
 {
     wl_registry_destroy(registry);
 }
 
-void WaylandDestroy::operator()(wl_shm* memory) const
+void destroy(wl_shm* memory)
 {
     wl_shm_destroy(memory);
 }
 
-void WaylandDestroy::operator()(wl_shm_pool* pool) const
+void destroy(wl_shm_pool* pool)
 {
     wl_shm_pool_destroy(pool);
 }
 
-void WaylandDestroy::operator()(wp_viewport* viewport) const
+void destroy(wp_viewport* viewport)
 {
     wp_viewport_destroy(viewport);
 }
 
-void WaylandDestroy::operator()(wp_viewporter* viewporter) const
+void destroy(wp_viewporter* viewporter)
 {
     wp_viewporter_destroy(viewporter);
 }
 
-void WaylandDestroy::operator()(zwlr_layer_shell_v1* shell) const
+void destroy(zwlr_layer_shell_v1* shell)
 {
     zwlr_layer_shell_v1_destroy(shell);
 }
 
-void WaylandDestroy::operator()(zwlr_layer_surface_v1* surface) const
+void destroy(zwlr_layer_surface_v1* surface)
 {
     zwlr_layer_surface_v1_destroy(surface);
 }
 
-void WaylandDestroy::operator()(wl_callback* callback) const
+void destroy(wl_callback* callback)
 {
     wl_callback_destroy(callback);
 }
 
-void WaylandDestroy::operator()(wl_display* display) const
+void destroy(wl_display* display)
 {
     wl_display_disconnect(display);
 }
 
-} // namespace Tarvik
+} // namespace Tarvik::WaylandObjects

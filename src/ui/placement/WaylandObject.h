@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
+#include "base/Releaser.h"
 
 struct wl_buffer;
 struct wl_callback;
@@ -18,23 +18,23 @@ struct zwlr_layer_surface_v1;
 
 namespace Tarvik {
 
-/// Destroys an object of libwayland-client; a display is disconnected.
-struct WaylandDestroy {
-    void operator()(wl_buffer* buffer) const;
-    void operator()(wl_callback* callback) const;
-    void operator()(wl_display* display) const;
-    void operator()(wl_event_queue* queue) const;
-    void operator()(wl_registry* registry) const;
-    void operator()(wl_shm* memory) const;
-    void operator()(wl_shm_pool* pool) const;
-    void operator()(wp_viewport* viewport) const;
-    void operator()(wp_viewporter* viewporter) const;
-    void operator()(zwlr_layer_shell_v1* shell) const;
-    void operator()(zwlr_layer_surface_v1* surface) const;
-};
+/// The functions of libwayland-client that end an object; a display is disconnected.
+namespace WaylandObjects {
+void destroy(wl_buffer* buffer);
+void destroy(wl_callback* callback);
+void destroy(wl_display* display);
+void destroy(wl_event_queue* queue);
+void destroy(wl_registry* registry);
+void destroy(wl_shm* memory);
+void destroy(wl_shm_pool* pool);
+void destroy(wp_viewport* viewport);
+void destroy(wp_viewporter* viewporter);
+void destroy(zwlr_layer_shell_v1* shell);
+void destroy(zwlr_layer_surface_v1* surface);
+} // namespace WaylandObjects
 
 /// An object of libwayland-client that is owned.
 template <typename T>
-using WaylandObject = std::unique_ptr<T, WaylandDestroy>;
+using WaylandObject = Owned<T, static_cast<void (*)(T*)>(WaylandObjects::destroy)>;
 
 } // namespace Tarvik

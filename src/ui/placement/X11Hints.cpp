@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/placement/X11Hints.h"
 
+#include "base/Releaser.h"
+
 #include <QByteArray>
 #include <QGuiApplication>
 #include <QMargins>
@@ -12,19 +14,13 @@
 
 #include <array>
 #include <cstdlib>
-#include <memory>
 
 namespace Tarvik::X11Hints {
 
 namespace {
 
 template <typename T>
-struct Free {
-    void operator()(T* reply) const { std::free(reply); }
-};
-
-template <typename T>
-using Reply = std::unique_ptr<T, Free<T>>;
+using Reply = Owned<T, std::free>;
 
 xcb_connection_t* connection()
 {

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/placement/X11Scale.h"
 
+#include "base/Releaser.h"
+
 #include <QByteArrayList>
 #include <QtEndian>
 
 #include <xcb/xcb.h>
 
 #include <cstdlib>
-#include <memory>
 
 namespace Tarvik::X11Scale {
 
@@ -19,10 +20,8 @@ constexpr int largestFactor = 4;
 /// In units of four bytes.
 constexpr uint32_t longestProperty = 64 * 1024;
 
-struct Free {
-    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    void operator()(void* reply) const { std::free(reply); }
-};
+template <typename T>
+using Reply = Owned<T, std::free>;
 
 /// Reads what another program wrote; past its end everything is 0 and `isGood` is false.
 class Reader {
@@ -72,14 +71,14 @@ private:
 xcb_atom_t atom(xcb_connection_t* x11, const QByteArray& name)
 {
     const auto cookie = xcb_intern_atom(x11, 1, static_cast<uint16_t>(name.size()), name.constData());
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(xcb_intern_atom_reply(x11, cookie, nullptr));
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(x11, cookie, nullptr));
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 QByteArray property(xcb_connection_t* x11, xcb_window_t window, xcb_atom_t name)
 {
     const auto cookie = xcb_get_property(x11, 0, window, name, XCB_ATOM_ANY, 0, longestProperty);
-    const std::unique_ptr<xcb_get_property_reply_t, Free> reply(xcb_get_property_reply(x11, cookie, nullptr));
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(x11, cookie, nullptr));
     if (!reply)
         return {};
     return {static_cast<const char*>(xcb_get_property_value(reply.get())), xcb_get_property_value_length(reply.get())};
@@ -88,8 +87,7 @@ QByteArray property(xcb_connection_t* x11, xcb_window_t window, xcb_atom_t name)
 QByteArray settings(xcb_connection_t* x11)
 {
     const auto cookie = xcb_get_selection_owner(x11, atom(x11, "_XSETTINGS_S0"));
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> reply(
-        xcb_get_selection_owner_reply(x11, cookie, nullptr));
+    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(x11, cookie, nullptr));
     if (!reply || reply->owner == XCB_WINDOW_NONE)
         return {};
     return property(x11, reply->owner, atom(x11, "_XSETTINGS_SETTINGS"));
@@ -99,7 +97,7 @@ QByteArray settings(xcb_connection_t* x11)
 
 int missingFactor(const QByteArray& display)
 {
-    const std::unique_ptr<xcb_connection_t, Free> x11(xcb_connect(display.constData(), nullptr));
+    const Owned<xcb_connection_t, xcb_disconnect> x11(xcb_connect(display.constData(), nullptr));
     if (xcb_connection_has_error(x11.get()) != 0)
         return 1;
     const int factor = integerSetting(settings(x11.get()), "Gdk/WindowScalingFactor").value_or(1);

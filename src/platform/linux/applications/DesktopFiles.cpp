@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/applications/DesktopFiles.h"
 
+#include "base/Releaser.h"
+
 #include <QDir>
 #include <QDirIterator>
 
@@ -19,11 +21,7 @@ constexpr auto suffix = ".desktop"_L1;
 /// More than anybody runs; ids come from windows and units, which anything may create.
 constexpr qsizetype maximumNames = 256;
 
-struct Unreference {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-
-using DesktopFile = std::unique_ptr<GDesktopAppInfo, Unreference>;
+using DesktopFile = Owned<GDesktopAppInfo, g_object_unref>;
 
 DesktopFile readDesktopFile(const QString& fileId)
 {
@@ -46,7 +44,7 @@ public:
     Monitor& operator=(const Monitor&) = delete;
 
 private:
-    std::unique_ptr<GAppInfoMonitor, Unreference> m_monitor;
+    Owned<GAppInfoMonitor, g_object_unref> m_monitor;
     gulong m_handler;
 };
 

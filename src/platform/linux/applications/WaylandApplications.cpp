@@ -56,27 +56,27 @@ struct WaylandApplications::Listeners {
     };
 };
 
-void WaylandApplications::Destroy::operator()(wl_callback* callback) const
+void WaylandApplications::destroy(wl_callback* callback)
 {
     wl_callback_destroy(callback);
 }
 
-void WaylandApplications::Destroy::operator()(wl_display* display) const
+void WaylandApplications::destroy(wl_display* display)
 {
     wl_display_disconnect(display);
 }
 
-void WaylandApplications::Destroy::operator()(wl_registry* registry) const
+void WaylandApplications::destroy(wl_registry* registry)
 {
     wl_registry_destroy(registry);
 }
 
-void WaylandApplications::Destroy::operator()(zwlr_foreign_toplevel_handle_v1* handle) const
+void WaylandApplications::destroy(zwlr_foreign_toplevel_handle_v1* handle)
 {
     zwlr_foreign_toplevel_handle_v1_destroy(handle);
 }
 
-void WaylandApplications::Destroy::operator()(zwlr_foreign_toplevel_manager_v1* manager) const
+void WaylandApplications::destroy(zwlr_foreign_toplevel_manager_v1* manager)
 {
     zwlr_foreign_toplevel_manager_v1_destroy(manager);
 }

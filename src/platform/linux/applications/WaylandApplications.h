@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Releaser.h"
 #include "platform/Clock.h"
 #include "platform/RunningApplications.h"
 
@@ -37,15 +38,13 @@ public:
     QList<RunningApplication> list() const override;
 
 private:
-    struct Destroy {
-        void operator()(wl_callback* callback) const;
-        void operator()(wl_display* display) const;
-        void operator()(wl_registry* registry) const;
-        void operator()(zwlr_foreign_toplevel_handle_v1* handle) const;
-        void operator()(zwlr_foreign_toplevel_manager_v1* manager) const;
-    };
+    static void destroy(wl_callback* callback);
+    static void destroy(wl_display* display);
+    static void destroy(wl_registry* registry);
+    static void destroy(zwlr_foreign_toplevel_handle_v1* handle);
+    static void destroy(zwlr_foreign_toplevel_manager_v1* manager);
     template <typename T>
-    using Object = std::unique_ptr<T, Destroy>;
+    using Object = Owned<T, static_cast<void (*)(T*)>(destroy)>;
 
     struct Window {
         Object<zwlr_foreign_toplevel_handle_v1> handle;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/GnomeCustomShortcut.h"
 
+#include "base/Releaser.h"
+
 #include <QByteArrayList>
 
 #include <gio/gio.h>
@@ -18,12 +20,7 @@ constexpr auto listKey = "custom-keybindings";
 constexpr auto shortcutSchema = "org.gnome.settings-daemon.plugins.media-keys.custom-keybinding";
 constexpr auto shortcutDirectory = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/";
 
-struct Unreference {
-    void operator()(GSettings* settings) const { g_object_unref(settings); }
-    void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
-};
-
-using Settings = std::unique_ptr<GSettings, Unreference>;
+using Settings = Owned<GSettings, g_object_unref>;
 
 /// Null when the schema is not installed, which would end the program if it were asked for by its name.
 Settings open(const char* schemaId, const char* path)
@@ -31,7 +28,8 @@ Settings open(const char* schemaId, const char* path)
     GSettingsSchemaSource* source = g_settings_schema_source_get_default();
     if (source == nullptr)
         return nullptr;
-    const std::unique_ptr<GSettingsSchema, Unreference> schema(g_settings_schema_source_lookup(source, schemaId, TRUE));
+    const Owned<GSettingsSchema, g_settings_schema_unref> schema(
+        g_settings_schema_source_lookup(source, schemaId, TRUE));
     return Settings(schema != nullptr ? g_settings_new_full(schema.get(), nullptr, path) : nullptr);
 }
 

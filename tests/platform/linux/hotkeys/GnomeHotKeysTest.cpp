@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/GnomeHotKeys.h"
 
+#include "base/Releaser.h"
 #include "support/GnomeShortcutSchemas.h"
 #include "support/TestSupport.h"
 
@@ -17,11 +18,7 @@ namespace {
 constexpr auto ours = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/tarvik-lock-screen/";
 constexpr auto theirs = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/custom0/";
 
-struct Unreference {
-    void operator()(GSettings* settings) const { g_object_unref(settings); }
-};
-
-using Settings = std::unique_ptr<GSettings, Unreference>;
+using Settings = Owned<GSettings, g_object_unref>;
 
 Settings mediaKeys()
 {
