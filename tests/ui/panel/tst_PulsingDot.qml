@@ -4,6 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Panel
+import ".."
 
 Item {
     id: root

@@ -4,6 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Settings
+import ".."
 
 /// How the settings are used by keyboard alone, and how they look, from left to right as well as from right to left.
 Item {

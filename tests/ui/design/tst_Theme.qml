@@ -3,6 +3,7 @@
 import QtQuick
 import QtTest
 import Tarvik.Design
+import ".."
 
 TestCase {
     id: test
