@@ -7,7 +7,7 @@
 #include "platform/linux/applications/InstalledApplications.h"
 #include "ui/WindowKeeper.h"
 #include "ui/WindowsAdaptor.h"
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 //
-// Part of every program with our QML. Newer versions of Qt put what was compiled of it into the static libraries of the
-// modules, from where the linker takes only what something asks for; without it, every file is compiled when it is
-// opened.
+// Part of every program with our QML: of static libraries, the linker takes only what something asks for. Newer
+// versions of Qt put what was compiled of the QML into those of the modules; without it, every file is compiled when it
+// is opened. The types that QML knows of C++ would be missing as well.
 #include <QtGlobal>
+
+void qml_register_types_Tarvik_Mirror();
 
 // Not in a namespace: the macro declares global functions.
 static void loadCompiledQml()
@@ -12,6 +14,8 @@ static void loadCompiledQml()
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_design);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_panel);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_settings);
+    // Registers itself where it is linked.
+    [[maybe_unused]] void (*volatile types)() = qml_register_types_Tarvik_Mirror;
 }
 
 Q_CONSTRUCTOR_FUNCTION(loadCompiledQml)

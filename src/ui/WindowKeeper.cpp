@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/WindowKeeper.h"
 
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
 #include "ui/mirror/SettingsMirror.h"

@@ -4,6 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Panel
+import Tarvik.Test
 import "../ui"
 
 /// Under a translation that marks every text and makes it longer.
@@ -13,10 +14,8 @@ Item {
     height: 900
     width: 900
 
-    PlainAppearance {
-        id: appearance
-
-        isAnimated: false
+    TestDesktop {
+        id: desktop
     }
     ShownTexts {
         id: shownTexts
@@ -24,29 +23,17 @@ Item {
     Theme {
         id: theme
 
-        appearance: appearance
+        appearance: desktop.appearance
     }
-    // What comes from elsewhere stands between the same marks.
-    QtObject {
-        id: status
-
-        property bool isAwake: true
-        property string reason: "⟦Awake · ⟦2 agents~~~~⟧, ⟦1 app~~⟧~~~~⟧"
-        property string subtitle: "⟦Claude Code, Codex +1 more~~~~⟧"
-        property string details: "⟦charging 80%~~~~~⟧ · ⟦running ⟦very hot~~~⟧~~~~⟧ · ⟦lid closed~~~~⟧ · ⟦959 min left~~~~⟧"
-        property bool isTimedSessionActive
-    }
-    QtObject {
-        id: settings
-
-        property bool isEnabled: true
+    TestTarvik {
+        id: tarvik
     }
     MenuView {
         id: view
 
-        status: status
+        status: tarvik.status
         height: implicitHeight
-        settings: settings
+        settings: tarvik.settings
         theme: theme
         width: implicitWidth
     }
@@ -58,6 +45,13 @@ Item {
 
         function init() {
             failOnWarning(/.?/);
+            desktop.isAnimated = false;
+            tarvik.restart();
+            tarvik.setPower(true, 80);
+            tarvik.set("pauseWhenHot", false);
+            tarvik.setHeat(3);
+            tarvik.allow(["Blender"]);
+            tarvik.run(["claude", "codex"], ["Blender"]);
         }
 
         function test_everythingIsTranslatedAndFits_data() {
@@ -72,8 +66,8 @@ Item {
         }
 
         function test_everythingIsTranslatedAndFits(row) {
-            appearance.textScale = row.textScale;
-            status.isTimedSessionActive = row.isTimedSessionActive;
+            desktop.textScale = row.textScale;
+            tarvik.setTimedSession(row.isTimedSessionActive ? 960 : 0);
             sessionRow.menu.open();
             tryVerify(() => sessionRow.menu.opened);
             const enableRow = findChild(view, "enableRow");

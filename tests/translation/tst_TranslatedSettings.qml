@@ -4,6 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Settings
+import Tarvik.Test
 import "../ui"
 
 /// Under a translation that marks every text and makes it longer.
@@ -13,13 +14,11 @@ Item {
     height: 440
     width: 480
 
-    PlainAppearance {
-        id: appearance
-
-        isAnimated: false
+    TestDesktop {
+        id: desktop
     }
-    PlainSettings {
-        id: plain
+    TestTarvik {
+        id: tarvik
     }
     ShownTexts {
         id: shownTexts
@@ -27,7 +26,7 @@ Item {
     Theme {
         id: theme
 
-        appearance: appearance
+        appearance: desktop.appearance
     }
     SettingsView {
         id: view
@@ -35,12 +34,18 @@ Item {
         agentCount: 29
         anchors.fill: parent
         applications: []
-        hooks: plain.hooks
-        journal: plain.journal
-        status: plain.status
-        settings: plain.settings
+        hooks: tarvik.hooks
+        journal: tarvik.journal
+        status: tarvik.status
+        settings: tarvik.settings
         theme: theme
-        updater: plain.updater
+        updater: tarvik.updater
+    }
+    SignalSpy {
+        id: hookChanges
+
+        signalName: "changed"
+        target: tarvik.hooks
     }
     TestCase {
         name: "TranslatedSettings"
@@ -48,12 +53,12 @@ Item {
 
         readonly property var tabs: ["General", "Triggers", "Power", "Journal", "Updates"]
         /// What comes from elsewhere.
-        readonly property var untranslated: ["Claude Code", "Codex", "Paused"]
+        readonly property var untranslated: ["Claude Code", "Codex", "Gemini CLI", "Qwen Code", "Factory Droid", "Copilot CLI", "Paused"]
 
         function init() {
             failOnWarning(/.?/);
-            plain.settings.allowlist = [];
-            plain.journal.clear();
+            desktop.isAnimated = false;
+            tarvik.restart();
         }
 
         function check(item, surface) {
@@ -75,22 +80,23 @@ Item {
         }
 
         function test_everythingIsTranslatedAndFits(row) {
-            appearance.textScale = row.textScale;
+            desktop.textScale = row.textScale;
             root.width = theme.scaled(480);
             root.height = theme.scaled(440);
             view.currentTab = tabs.indexOf(row.tab);
             // A file that cannot be written has the longest text.
-            plain.hooks.broken = ["codex"];
-            plain.hooks.install("codex");
+            tarvik.breakHooks("copilot");
+            tarvik.hooks.install("copilot");
+            hookChanges.wait();
             verify(grabImage(view));
             verify(check(view, view) > tabs.length);
-            plain.journal.record(new Date(2025, 11, 31), "Paused", "pause.circle", "orange");
+            tarvik.record("paused", "Paused");
             verify(grabImage(view));
             check(view, view);
         }
 
         function test_theChooserIsTranslatedAndFits() {
-            appearance.textScale = 1;
+            desktop.textScale = 1;
             view.currentTab = tabs.indexOf("Triggers");
             verify(grabImage(view));
             findChild(view, "addApp").clicked();

@@ -3,7 +3,7 @@
 #include "fakes/FakeDBusService.h"
 #include "support/TestSupport.h"
 #include "ui/WindowKeeper.h"
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 #include "core/Translation.h"
+#include "ui/TestDesktop.h"
+#include "ui/TestTarvik.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
 
@@ -24,6 +26,8 @@ public Q_SLOTS:
 
     void qmlEngineAvailable(QQmlEngine* engine)
     {
+        qmlRegisterType<Tarvik::TestDesktop>("Tarvik.Test", 1, 0, "TestDesktop");
+        qmlRegisterType<Tarvik::TestTarvik>("Tarvik.Test", 1, 0, "TestTarvik");
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
         engine->addImageProvider(QStringLiteral("icons"), new Tarvik::IconProvider);
         engine->addImageProvider(QStringLiteral("shadows"), new Tarvik::ShadowProvider);

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tarvik.Mirror
 
 /// The design: colours, sizes and motion, for light and dark. An object that every component is handed, not a singleton,
 /// so that two of them can stand side by side in a test.
 QtObject {
     id: root
 
-    /// isDark, accent, isAnimated, isHighContrast and textScale, see Appearance.
-    required property QtObject appearance
+    required property Appearance appearance
 
     readonly property bool isDark: appearance.isDark
     readonly property bool isHighContrast: appearance.isHighContrast

@@ -8,8 +8,10 @@ namespace Tarvik {
 
 /// The agents' hooks as the running Tarvik finds them in the agents' files. What others write there is not announced,
 /// so whoever shows the hooks begins with `refresh()`.
-class HooksMirror : public PropertyMirror {
+class HooksMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one in the windows' process.")
     Q_PROPERTY(QVariantList agents READ agents CONSTANT)
     Q_PROPERTY(QStringList installedIds READ installedIds NOTIFY installedIdsChanged)
 

@@ -8,15 +8,17 @@
 namespace Tarvik {
 
 /// The journal of the running Tarvik.
-class JournalMirror : public PropertyMirror {
+class JournalMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
-    Q_PROPERTY(QAbstractItemModel* entries READ entries NOTIFY entriesChanged)
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one in the windows' process.")
+    Q_PROPERTY(Tarvik::JournalModel* entries READ entries NOTIFY entriesChanged)
 
 public:
     explicit JournalMirror(const QDBusConnection& bus);
 
-    /// A JournalModel, always the same one.
-    QAbstractItemModel* entries() { return &m_model; }
+    /// Always the same one.
+    JournalModel* entries() { return &m_model; }
 
     Q_INVOKABLE void clear();
     /// Asks for the whole journal as text, which comes with `exported`; not when Tarvik does not answer.

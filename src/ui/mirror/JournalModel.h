@@ -5,6 +5,7 @@
 #include "dbus/contracts/ModelTypes.h"
 
 #include <QAbstractListModel>
+#include <QtQmlIntegration>
 
 namespace Tarvik {
 
@@ -12,6 +13,7 @@ namespace Tarvik {
 /// ("on", "off", "paused" or "resumed"), "reason", "iconName" and "iconColor" ("secondary" or "orange").
 class JournalModel : public QAbstractListModel {
     Q_OBJECT
+    QML_ANONYMOUS
 
 public:
     using QAbstractListModel::QAbstractListModel;

@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QObject>
 #include <QVariantMap>
+#include <QtQmlIntegration>
 
 #include <functional>
 #include <memory>
@@ -18,9 +19,11 @@ namespace Tarvik {
 /// An object of the running Tarvik as another process sees it: the base of mirrors, which add typed properties under
 /// the names that the interface has on the bus, put so that QML can use them. Values are read when Tarvik appears and
 /// then follow PropertiesChanged; until then, and of a property that was sent with another type, they are the type's
-/// default or the last known value.
+/// default or the last known value. Mirrors name this class with its namespace, without which the tools of older
+/// versions of Qt do not find it.
 class PropertyMirror : public QObject {
     Q_OBJECT
+    QML_ANONYMOUS
     Q_PROPERTY(bool connected READ isConnected NOTIFY connectedChanged)
 
 public:

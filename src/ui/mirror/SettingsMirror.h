@@ -7,8 +7,10 @@
 namespace Tarvik {
 
 /// The settings of the running Tarvik. What is set shows at once here and is read back when Tarvik has answered.
-class SettingsMirror : public PropertyMirror {
+class SettingsMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one in the windows' process.")
     // clang-format off
     Q_PROPERTY(bool keepDisplayAwake READ keepDisplayAwake WRITE setKeepDisplayAwake NOTIFY keepDisplayAwakeChanged)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY launchAtLoginChanged)

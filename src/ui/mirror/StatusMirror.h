@@ -8,8 +8,10 @@ namespace Tarvik {
 
 /// What the running Tarvik does and why, as far as the windows show it, and what can be asked of it. A request that
 /// fails is logged.
-class StatusMirror : public PropertyMirror {
+class StatusMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one in the windows' process.")
     // clang-format off
     Q_PROPERTY(bool isAwake READ isAwake NOTIFY isAwakeChanged)
     Q_PROPERTY(QString reason READ reason NOTIFY reasonChanged)

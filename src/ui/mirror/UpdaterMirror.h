@@ -7,8 +7,10 @@
 namespace Tarvik {
 
 /// The updater of the running Tarvik. Creating the mirror makes Tarvik find out whether updates can be had.
-class UpdaterMirror : public PropertyMirror {
+class UpdaterMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one in the windows' process.")
     // clang-format off
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
     Q_PROPERTY(bool automaticallyChecksForUpdates READ automaticallyChecksForUpdates WRITE setAutomaticallyChecksForUpdates NOTIFY automaticallyChecksForUpdatesChanged)

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The switch of the whole application.
 Item {
     id: root
 
     required property Theme theme
-    required property QtObject settings
+    required property SettingsMirror settings
 
     readonly property string help: qsTr("Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.")
     readonly property alias toggle: toggleSwitch

@@ -3,16 +3,15 @@
 import QtQuick
 import QtQuick.Templates as T
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The content of the panel: why the computer is or is not kept awake, and the few things to do about it.
 FocusScope {
     id: root
 
     required property Theme theme
-    /// isAwake, reason, subtitle, details, isTimedSessionActive; setTimedSession(minutes), 0 cancels.
-    required property QtObject status
-    /// isEnabled, read and written.
-    required property QtObject settings
+    required property StatusMirror status
+    required property SettingsMirror settings
 
     readonly property bool sessionHovered: sessionRow.hovered
 

@@ -3,7 +3,7 @@
 #include "ui/panel/Panel.h"
 
 #include "core/Logging.h"
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"

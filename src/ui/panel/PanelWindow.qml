@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The window of the panel: a surface with a shadow where the desktop can show one.
 Window {
     id: root
 
-    required property QtObject appearance
-    required property QtObject settings
-    required property QtObject status
+    required property Appearance appearance
+    required property SettingsMirror settings
+    required property StatusMirror status
     /// Whether transparent windows are possible.
     required property bool isComposited
 

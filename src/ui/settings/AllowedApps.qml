@@ -3,12 +3,13 @@
 import QtQuick
 import QtQuick.Templates as T
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The applications that keep the computer awake while they are open.
 Section {
     id: root
 
-    required property QtObject settings
+    required property SettingsMirror settings
     /// What can be added; filled after `applicationsWanted`.
     required property var applications
 

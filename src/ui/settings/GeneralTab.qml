@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// What Tarvik keeps awake besides the computer, when it starts, and what it tells the user.
 Form {
     id: root
 
-    required property QtObject settings
+    required property SettingsMirror settings
 
     Section {
         theme: root.theme

@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// A switch for each agent that can announce its turns. Which are on is what the agents' own files say.
 Section {
     id: root
 
-    required property QtObject hooks
+    required property HooksMirror hooks
     /// The ids of agents whose file could not be written the last time.
     property var failed: []
 

@@ -3,13 +3,14 @@
 import QtQuick
 import QtQuick.Templates as T
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The history, newest first.
 Item {
     id: root
 
     required property Theme theme
-    required property QtObject journal
+    required property JournalMirror journal
 
     signal copyText(string text)
 

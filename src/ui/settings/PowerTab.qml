@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The rules that pause Tarvik, and the one that switches it on.
 Form {
     id: root
 
-    required property QtObject settings
-    required property QtObject status
+    required property SettingsMirror settings
+    required property StatusMirror status
 
     Section {
         footer: root.batteryText()

@@ -2,22 +2,18 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The content of the settings window: five tabs, each a form. Every change takes effect at once.
 FocusScope {
     id: root
 
     required property Theme theme
-    /// Every setting, read and written.
-    required property QtObject settings
-    /// hasBattery, batteryPercent (undefined when unknown), isOnAC, thermalText.
-    required property QtObject status
-    /// entries, a model; clear(), exportText(), exported(text).
-    required property QtObject journal
-    /// agents, installedIds; install(id), uninstall(id), changed(id, succeeded).
-    required property QtObject hooks
-    /// canCheckForUpdates, automaticallyChecksForUpdates, automaticallyDownloadsUpdates, lastUpdateCheckDate; checkForUpdates().
-    required property QtObject updater
+    required property SettingsMirror settings
+    required property StatusMirror status
+    required property JournalMirror journal
+    required property HooksMirror hooks
+    required property UpdaterMirror updater
     required property int agentCount
     /// The installed applications, objects with "bundleID" and "name"; filled after `applicationsWanted`.
     required property var applications

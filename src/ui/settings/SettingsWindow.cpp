@@ -4,7 +4,7 @@
 
 #include "core/AgentCatalogue.h"
 #include "core/Logging.h"
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/placement/WindowActivation.h"

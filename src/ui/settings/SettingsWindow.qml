@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The window of the settings, of a fixed size that grows with the text as far as the screen goes.
 Window {
     id: root
 
-    required property QtObject appearance
-    required property QtObject settings
-    required property QtObject status
-    required property QtObject journal
-    required property QtObject hooks
-    required property QtObject updater
+    required property Appearance appearance
+    required property SettingsMirror settings
+    required property StatusMirror status
+    required property JournalMirror journal
+    required property HooksMirror hooks
+    required property UpdaterMirror updater
     /// How many coding agents the catalogue knows.
     required property int agentCount
 

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// What counts as work: agents, their hooks, editors and chosen applications.
 Form {
     id: root
 
-    required property QtObject settings
-    required property QtObject hooks
+    required property SettingsMirror settings
+    required property HooksMirror hooks
     required property int agentCount
     required property var applications
 

@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// New versions: whether they are looked for, and looking for them now.
 Form {
     id: root
 
-    required property QtObject updater
+    required property UpdaterMirror updater
 
     Section {
         theme: root.theme

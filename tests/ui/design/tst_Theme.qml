@@ -3,31 +3,28 @@
 import QtQuick
 import QtTest
 import Tarvik.Design
-import ".."
+import Tarvik.Test
 
 TestCase {
     id: test
 
     name: "Theme"
 
-    PlainAppearance {
-        id: appearance
-    }
-    PlainAppearance {
-        id: plain
+    TestDesktop {
+        id: desktop
     }
     Theme {
         id: theme
 
-        appearance: appearance
+        appearance: desktop.appearance
     }
 
     function init() {
         failOnWarning(/.?/);
-        appearance.isDark = false;
-        appearance.isHighContrast = false;
-        appearance.textScale = 1;
-        appearance.accent = plain.accent;
+        desktop.isDark = false;
+        desktop.isHighContrast = false;
+        desktop.textScale = 1;
+        desktop.accent = undefined;
     }
 
     function test_textIsReadable_data() {
@@ -40,7 +37,7 @@ TestCase {
     }
 
     function test_textIsReadable(row) {
-        appearance.isDark = row.isDark;
+        desktop.isDark = row.isDark;
         const surface = theme[row.surface];
         verify(theme.contrast(theme.text, surface) >= 7, `text ${theme.contrast(theme.text, surface)}`);
         const others = { hover: ["secondaryText", "danger"], menuHover: ["secondaryText"], selection: ["secondaryText", "accentOnSurface"] };
@@ -53,7 +50,7 @@ TestCase {
     }
 
     function test_controlsCanBeSeen(row) {
-        appearance.isDark = row.isDark;
+        desktop.isDark = row.isDark;
         for (const role of ["awake", "accent", "focusRing", "secondaryText", "switchOff"])
             verify(theme.contrast(theme[role], theme.panel) >= 3, `${role} ${theme.contrast(theme[role], theme.panel)}`);
         verify(theme.contrast(theme.accentText, theme.accent) > 4.5, theme.contrast(theme.accentText, theme.accent));
@@ -64,8 +61,8 @@ TestCase {
     }
 
     function test_highContrastDarkensWhatIsFaint(row) {
-        appearance.isDark = row.isDark;
-        appearance.isHighContrast = true;
+        desktop.isDark = row.isDark;
+        desktop.isHighContrast = true;
         for (const role of ["secondaryText", "tertiaryText"])
             verify(theme.contrast(theme[role], theme.panel) >= 7, role);
         for (const role of ["switchOff", "outline", "separator"])
@@ -73,10 +70,10 @@ TestCase {
     }
 
     function test_theUsersAccentIsTaken() {
-        appearance.accent = "#ffcc00";
+        desktop.accent = "#ffcc00";
         compare(theme.accent, "#ffcc00");
         verify(theme.contrast(theme.accentText, theme.accent) >= 4.5);
-        appearance.accent = "#7a1fa2";
+        desktop.accent = "#7a1fa2";
         verify(theme.contrast(theme.accentText, theme.accent) >= 4.5);
     }
 
@@ -85,20 +82,20 @@ TestCase {
     }
 
     function test_aSwitchCanBeSeenInEveryAccent(row) {
-        appearance.accent = row.accent;
+        desktop.accent = row.accent;
         for (const isDark of [false, true]) {
-            appearance.isDark = isDark;
+            desktop.isDark = isDark;
             const edge = theme.switchOutline.a ? theme.switchOutline : theme.accent;
             verify(theme.contrast(edge, theme.panel) >= 3, `edge in ${isDark ? "dark" : "light"}`);
             verify(theme.contrast(theme.accentKnob, theme.accent) >= 2.2, theme.contrast(theme.accentKnob, theme.accent));
-            for (appearance.isHighContrast of [true, false])
+            for (desktop.isHighContrast of [true, false])
                 verify(theme.contrast(theme.knob, theme.switchOff) >= 3, `knob in ${isDark ? "dark" : "light"}`);
         }
     }
 
     function test_everythingGrowsWithTheText() {
         compare(theme.bodySize, 13);
-        appearance.textScale = 2;
+        desktop.textScale = 2;
         compare(theme.bodySize, 26);
         compare(theme.iconSize, 32);
     }

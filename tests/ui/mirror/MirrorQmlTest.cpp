@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Binds as the windows do, by name only.
+/// Binds by name only.
 constexpr auto view = R"(
 import QtQml
 import QtQml.Models

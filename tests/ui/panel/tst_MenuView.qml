@@ -4,7 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Panel
-import ".."
+import Tarvik.Test
 
 Item {
     id: root
@@ -12,39 +12,23 @@ Item {
     height: 700
     width: 700
 
-    PlainAppearance {
-        id: appearance
+    TestDesktop {
+        id: desktop
     }
     Theme {
         id: theme
 
-        appearance: appearance
+        appearance: desktop.appearance
     }
-    QtObject {
-        id: status
-
-        property bool isAwake
-        property string reason
-        property string subtitle
-        property string details
-        property bool isTimedSessionActive
-        property var sessions: []
-
-        function setTimedSession(minutes) {
-            sessions = sessions.concat(minutes);
-        }
-    }
-    QtObject {
-        id: settings
-
-        property bool isEnabled
+    TestTarvik {
+        id: tarvik
     }
     MenuView {
         id: view
 
-        status: status
+        status: tarvik.status
         height: implicitHeight
-        settings: settings
+        settings: tarvik.settings
         theme: theme
         width: implicitWidth
     }
@@ -65,16 +49,13 @@ Item {
 
         function init() {
             failOnWarning(/.?/);
-            appearance.isDark = false;
-            appearance.textScale = 1;
-            appearance.isAnimated = false;
-            status.isAwake = true;
-            status.reason = "Awake · 2 agents, 1 app";
-            status.subtitle = "Claude Code, Codex +1 more";
-            status.details = "charging 80%";
-            status.isTimedSessionActive = false;
-            status.sessions = [];
-            settings.isEnabled = true;
+            desktop.isDark = false;
+            desktop.textScale = 1;
+            desktop.isAnimated = false;
+            tarvik.restart();
+            tarvik.setPower(true, 80);
+            tarvik.allow(["Blender"]);
+            tarvik.run(["claude", "codex"], ["Blender"]);
             view.LayoutMirroring.enabled = false;
             sessionRow.menu.close();
             tryVerify(() => !sessionRow.menu.visible);
@@ -126,7 +107,7 @@ Item {
         function test_emptyDetailsShowNoThirdLine() {
             const before = view.implicitHeight;
             verify(findChild(view, "details").visible);
-            status.details = "";
+            tarvik.setPower(true);
             verify(!findChild(view, "details").visible);
             tryVerify(() => view.implicitHeight < before);
         }
@@ -152,18 +133,18 @@ Item {
         }
 
         function test_withASessionTheMenuEndsWithCancel() {
-            status.isTimedSessionActive = true;
+            tarvik.setTimedSession(10);
             compare(sessionRow.title, "Change session…");
             compare(entries(), ["10 minutes", "1 hour", "2 hours", "All day (16 h)", "-", "Cancel timer"]);
-            status.isTimedSessionActive = false;
+            tarvik.setTimedSession(0);
             compare(entries().length, 4);
         }
 
         function test_theMenuFollowsTheSessionWhileItIsOpen() {
             openMenu();
-            status.isTimedSessionActive = true;
+            tarvik.setTimedSession(10);
             compare(entries().length, 6);
-            status.isTimedSessionActive = false;
+            tarvik.setTimedSession(0);
             compare(entries().length, 4);
         }
 
@@ -179,48 +160,49 @@ Item {
         function test_anEntryStartsItsSession(row) {
             openMenu();
             mouseClick(sessionRow.menu.itemAt(row.index));
-            compare(status.sessions, [row.minutes]);
+            tryCompare(tarvik.status, "reason", `Awake — ${row.minutes + 1} min left`);
             tryVerify(() => !sessionRow.menu.visible);
             compare(signalled, []);
         }
 
         function test_oneHourReplacesARunningSession() {
-            status.isTimedSessionActive = true;
+            tarvik.setTimedSession(10);
             openMenu();
             mouseClick(sessionRow.menu.itemAt(1));
-            compare(status.sessions, [60]);
+            tryCompare(tarvik.status, "reason", "Awake — 61 min left");
         }
 
         function test_cancelTimerEndsTheSession() {
-            status.isTimedSessionActive = true;
+            tarvik.setTimedSession(10);
             openMenu();
             mouseClick(sessionRow.menu.itemAt(5));
-            compare(status.sessions, [0]);
+            tryVerify(() => !tarvik.status.isTimedSessionActive);
+            compare(tarvik.status.reason, "Awake · 2 agents, 1 app");
         }
 
         function test_theSwitchShowsAndWritesTheSetting() {
             verify(toggle.checked);
             mouseClick(toggle);
-            compare(settings.isEnabled, false);
+            tryVerify(() => !tarvik.setting("isEnabled"));
             verify(!toggle.checked);
-            settings.isEnabled = true;
+            tarvik.set("isEnabled", true);
             verify(toggle.checked);
             mouseClick(toggle);
-            compare(settings.isEnabled, false);
+            tryVerify(() => !tarvik.setting("isEnabled"));
         }
 
         function test_aSwitchThatAScreenReaderFlipsWritesToo() {
             toggle.toggle();
-            compare(settings.isEnabled, false);
+            tryVerify(() => !tarvik.setting("isEnabled"));
         }
 
         function test_theDotStopsWhenTheCoordinatorSaysSo() {
-            appearance.isAnimated = true;
+            desktop.isAnimated = true;
             const dot = findChild(view, "dot");
-            mouseClick(toggle);
-            compare(settings.isEnabled, false);
+            toggle.toggle();
+            compare(tarvik.settings.isEnabled, false);
             verify(dot.isRunning);
-            status.isAwake = false;
+            tryVerify(() => !tarvik.status.isAwake);
             verify(!dot.isRunning);
         }
 
@@ -287,7 +269,7 @@ Item {
             compare(signalled, ["lockScreen", "dismissed"]);
             toggle.forceActiveFocus(Qt.TabFocusReason);
             keyClick(row.key);
-            compare(settings.isEnabled, false);
+            tryVerify(() => !tarvik.setting("isEnabled"));
         }
 
         function test_theMenuIsUsedByKeyboard_data() {
@@ -301,7 +283,7 @@ Item {
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Return);
-            compare(status.sessions, [60]);
+            tryCompare(tarvik.status, "reason", "Awake — 61 min left");
             tryVerify(() => !sessionRow.menu.visible);
             compare(signalled, []);
         }
@@ -332,8 +314,10 @@ Item {
         }
 
         function test_textAtTwiceTheSizeFits() {
-            status.reason = "Paused — battery below 20% and a rather long reason";
-            appearance.textScale = 2;
+            tarvik.set("requireAC", true);
+            tarvik.setPower(false, 80);
+            compare(tarvik.status.reason, "Paused — on battery");
+            desktop.textScale = 2;
             compare(view.implicitWidth, 600);
             for (const name of ["headline", "subtitle", "details"])
                 verify(!findChild(view, name).truncated, name);
@@ -367,7 +351,7 @@ Item {
             sessionRow.Accessible.pressAction();
             tryVerify(() => sessionRow.menu.opened);
             sessionRow.menu.itemAt(2).Accessible.pressAction();
-            compare(status.sessions, [120]);
+            tryCompare(tarvik.status, "reason", "Awake — 121 min left");
             tryVerify(() => !sessionRow.menu.visible);
         }
 

@@ -4,35 +4,24 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Panel
-import ".."
+import Tarvik.Test
 
 TestCase {
     name: "PanelWindow"
 
-    PlainAppearance {
-        id: appearance
+    TestDesktop {
+        id: desktop
     }
-    QtObject {
-        id: status
-
-        property bool isAwake
-        property string reason: "Dozing — nothing to watch"
-        property string subtitle: "Nothing running to keep awake for"
-        property string details
-        property bool isTimedSessionActive
-    }
-    QtObject {
-        id: settings
-
-        property bool isEnabled: true
+    TestTarvik {
+        id: tarvik
     }
     PanelWindow {
         id: panel
 
-        appearance: appearance
-        status: status
+        appearance: desktop.appearance
+        status: tarvik.status
         isComposited: false
-        settings: settings
+        settings: tarvik.settings
     }
     SignalSpy {
         id: frames
@@ -43,7 +32,7 @@ TestCase {
 
     function init() {
         failOnWarning(/.?/);
-        status.details = "";
+        tarvik.restart();
         frames.clear();
         panel.show();
         tryVerify(() => panel.active);
@@ -58,9 +47,9 @@ TestCase {
 
     function test_growsAndShrinksWithItsContent() {
         const before = panel.height;
-        status.details = "charging 80%";
+        tarvik.setPower(true, 80);
         tryVerify(() => panel.height > before);
-        status.details = "";
+        tarvik.setPower(true);
         tryCompare(panel, "height", before);
     }
 }

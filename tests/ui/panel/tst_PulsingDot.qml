@@ -4,7 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Panel
-import ".."
+import Tarvik.Test
 
 Item {
     id: root
@@ -12,13 +12,13 @@ Item {
     height: 100
     width: 100
 
-    PlainAppearance {
-        id: appearance
+    TestDesktop {
+        id: desktop
     }
     Theme {
         id: theme
 
-        appearance: appearance
+        appearance: desktop.appearance
     }
     PulsingDot {
         id: dot
@@ -37,7 +37,7 @@ Item {
 
         function init() {
             failOnWarning(/.?/);
-            appearance.isAnimated = true;
+            desktop.isAnimated = true;
             dot.active = true;
             dot.visible = true;
         }
@@ -74,7 +74,7 @@ Item {
         }
 
         function test_theHaloSwellsAndFades(row) {
-            appearance.isAnimated = false;
+            desktop.isAnimated = false;
             dot.phase = row.phase;
             fuzzyCompare(halo.opacity, row.opacity, 0.0001);
             fuzzyCompare(halo.scale, row.scale, 0.0001);
@@ -98,7 +98,7 @@ Item {
             return [
                 { tag: "inactive", stop: () => dot.active = false },
                 { tag: "hidden", stop: () => dot.visible = false },
-                { tag: "animations are off", stop: () => appearance.isAnimated = false }
+                { tag: "animations are off", stop: () => desktop.isAnimated = false }
             ];
         }
 

@@ -4,7 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Settings
-import ".."
+import Tarvik.Test
 
 Item {
     id: root
@@ -12,21 +12,16 @@ Item {
     height: 440
     width: 480
 
-    PlainAppearance {
-        id: appearance
+    TestDesktop {
+        id: desktop
     }
     Theme {
         id: theme
 
-        appearance: appearance
+        appearance: desktop.appearance
     }
-    Component {
-        id: plainComponent
-
-        PlainSettings {}
-    }
-    PlainSettings {
-        id: initial
+    TestTarvik {
+        id: tarvik
     }
     SettingsView {
         id: view
@@ -36,12 +31,12 @@ Item {
         agentCount: 29
         applications: []
         anchors.fill: parent
-        hooks: initial.hooks
-        journal: initial.journal
-        status: initial.status
-        settings: initial.settings
+        hooks: tarvik.hooks
+        journal: tarvik.journal
+        status: tarvik.status
+        settings: tarvik.settings
         theme: theme
-        updater: initial.updater
+        updater: tarvik.updater
 
         onApplicationsWanted: applications = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "fr.handbrake", name: "HandBrake"}, {bundleID: "org.gimp", name: "GIMP"}]
         onCopyText: text => copied = text
@@ -53,12 +48,12 @@ Item {
         when: windowShown
 
         readonly property var tabs: ["General", "Triggers", "Power", "Journal", "Updates"]
-        property PlainSettings plain
 
         function init() {
-            plain = plainComponent.createObject(root);
-            for (const name of ["settings", "status", "journal", "hooks", "updater"])
-                view[name] = plain[name];
+            tarvik.restart();
+            tarvik.editHooks(["claude"]);
+            tarvik.hooks.refresh();
+            tryVerify(() => tarvik.hooks.installedIds.length === 1);
             view.currentTab = 0;
             view.copied = "";
             waitForRendering(view);
@@ -119,7 +114,6 @@ Item {
         function test_switchesWriteAtOnce_data() {
             return [
                 {tag: "keepDisplayAwake", tab: "General", title: "Also keep the display awake"},
-                {tag: "launchAtLogin", tab: "General", title: "Launch Tarvik at login"},
                 {tag: "notifyOnToggle", tab: "General", title: "Notify every time Tarvik starts or stops"},
                 {tag: "notifyOnPause", tab: "General", title: "Notify when paused by battery or heat"},
                 {tag: "watchAgents", tab: "Triggers", title: "Watch coding agents"},
@@ -136,19 +130,26 @@ Item {
             const row = find(data.tag);
             compare(row.title, data.title);
             scrollTo(row);
-            const before = plain.settings[data.tag];
+            const before = tarvik.setting(data.tag);
             mouseClick(row, row.width - 20, row.height / 2);
-            compare(plain.settings[data.tag], !before);
+            tryVerify(() => tarvik.setting(data.tag) === !before);
             compare(row.isOn, !before);
             // The whole row is the switch's.
             mouseClick(row, 30, row.height / 2);
-            compare(plain.settings[data.tag], before);
+            tryVerify(() => tarvik.setting(data.tag) === before);
+        }
+
+        function test_launchingAtLoginIsAskedFor() {
+            const row = find("launchAtLogin");
+            compare(row.title, "Launch Tarvik at login");
+            mouseClick(row, row.width - 20, row.height / 2);
+            tryVerify(() => tarvik.asked().includes("login on"));
         }
 
         function test_aChangeFromElsewhereIsShown() {
             const toggle = findChild(find("keepDisplayAwake"), "toggle");
             compare(toggle.checked, false);
-            plain.settings.keepDisplayAwake = true;
+            tarvik.set("keepDisplayAwake", true);
             compare(toggle.checked, true);
         }
 
@@ -161,9 +162,9 @@ Item {
             show("Triggers");
             scrollTo(find("codex"));
             click("codex");
-            compare(plain.hooks.installedIds, ["claude", "codex"]);
+            tryVerify(() => tarvik.installedHooks().join() === "claude,codex");
             click("claude");
-            compare(plain.hooks.installedIds, ["codex"]);
+            tryVerify(() => tarvik.installedHooks().join() === "codex");
             compare(find("codex").caption, "");
         }
 
@@ -171,47 +172,46 @@ Item {
             show("Triggers");
             const row = find("codex");
             scrollTo(row);
-            plain.hooks.broken = ["codex"];
+            tarvik.breakHooks("codex");
             click("codex");
-            compare(plain.hooks.installedIds, ["claude"]);
-            compare(row.caption, "Couldn't write ~/.codex/hooks.json. If you've edited it by hand, check it's valid JSON — Tarvik won't overwrite a file it can't read.");
+            tryCompare(row, "caption", "Couldn't write ~/.codex/hooks.json. If you've edited it by hand, check it's valid JSON — Tarvik won't overwrite a file it can't read.");
             verify(!findChild(row, "toggle").checked);
             compare(find("claude").caption, "");
 
-            plain.hooks.broken = [];
+            tarvik.mendHooks("codex");
             click("codex");
-            compare(plain.hooks.installedIds, ["claude", "codex"]);
-            compare(row.caption, "");
+            tryCompare(row, "caption", "");
+            compare(tarvik.installedHooks(), ["claude", "codex"]);
             verify(findChild(row, "toggle").checked);
         }
 
         function test_anEntryThatIsGoneFromTheFileShowsAsOff() {
             show("Triggers");
-            plain.hooks.installedIds = [];
-            verify(!findChild(find("claude"), "toggle").checked);
+            tarvik.hooks.uninstall("claude");
+            tryVerify(() => !findChild(find("claude"), "toggle").checked);
         }
 
         function test_theFilesAreAskedAgainWheneverTheListIsShown() {
             show("Triggers");
             verify(findChild(find("claude"), "toggle").checked);
             show("General");
-            plain.hooks.edited = ["codex"];
+            tarvik.editHooks(["codex"]);
             show("Triggers");
-            verify(!findChild(find("claude"), "toggle").checked);
+            tryVerify(() => !findChild(find("claude"), "toggle").checked);
             verify(findChild(find("codex"), "toggle").checked);
         }
 
         function test_appsAreListedAndRemoved() {
             show("Triggers");
             verify(texts(view).includes("No apps added. Keep awake while a chosen app is running."));
-            plain.settings.allowlist = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "fr.handbrake", name: "HandBrake"}];
+            tarvik.allow(["Blender", "HandBrake"]);
             verify(!texts(view).includes("No apps added. Keep awake while a chosen app is running."));
             const shown = texts(view);
             verify(shown.indexOf("Blender") >= 0 && shown.indexOf("Blender") < shown.indexOf("HandBrake"));
             const remove = find("remove");
             scrollTo(remove);
             mouseClick(remove);
-            compare(plain.settings.allowlist, [{bundleID: "fr.handbrake", name: "HandBrake"}]);
+            tryVerify(() => tarvik.allowed().join() === "HandBrake");
         }
 
         function test_anAppIsAdded_data() {
@@ -238,7 +238,9 @@ Item {
                 mouseClick(tryItem(list, 0));
             else
                 keyClick(Qt.Key_Return);
-            compare(plain.settings.allowlist, [{bundleID: "fr.handbrake", name: "HandBrake"}]);
+            tryVerify(() => tarvik.settings.allowlist.length === 1);
+            compare(tarvik.settings.allowlist, [{bundleID: "fr.handbrake", name: "HandBrake"}]);
+            compare(tarvik.allowed(), ["HandBrake"]);
             tryCompare(chooser, "visible", false);
         }
 
@@ -254,58 +256,56 @@ Item {
             verify(chooser.opened);
             keyClick(Qt.Key_Escape);
             tryCompare(chooser, "visible", false);
-            compare(plain.settings.allowlist, []);
+            compare(tarvik.allowed(), []);
         }
 
         function test_theBatteryLevelIsThereOnlyWithItsLimit() {
             show("Power");
-            verify(find("batteryThreshold").visible);
-            plain.settings.batteryLimitEnabled = false;
             verify(!find("batteryThreshold").visible);
+            tarvik.set("batteryLimitEnabled", true);
+            verify(find("batteryThreshold").visible);
         }
 
         function test_theBatteryLevelStaysFrom5To95InStepsOf5() {
+            tarvik.set("batteryLimitEnabled", true);
             show("Power");
             const slider = find("batteryThreshold");
             waitForRendering(view);
             mousePress(slider, slider.width / 2, slider.height / 2);
             mouseMove(slider, slider.width / 2 + 31, slider.height / 2);
-            compare(plain.settings.batteryThreshold % 5, 0);
+            compare(tarvik.settings.batteryThreshold % 5, 0);
             mouseMove(slider, -100, slider.height / 2);
-            compare(plain.settings.batteryThreshold, 5);
+            tryVerify(() => tarvik.setting("batteryThreshold") === 5);
             compare(find("batteryThresholdText").text, "5%");
             mouseMove(slider, slider.width + 100, slider.height / 2);
             mouseRelease(slider, slider.width + 100, slider.height / 2);
-            compare(plain.settings.batteryThreshold, 95);
+            tryVerify(() => tarvik.setting("batteryThreshold") === 95);
             keyClick(Qt.Key_Right);
-            compare(plain.settings.batteryThreshold, 95);
+            compare(tarvik.settings.batteryThreshold, 95);
             keyClick(Qt.Key_Left);
-            compare(plain.settings.batteryThreshold, 90);
+            tryVerify(() => tarvik.setting("batteryThreshold") === 90);
         }
 
         function test_theBatteryIsTold_data() {
             const none = "No internal battery detected — these conditions have no effect.";
             return [
-                {tag: "on battery", hasBattery: true, percent: 80, isOnAC: false, text: "Currently 80% • on battery"},
-                {tag: "on AC power", hasBattery: true, percent: 7, isOnAC: true, text: "Currently 7% • on AC power"},
-                {tag: "empty", hasBattery: true, percent: 0, isOnAC: false, text: "Currently 0% • on battery"},
-                {tag: "unknown level", hasBattery: true, percent: undefined, isOnAC: false, text: none},
-                {tag: "no battery", hasBattery: false, percent: undefined, isOnAC: true, text: none},
+                {tag: "on battery", percent: 80, isOnAC: false, text: "Currently 80% • on battery"},
+                {tag: "on AC power", percent: 7, isOnAC: true, text: "Currently 7% • on AC power"},
+                {tag: "empty", percent: 0, isOnAC: false, text: "Currently 0% • on battery"},
+                {tag: "no battery", percent: undefined, isOnAC: true, text: none},
             ];
         }
 
         function test_theBatteryIsTold(data) {
             show("Power");
-            plain.status.hasBattery = data.hasBattery;
-            plain.status.batteryPercent = data.percent;
-            plain.status.isOnAC = data.isOnAC;
+            tarvik.setPower(data.isOnAC, data.percent);
             compare(find("battery").footer, data.text);
             verify(find("requireAC").enabled);
         }
 
         function test_theTemperatureIsTold() {
             show("Power");
-            plain.status.thermalText = "very hot";
+            tarvik.setHeat(3);
             compare(find("heat").footer, "Temperature is currently very hot. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.");
         }
 
@@ -314,8 +314,10 @@ Item {
             verify(find("noEntries").visible);
             compare(find("noEntries").text, "Nothing yet. Tarvik records every time it starts, stops, or pauses.");
             verify(!find("copy").enabled);
-            plain.journal.record(new Date(), "Paused — on battery", "pause.circle", "orange");
-            plain.journal.record(new Date(2025, 0, 31, 17, 4), "Awake · 1 agent", "bolt.fill", "secondary");
+            tarvik.setClock(new Date());
+            tarvik.record("paused", "Paused — on battery");
+            tarvik.setClock(new Date(2025, 0, 31, 17, 4));
+            tarvik.record("on", "Awake · 1 agent");
             compare(find("entries").count, 2);
             tryVerify(() => !find("noEntries").visible);
             tryVerify(() => find("entries").itemAtIndex(0) && find("entries").itemAtIndex(1));
@@ -330,24 +332,29 @@ Item {
             } while (new Date().toDateString() !== today);
             compare(time.startsWith("Today "), rows[1].at.toDateString() === today, time);
             mouseClick(find("copy"));
-            compare(view.copied, "the journal");
+            tryCompare(view, "copied", tarvik.journalText());
             mouseClick(find("clear"));
-            compare(find("entries").count, 0);
+            tryCompare(find("entries"), "count", 0);
         }
 
         function test_updatesAreLookedForOnlyWhenPossible() {
             show("Updates");
-            plain.updater.canCheckForUpdates = false;
             verify(!find("check").enabled);
-            find("check").Accessible.pressAction();
-            compare(plain.updater.checks, 0);
-            plain.updater.canCheckForUpdates = true;
+            tarvik.offerUpdates();
+            verify(find("check").enabled);
             mouseClick(find("check"));
-            compare(plain.updater.checks, 1);
-            click("automaticallyChecks");
-            compare(plain.updater.automaticallyChecksForUpdates, false);
-            click("automaticallyDownloads");
-            compare(plain.updater.automaticallyDownloadsUpdates, true);
+            tryVerify(() => tarvik.updateChecks() === 1);
+            // One that a check keeps from being pressed, a screen reader cannot press either.
+            tryVerify(() => !find("check").enabled);
+            find("check").Accessible.pressAction();
+            tarvik.finishUpdateCheck();
+            compare(tarvik.updateChecks(), 1);
+            for (const name of ["automaticallyChecks", "automaticallyDownloads"]) {
+                const row = find(name);
+                compare(row.isOn, false);
+                click(name);
+                compare(row.isOn, true);
+            }
         }
 
         function test_theLastCheckIsTold_data() {
@@ -365,7 +372,11 @@ Item {
             show("Updates");
             const now = new Date();
             compare(view.currentPage.lastCheck(now), "Not checked yet.");
-            plain.updater.lastUpdateCheckDate = new Date(now - data.seconds * 1000);
+            tarvik.offerUpdates();
+            tarvik.setClock(new Date(now - data.seconds * 1000));
+            tarvik.updater.checkForUpdates();
+            tryVerify(() => tarvik.updateChecks() === 1);
+            tarvik.finishUpdateCheck();
             compare(view.currentPage.lastCheck(now), data.text);
         }
     }

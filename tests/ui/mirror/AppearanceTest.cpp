@@ -1,13 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 
-#include "fakes/FakeDBusService.h"
+#include "fakes/FakeSettingsPortal.h"
 #include "support/TestSupport.h"
 
-#include <QDBusArgument>
-#include <QDBusMetaType>
-#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
@@ -17,37 +14,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Groups = QMap<QString, QVariantMap>;
-
-const auto settingsInterface = u"org.freedesktop.portal.Settings"_s;
-const auto appearanceGroup = u"org.freedesktop.appearance"_s;
-const auto interfaceGroup = u"org.gnome.desktop.interface"_s;
-
-/// The desktop portal with the settings it is given.
-class FakePortal : public FakeDBusService {
-public:
-    explicit FakePortal(const QDBusConnection& bus)
-        : FakeDBusService(bus, u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s)
-    {
-        qDBusRegisterMetaType<Groups>();
-        handler = [this](const QDBusMessage& call) { return call.createReply(QVariant::fromValue(settings)); };
-    }
-
-    void change(const QString& group, const QString& key, const QVariant& value)
-    {
-        emitSignal(settingsInterface, u"SettingChanged"_s, {group, key, QVariant::fromValue(QDBusVariant(value))});
-    }
-
-    Groups settings;
-};
+const auto appearanceGroup = QString::fromLatin1(FakeSettingsPortal::appearanceGroup);
+const auto interfaceGroup = QString::fromLatin1(FakeSettingsPortal::interfaceGroup);
 
 QVariant rgb(double red, double green, double blue)
 {
-    QDBusArgument argument;
-    argument.beginStructure();
-    argument << red << green << blue;
-    argument.endStructure();
-    return QVariant::fromValue(argument);
+    return FakeSettingsPortal::rgb(red, green, blue);
 }
 
 } // namespace
@@ -71,7 +43,7 @@ private Q_SLOTS:
 
     void thePortalsSettingsAreTakenOver()
     {
-        FakePortal portal(m_server);
+        FakeSettingsPortal portal(m_server);
         portal.settings[appearanceGroup]
             = {{u"color-scheme"_s, 1U}, {u"accent-color"_s, rgb(1, 0.5, 0)}, {u"contrast"_s, 1U}};
         portal.settings[interfaceGroup] = {{u"enable-animations"_s, false}, {u"text-scaling-factor"_s, 1.5}};
@@ -88,7 +60,7 @@ private Q_SLOTS:
 
     void changesAreFollowedLive()
     {
-        FakePortal portal(m_server);
+        FakeSettingsPortal portal(m_server);
         QVERIFY(portal.appear());
         Appearance appearance(m_client);
         QTRY_VERIFY(appearance.isKnown());
@@ -106,7 +78,7 @@ private Q_SLOTS:
 
     void whatMakesNoSenseIsLeftOut()
     {
-        FakePortal portal(m_server);
+        FakeSettingsPortal portal(m_server);
         portal.settings[appearanceGroup]
             = {{u"color-scheme"_s, u"dark"_s}, {u"accent-color"_s, rgb(7, 0, 0)}, {u"contrast"_s, -1}};
         portal.settings[interfaceGroup] = {{u"enable-animations"_s, 0}, {u"text-scaling-factor"_s, 1000.0}};
@@ -124,7 +96,7 @@ private Q_SLOTS:
     {
         Appearance appearance(m_client);
         QTRY_VERIFY(appearance.isKnown());
-        FakePortal portal(m_server);
+        FakeSettingsPortal portal(m_server);
         portal.settings[appearanceGroup] = {{u"color-scheme"_s, 1U}};
         QVERIFY(portal.appear());
         QTRY_COMPARE(appearance.isDark(), true);

@@ -8,6 +8,7 @@
 #include <QColor>
 #include <QObject>
 #include <QVariant>
+#include <QtQmlIntegration>
 
 #include <memory>
 
@@ -17,6 +18,8 @@ namespace Tarvik {
 /// portal does not tell keeps a plain default; without a scheme of its own, the palette of the platform decides.
 class Appearance : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one in the windows' process.")
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(QColor accent READ accent NOTIFY changed)
     Q_PROPERTY(bool isAnimated READ isAnimated NOTIFY changed)

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "ui/design/Appearance.h"
+#include "ui/mirror/Appearance.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>

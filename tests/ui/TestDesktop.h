@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fakes/FakeSettingsPortal.h"
+#include "support/TestSupport.h"
+#include "ui/mirror/Appearance.h"
+
+namespace Tarvik {
+
+/// The desktop as a QML test sets it. What is set has reached the windows when the assignment is over.
+class TestDesktop : public QObject {
+    Q_OBJECT
+    // clang-format off
+    Q_PROPERTY(Tarvik::Appearance* appearance READ appearance CONSTANT)
+    Q_PROPERTY(bool isDark WRITE setIsDark READ isDark)
+    Q_PROPERTY(bool isAnimated WRITE setIsAnimated READ isAnimated)
+    Q_PROPERTY(bool isHighContrast WRITE setIsHighContrast READ isHighContrast)
+    Q_PROPERTY(double textScale WRITE setTextScale READ textScale)
+    Q_PROPERTY(QColor accent WRITE setAccent READ accent RESET resetAccent)
+    // clang-format on
+
+public:
+    TestDesktop()
+    {
+        if (!m_portal.appear())
+            qFatal("There is another portal.");
+    }
+
+    Appearance* appearance() { return &m_appearance; }
+
+    bool isDark() const { return m_appearance.isDark(); }
+    void setIsDark(bool on)
+    {
+        set(m_portal.appearanceGroup, "color-scheme", on ? 1U : 2U, [this, on] { return isDark() == on; });
+    }
+    bool isAnimated() const { return m_appearance.isAnimated(); }
+    void setIsAnimated(bool on)
+    {
+        set(m_portal.interfaceGroup, "enable-animations", on, [this, on] { return isAnimated() == on; });
+    }
+    bool isHighContrast() const { return m_appearance.isHighContrast(); }
+    void setIsHighContrast(bool on)
+    {
+        set(m_portal.appearanceGroup, "contrast", on ? 1U : 0U, [this, on] { return isHighContrast() == on; });
+    }
+    double textScale() const { return m_appearance.textScale(); }
+    void setTextScale(double scale)
+    {
+        set(m_portal.interfaceGroup, "text-scaling-factor", scale, [this, scale] { return textScale() == scale; });
+    }
+    QColor accent() const { return m_appearance.accent(); }
+    void setAccent(const QColor& color)
+    {
+        setAccent(FakeSettingsPortal::rgb(color.redF(), color.greenF(), color.blueF()), color);
+    }
+    void resetAccent() { setAccent(FakeSettingsPortal::rgb(-1, -1, -1), {}); }
+
+private:
+    void setAccent(const QVariant& rgb, const QColor& shown)
+    {
+        set(m_portal.appearanceGroup, "accent-color", rgb, [this, shown] {
+            return accent().isValid() == shown.isValid() && accent().name() == shown.name();
+        });
+    }
+
+    void set(const char* group, const char* key, const QVariant& value, const std::function<bool()>& hasArrived)
+    {
+        // What it is read as when it has not been read yet.
+        m_portal.settings[QString::fromLatin1(group)][QString::fromLatin1(key)] = value;
+        m_portal.change(QString::fromLatin1(group), QString::fromLatin1(key), value);
+        if (!QTest::qWaitFor(hasArrived, patience))
+            qFatal("%s has not arrived.", key);
+    }
+
+    FakeSettingsPortal m_portal{QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"))};
+    Appearance m_appearance{QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("windows"))};
+};
+
+} // namespace Tarvik

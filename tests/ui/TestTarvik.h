@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bus/ServedTarvik.h"
+#include "core/HookSpec.h"
+#include "support/TestSupport.h"
+#include "ui/mirror/HooksMirror.h"
+#include "ui/mirror/JournalMirror.h"
+#include "ui/mirror/MirrorTestSupport.h"
+#include "ui/mirror/SettingsMirror.h"
+#include "ui/mirror/StatusMirror.h"
+#include "ui/mirror/UpdaterMirror.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <array>
+
+namespace Tarvik {
+
+/// Tarvik and what the windows see of it, as a QML test uses both. What is done to Tarvik has reached the windows when
+/// the call is over; what is done in the windows reaches Tarvik later.
+class TestTarvik : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(Tarvik::StatusMirror* status READ status CONSTANT)
+    Q_PROPERTY(Tarvik::SettingsMirror* settings READ settings CONSTANT)
+    Q_PROPERTY(Tarvik::JournalMirror* journal READ journal CONSTANT)
+    Q_PROPERTY(Tarvik::HooksMirror* hooks READ hooks CONSTANT)
+    Q_PROPERTY(Tarvik::UpdaterMirror* updater READ updater CONSTANT)
+
+public:
+    StatusMirror* status() { return &m_status; }
+    SettingsMirror* settings() { return &m_settings; }
+    JournalMirror* journal() { return &m_journal; }
+    HooksMirror* hooks() { return &m_hooks; }
+    UpdaterMirror* updater() { return &m_updater; }
+
+    /// A Tarvik of which nobody has changed anything yet.
+    Q_INVOKABLE void restart()
+    {
+        m_served.reset();
+        waitFor([this] { return std::ranges::none_of(m_mirrors, &PropertyMirror::isConnected); });
+        m_served.emplace();
+        waitFor([this] { return std::ranges::all_of(m_mirrors, &PropertyMirror::isConnected); });
+        arrive();
+    }
+
+    /// What the setting is, whatever the windows show.
+    Q_INVOKABLE QVariant setting(const QString& name) const
+    {
+        return machine().settings->property(name.toLatin1().constData());
+    }
+    Q_INVOKABLE void set(const QString& name, const QVariant& value)
+    {
+        machine().settings->setProperty(name.toLatin1().constData(), value);
+        arrive();
+    }
+    /// Applications by their names, which are their identifiers as well.
+    Q_INVOKABLE void allow(const QStringList& names)
+    {
+        QList<AllowlistedApp> apps;
+        for (const QString& name : names)
+            apps.append({name, name});
+        machine().settings->setAllowlist(apps);
+        arrive();
+    }
+    Q_INVOKABLE QStringList allowed() const
+    {
+        QStringList names;
+        for (const AllowlistedApp& app : machine().settings->allowlist())
+            names.append(app.name);
+        return names;
+    }
+
+    /// These processes and allowed applications, by their names, are all that run.
+    Q_INVOKABLE void run(const QStringList& processes, const QStringList& applications = {})
+    {
+        QList<RunningApplication> running;
+        for (const QString& name : applications)
+            running.append({name, name});
+        machine().applications.set(running);
+        machine().run(processes.join(u'\n').toUtf8() + '\n');
+        arrive();
+    }
+    /// Without `percent` there is no battery.
+    Q_INVOKABLE void setPower(bool isOnAC, const QVariant& percent = {})
+    {
+        machine().setPower(isOnAC, percent.isValid() ? std::optional(percent.toInt()) : std::nullopt);
+        arrive();
+    }
+    /// From 0 to 3.
+    Q_INVOKABLE void setHeat(int level)
+    {
+        machine().setHeat(static_cast<ThermalLevel>(level));
+        arrive();
+    }
+    Q_INVOKABLE void setTimedSession(int minutes)
+    {
+        machine().coordinator->setTimedSession(minutes > 0 ? std::optional(minutes) : std::nullopt);
+        arrive();
+    }
+
+    /// `kind` is "on", "off", "paused" or "resumed".
+    Q_INVOKABLE void record(const QString& kind, const QString& reason, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            machine().journal->record(journalKindFromName(kind).value(), reason);
+        arrive();
+    }
+    Q_INVOKABLE QString journalText() const { return machine().journal->exportText(); }
+    /// What follows happens at `date`.
+    Q_INVOKABLE void setClock(const QDateTime& date)
+    {
+        const TimePoint time{Seconds(static_cast<double>(date.toMSecsSinceEpoch()) / 1000)};
+        machine().clock.setBack(machine().clock.now() - time);
+    }
+
+    /// As the agents' own files have it.
+    Q_INVOKABLE QStringList installedHooks()
+    {
+        QStringList ids;
+        for (const HookSpec& spec : HookSpec::all) {
+            const QString id = QString::fromUtf8(spec.id.data(), static_cast<qsizetype>(spec.id.size()));
+            if (machine().hookFiles.installedIds().contains(id))
+                ids.append(id);
+        }
+        return ids;
+    }
+    /// By somebody else: the windows are not told.
+    Q_INVOKABLE void editHooks(const QStringList& installed)
+    {
+        for (const HookSpec& spec : HookSpec::all) {
+            const QString id = QString::fromUtf8(spec.id.data(), static_cast<qsizetype>(spec.id.size()));
+            const bool isDone
+                = installed.contains(id) ? machine().hookFiles.install(spec) : machine().hookFiles.uninstall(spec);
+            if (!isDone)
+                qFatal("The hooks of %s cannot be edited.", qUtf8Printable(id));
+        }
+    }
+    /// Nothing can be installed for the agent; what says so is expected once.
+    Q_INVOKABLE void breakHooks(const QString& id)
+    {
+        if (!QDir().mkpath(configPath(id)))
+            qFatal("%s cannot be made.", qUtf8Printable(configPath(id)));
+        expectLog(QtCriticalMsg, QStringLiteral("^could not write hook config for %1: Not a regular file$").arg(id));
+    }
+    Q_INVOKABLE void mendHooks(const QString& id) { QDir().rmdir(configPath(id)); }
+
+    Q_INVOKABLE void offerUpdates()
+    {
+        m_served->updateDriver.becomeAvailable();
+        arrive();
+    }
+    Q_INVOKABLE int updateChecks() const { return static_cast<int>(m_served->updateDriver.started.size()); }
+    Q_INVOKABLE void finishUpdateCheck()
+    {
+        m_served->updateDriver.finish(true);
+        arrive();
+    }
+
+    /// What has been asked for that is not the model's own to do.
+    Q_INVOKABLE QStringList asked() const { return m_served->asked; }
+
+private:
+    CoordinatedMachine& machine() { return m_served->machine; }
+    const CoordinatedMachine& machine() const { return m_served->machine; }
+
+    QString configPath(const QString& id) const
+    {
+        const std::string_view path = HookSpec::find(id.toStdString())->configPath;
+        return machine().home.filePath(QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size())));
+    }
+
+    static void waitFor(const std::function<bool()>& condition)
+    {
+        if (!QTest::qWaitFor(condition, patience))
+            qFatal("Tarvik has not arrived.");
+    }
+
+    void arrive() const { settle(m_bus); }
+
+    QDBusConnection m_bus = mirrorConnection();
+    StatusMirror m_status{m_bus};
+    SettingsMirror m_settings{m_bus};
+    JournalMirror m_journal{m_bus};
+    HooksMirror m_hooks{m_bus};
+    UpdaterMirror m_updater{m_bus};
+    std::array<PropertyMirror*, 5> m_mirrors{&m_status, &m_settings, &m_journal, &m_hooks, &m_updater};
+    std::optional<ServedTarvik> m_served;
+};
+
+} // namespace Tarvik
