@@ -11,6 +11,7 @@ inline const auto kglobalaccel = QStringLiteral("org.kde.kglobalaccel");
 inline const auto gnomeMediaKeys = QStringLiteral("org.gnome.SettingsDaemon.MediaKeys");
 inline const auto gnomeShell = QStringLiteral("org.gnome.Shell");
 inline const auto desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+inline const auto systemd = QStringLiteral("org.freedesktop.systemd1");
 inline const auto logind = QStringLiteral("org.freedesktop.login1");
 inline const auto sessionManager = QStringLiteral("org.gnome.SessionManager");
 inline const auto kdePowerManager = QStringLiteral("org.kde.Solid.PowerManagement");

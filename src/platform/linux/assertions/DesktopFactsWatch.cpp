@@ -3,12 +3,9 @@
 #include "platform/linux/assertions/DesktopFactsWatch.h"
 
 #include "dbus/BusNames.h"
-
-#include <QDBusVariant>
+#include "platform/linux/inhibitors/SystemdVersion.h"
 
 namespace Tarvik {
-
-using namespace Qt::StringLiterals;
 
 DesktopFactsWatch::DesktopFactsWatch(
     QDBusConnection systemBus, QDBusConnection sessionBus, const QString& currentDesktop, bool x11Screen)
@@ -79,15 +76,9 @@ void DesktopFactsWatch::followXfce()
 
 void DesktopFactsWatch::readSystemdVersion()
 {
-    auto message = QDBusMessage::createMethodCall(
-        u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    message.setArguments({u"org.freedesktop.systemd1.Manager"_s, u"Version"_s});
-    m_versionCall = callAsync(m_systemBus, message, [this](const QDBusMessage& answer) {
+    m_versionCall = SystemdVersion::ask(m_systemBus, [this](int version) {
         m_versionCall.reset();
-        const bool isValid = answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "v"_L1;
-        const auto text
-            = isValid ? answer.arguments().constFirst().value<QDBusVariant>().variant().toString() : QString();
-        m_facts.systemdVersion = DesktopHoldRules::systemdVersion(text);
+        m_facts.systemdVersion = version;
         update({});
     });
 }

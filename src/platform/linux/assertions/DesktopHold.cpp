@@ -3,6 +3,7 @@
 #include "platform/linux/assertions/DesktopHold.h"
 
 #include "dbus/BusNames.h"
+#include "platform/linux/inhibitors/LogindInhibitors.h"
 
 namespace Tarvik::DesktopHolds {
 
@@ -15,15 +16,6 @@ const auto reason = u"Work is in progress"_s;
 
 constexpr uint inhibitSuspend = 4;
 constexpr uint inhibitIdle = 8;
-
-InhibitorRequest logind(const QString& what, const QString& who)
-{
-    return {.service = BusNames::logind,
-        .path = u"/org/freedesktop/login1"_s,
-        .interface = u"org.freedesktop.login1.Manager"_s,
-        .arguments = {what, who, reason, u"block"_s},
-        .releaseMethod = {}};
-}
 
 InhibitorRequest sessionManager(uint flags, const QString& who)
 {
@@ -97,7 +89,7 @@ InhibitorRequest request(DesktopHold hold, const QString& who)
     switch (hold) {
     case DesktopHold::logindIdle:
     case DesktopHold::logindSleep:
-        return logind(what(hold), who);
+        return LogindInhibitors::request(what(hold), who, reason);
     case DesktopHold::sessionManagerSuspend:
         return sessionManager(inhibitSuspend, who);
     case DesktopHold::sessionManagerIdle:

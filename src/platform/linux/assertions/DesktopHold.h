@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/assertions/DBusInhibitor.h"
+#include "platform/linux/inhibitors/DBusInhibitor.h"
 
 #include <QString>
 

@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopHoldRules.h"
 
+#include "platform/linux/inhibitors/SystemdVersion.h"
+
 #include <algorithm>
 #include <array>
 
 namespace Tarvik::DesktopHoldRules {
 
 namespace {
-
-/// From this release on a "sleep" lock also stops its own user's programs, and so an idle daemon's suspend command.
-constexpr int sleepLocksBindTheirOwner = 257;
 
 constexpr std::array idleDaemonDesktops{
     QStringView(u"sway"),
@@ -52,7 +51,8 @@ QList<DesktopHold> againstSystemSleep(const DesktopFacts& facts)
     if (facts.sessionManager)
         return QList{DesktopHold::sessionManagerSuspend} + logindOnly(facts, DesktopHold::logindIdle);
     const bool suspendsByCommand = !facts.xfcePowerManager && (facts.lxqtSession || facts.idleDaemonSuspends);
-    if (suspendsByCommand && facts.systemdVersion >= sleepLocksBindTheirOwner)
+    // Then the lock also stops an idle daemon's suspend command.
+    if (suspendsByCommand && facts.systemdVersion >= SystemdVersion::locksBindTheirOwner)
         return logindOnly(facts, DesktopHold::logindSleep);
     // LXQt goes by the X server alone, so that the screen stays on too.
     const bool suspendsByXServer = suspendsByCommand && facts.lxqtSession && facts.x11Screen;
@@ -91,14 +91,6 @@ bool namesIdleDaemonDesktop(QStringView currentDesktop)
         return std::ranges::any_of(
             idleDaemonDesktops, [name](QStringView known) { return name.compare(known, Qt::CaseInsensitive) == 0; });
     });
-}
-
-int systemdVersion(QStringView text)
-{
-    if (text.startsWith(u'v'))
-        text = text.sliced(1);
-    const auto end = std::ranges::find_if(text, [](QChar c) { return c < u'0' || c > u'9'; });
-    return text.first(end - text.begin()).toInt();
 }
 
 } // namespace Tarvik::DesktopHoldRules

@@ -55,9 +55,6 @@ QList<DesktopHold> rearmingSystemSleep(const DesktopFacts& facts);
 /// Whether XDG_CURRENT_DESKTOP, a list separated by colons, names a desktop of the kind `idleDaemonSuspends`.
 bool namesIdleDaemonDesktop(QStringView currentDesktop);
 
-/// The major version in systemd's own words ("252.39-1~deb12u1", "v257"); 0 when there is none.
-int systemdVersion(QStringView text);
-
 } // namespace DesktopHoldRules
 
 } // namespace Tarvik

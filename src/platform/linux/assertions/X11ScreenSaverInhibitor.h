@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/linux/assertions/Inhibitor.h"
+#include "platform/linux/inhibitors/Inhibitor.h"
 
 #include <QByteArray>
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopHoldRules.h"
 
+#include "platform/linux/inhibitors/SystemdVersion.h"
 #include "support/TestSupport.h"
 
 using namespace Tarvik;
@@ -150,13 +151,13 @@ private Q_SLOTS:
 
     void systemdVersionIsTheLeadingNumber()
     {
-        QCOMPARE(DesktopHoldRules::systemdVersion(u"252.39-1~deb12u1"), 252);
-        QCOMPARE(DesktopHoldRules::systemdVersion(u"257"), 257);
-        QCOMPARE(DesktopHoldRules::systemdVersion(u"v258~rc1"), 258);
-        QCOMPARE(DesktopHoldRules::systemdVersion(u""), 0);
-        QCOMPARE(DesktopHoldRules::systemdVersion(u"v"), 0);
-        QCOMPARE(DesktopHoldRules::systemdVersion(u"unknown 257"), 0);
-        QCOMPARE(DesktopHoldRules::systemdVersion(u"99999999999999999999"), 0);
+        QCOMPARE(SystemdVersion::parse(u"252.39-1~deb12u1"), 252);
+        QCOMPARE(SystemdVersion::parse(u"257"), 257);
+        QCOMPARE(SystemdVersion::parse(u"v258~rc1"), 258);
+        QCOMPARE(SystemdVersion::parse(u""), 0);
+        QCOMPARE(SystemdVersion::parse(u"v"), 0);
+        QCOMPARE(SystemdVersion::parse(u"unknown 257"), 0);
+        QCOMPARE(SystemdVersion::parse(u"99999999999999999999"), 0);
     }
 
 private:

@@ -6,7 +6,7 @@
 #include "fakes/FakeCookieInhibitor.h"
 #include "fakes/FakeLogind.h"
 #include "fakes/FakeXfce.h"
-#include "platform/linux/assertions/DBusInhibitor.h"
+#include "platform/linux/inhibitors/DBusInhibitor.h"
 #include "support/TestSupport.h"
 
 #include <cerrno>

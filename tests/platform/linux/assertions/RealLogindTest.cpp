@@ -5,9 +5,10 @@
 #include "fakes/FakeClock.h"
 #include "platform/linux/assertions/DesktopHoldRules.h"
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
+#include "platform/linux/inhibitors/LogindInhibitors.h"
+#include "platform/linux/inhibitors/SystemdVersion.h"
 #include "support/TestSupport.h"
 
-#include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
 #include <QDBusUnixFileDescriptor>
@@ -157,32 +158,21 @@ private:
         program.start(logindProgram(), {u"--version"_s});
         if (!program.waitForFinished())
             return 0;
-        return DesktopHoldRules::systemdVersion(QString::fromLatin1(program.readLine()).section(u' ', 1));
+        return SystemdVersion::parse(QString::fromLatin1(program.readLine()).section(u' ', 1));
     }
 
     /// "what who mode" of each inhibitor that logind lists for this process.
     QStringList ownInhibitors()
     {
-        const QDBusMessage reply = callLogind(u"ListInhibitors"_s, {});
-        if (reply.type() != QDBusMessage::ReplyMessage)
-            return {reply.errorMessage()};
-        const auto array = reply.arguments().constFirst().value<QDBusArgument>();
+        const auto list = LogindInhibitors::listIn(m_bus.call(LogindInhibitors::list()));
+        if (!list)
+            return {u"no list"_s};
         QStringList own;
-        array.beginArray();
-        while (!array.atEnd()) {
-            QString what;
-            QString who;
-            QString why;
-            QString mode;
-            uint uid = 0;
-            uint pid = 0;
-            array.beginStructure();
-            array >> what >> who >> why >> mode >> uid >> pid;
-            array.endStructure();
-            if (pid == static_cast<uint>(getpid()))
-                own.append(what + u' ' + who + u' ' + mode);
+        for (const LogindInhibitor& inhibitor : *list) {
+            if (inhibitor.process == static_cast<uint>(getpid()))
+                own.append(
+                    inhibitor.what.join(u':') + u' ' + inhibitor.who + (inhibitor.blocks ? u" block"_s : u" delay"_s));
         }
-        array.endArray();
         return own;
     }
 

@@ -4,7 +4,7 @@
 
 #include "dbus/DBusCall.h"
 #include "platform/Clock.h"
-#include "platform/linux/assertions/Inhibitor.h"
+#include "platform/linux/inhibitors/Inhibitor.h"
 
 #include <QDBusUnixFileDescriptor>
 #include <QString>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/assertions/DBusInhibitor.h"
+#include "platform/linux/inhibitors/DBusInhibitor.h"
 
 #include "dbus/DBusErrors.h"
 
