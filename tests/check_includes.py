@@ -16,7 +16,7 @@ CONTRACTS = "dbus/contracts"
 # The ground of everything, programs without Qt included.
 BASE = "base"
 # What every Linux back-end may use; the folders beside these know nothing of each other.
-LINUX_GROUND = {f"{LINUX}/inhibitors", f"{LINUX}/kernel", f"{LINUX}/x11"}
+LINUX_GROUND = {f"{LINUX}/{name}" for name in ("gsettings", "inhibitors", "kernel", "programs", "x11")}
 
 # Folder -> the other folders of src/ whose headers it may include.
 ALLOWED = {

@@ -20,7 +20,9 @@ public:
         std::vector<std::string> words;
         /// As "NAME=value"; without it the program inherits ours.
         std::optional<std::vector<std::string>> environment{};
-        /// Where the standard output goes; -1 is the null device, as for the other two streams.
+        /// Where the standard input comes from and the standard output goes; -1 is the null device, as for the errors.
+        /// The former must not have the number of a standard stream.
+        int input = -1;
         int output = -1;
         /// Whether the program gets a session of its own, so that no terminal can end it.
         bool hasOwnSession = false;

@@ -55,6 +55,20 @@ private Q_SLOTS:
             QByteArray("0\n1\n2\n3\n/dev/null\n/dev/null\n"));
     }
 
+    void itReadsTheInputThatItIsGiven()
+    {
+        std::array<int, 2> pipeEnds{};
+        QCOMPARE(pipe2(pipeEnds.data(), O_CLOEXEC), 0);
+        FileDescriptor readEnd(pipeEnds[0]);
+        FileDescriptor writeEnd(pipeEnds[1]);
+        auto process
+            = ChildProcess::start({.words = {"/bin/sh", "-c", "read word; exit $word"}, .input = readEnd.get()});
+        QVERIFY(process);
+        readEnd.reset();
+        QCOMPARE(write(writeEnd.get(), "7\n", 2), ssize_t{2});
+        QCOMPARE(process->reap(), std::optional(7));
+    }
+
     void withoutAnOutputItWritesNowhere()
     {
         auto process

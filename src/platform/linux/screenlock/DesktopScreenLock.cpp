@@ -4,6 +4,8 @@
 
 #include "dbus/BusNames.h"
 
+#include <QStandardPaths>
+
 #include <array>
 #include <utility>
 
@@ -133,8 +135,14 @@ void DesktopScreenLock::start(const Command& command)
         else
             tryNext();
     });
-    auto running = LockCommand::start(
-        command.program, command.arguments, [this, proof = command.proof, way = m_next](bool succeeded) {
+    const QString executable = QStandardPaths::findExecutable(command.program);
+    if (executable.isEmpty()) {
+        tryNext();
+        return;
+    }
+    auto running = StartedProgram::start(StartedProgram::command(executable, command.arguments),
+        [this, proof = command.proof, way = m_next](std::optional<int> status) {
+            const bool succeeded = status == 0;
             std::erase_if(m_running, [](const auto& one) { return !one->isRunning(); });
             // It may have taken longer than it was given.
             if (m_waiting.empty() || m_next != way)

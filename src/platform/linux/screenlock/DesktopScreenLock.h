@@ -4,7 +4,7 @@
 
 #include "platform/Clock.h"
 #include "platform/ScreenLock.h"
-#include "platform/linux/screenlock/LockCommand.h"
+#include "platform/linux/programs/StartedProgram.h"
 #include "platform/linux/screenlock/LockedScreenProbe.h"
 
 #include <QList>
@@ -62,7 +62,7 @@ private:
     DBusCall m_call;
     std::unique_ptr<Timer> m_polling;
     std::unique_ptr<Timer> m_timeout;
-    std::vector<std::unique_ptr<LockCommand>> m_running;
+    std::vector<std::unique_ptr<StartedProgram>> m_running;
 };
 
 } // namespace Tarvik
