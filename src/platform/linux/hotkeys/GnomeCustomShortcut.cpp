@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/hotkeys/GnomeCustomShortcut.h"
 
-#include "base/Releaser.h"
+#include "platform/linux/gsettings/InstalledSettings.h"
 
 #include <QByteArrayList>
 
@@ -19,19 +19,6 @@ constexpr auto listSchema = "org.gnome.settings-daemon.plugins.media-keys";
 constexpr auto listKey = "custom-keybindings";
 constexpr auto shortcutSchema = "org.gnome.settings-daemon.plugins.media-keys.custom-keybinding";
 constexpr auto shortcutDirectory = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/";
-
-using Settings = Owned<GSettings, g_object_unref>;
-
-/// Null when the schema is not installed, which would end the program if it were asked for by its name.
-Settings open(const char* schemaId, const char* path)
-{
-    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
-    if (source == nullptr)
-        return nullptr;
-    const Owned<GSettingsSchema, g_settings_schema_unref> schema(
-        g_settings_schema_source_lookup(source, schemaId, TRUE));
-    return Settings(schema != nullptr ? g_settings_new_full(schema.get(), nullptr, path) : nullptr);
-}
 
 QByteArrayList shortcuts(GSettings* settings)
 {
@@ -57,8 +44,8 @@ bool setShortcuts(GSettings* settings, const QByteArrayList& list)
 std::unique_ptr<GnomeCustomShortcut> GnomeCustomShortcut::set(const QString& id, const Content& content)
 {
     const QByteArray path = shortcutDirectory + id.toUtf8() + '/';
-    const Settings list = open(listSchema, nullptr);
-    const Settings shortcut = open(shortcutSchema, path.constData());
+    const InstalledSettings::Pointer list = InstalledSettings::open(listSchema, nullptr);
+    const InstalledSettings::Pointer shortcut = InstalledSettings::open(shortcutSchema, path.constData());
     if (list == nullptr || shortcut == nullptr)
         return nullptr;
     std::unique_ptr<GnomeCustomShortcut> set(new GnomeCustomShortcut(path));
@@ -84,8 +71,8 @@ GnomeCustomShortcut::GnomeCustomShortcut(QByteArray path)
 
 GnomeCustomShortcut::~GnomeCustomShortcut()
 {
-    const Settings list = open(listSchema, nullptr);
-    const Settings shortcut = open(shortcutSchema, m_path.constData());
+    const InstalledSettings::Pointer list = InstalledSettings::open(listSchema, nullptr);
+    const InstalledSettings::Pointer shortcut = InstalledSettings::open(shortcutSchema, m_path.constData());
     if (list == nullptr || shortcut == nullptr)
         return;
     QByteArrayList paths = shortcuts(list.get());
