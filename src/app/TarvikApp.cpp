@@ -72,6 +72,7 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     m_busObject.add(BusInterfaces::settings(
         m_settings, {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled}, sessionBus));
     m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
+    m_busObject.add(BusInterfaces::lidClosed(m_lidClosed, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
     m_busObject.add(BusInterfaces::hooks(m_hookFiles, sessionBus));
 }

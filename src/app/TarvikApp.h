@@ -14,6 +14,7 @@
 #include "hooks/HookMonitor.h"
 #include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
+#include "lidclosed/LidClosedMode.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
 #include "monitors/ThermalMonitor.h"
@@ -40,6 +41,7 @@ private:
     Journal m_journal;
     HookMonitor m_hooks;
     HotKeyCenter m_hotKeys;
+    LidClosedMode m_lidClosed;
     AwakeCoordinator m_coordinator;
     Updater m_updater;
     StatusObject m_status;

@@ -11,6 +11,7 @@
 #include "engine/AwakeCoordinator.h"
 #include "hooks/HookFiles.h"
 #include "journal/Journal.h"
+#include "lidclosed/LidClosedMode.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -165,6 +166,23 @@ std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus
         interface->invalidateSoon(property);
         return edit(id, [&](const HookSpec& spec) { return files.uninstall(spec); });
     });
+    return result;
+}
+
+std::unique_ptr<BusInterface> lidClosed(LidClosedMode& mode, const QDBusConnection& bus)
+{
+    auto result = std::make_unique<BusInterface>(TarvikWire::lidClosedInterface, bus);
+    result->addProperty(u"clamshellActive"_s, [&mode] { return mode.clamshellActive(); });
+    result->addProperty(u"helperInstalled"_s, [&mode] { return mode.helperInstalled(); });
+    result->addProperty(u"helperNeedsApproval"_s, [&mode] { return mode.helperNeedsApproval(); });
+    result->addProperty(u"lastHelperError"_s, [&mode] { return mode.lastHelperError(); });
+    result->addProperty(u"hasLid"_s, [] { return true; });
+    QObject::connect(&mode, &LidClosedMode::changed, result.get(), &BusInterface::announceSoon);
+    result->addMethod(u"InstallHelper"_s, [] {});
+    result->addMethod(u"ReinstallHelper"_s, [] {});
+    result->addMethod(u"RefreshHelperStatus"_s, [] {});
+    result->addMethod(u"FinishOnboarding"_s, [] {});
+    result->addMethod(u"Relaunch"_s, [] {});
     return result;
 }
 

@@ -15,6 +15,7 @@ class AwakeCoordinator;
 class BusInterface;
 class HookFiles;
 class Journal;
+class LidClosedMode;
 class StatusObject;
 class Updater;
 
@@ -43,6 +44,8 @@ std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions ac
 std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus);
+
+std::unique_ptr<BusInterface> lidClosed(LidClosedMode& mode, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus);
 

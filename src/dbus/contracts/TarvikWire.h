@@ -14,6 +14,7 @@ inline constexpr auto settingsInterface = "com.morvanta.Tarvik.Settings1";
 inline constexpr auto journalInterface = "com.morvanta.Tarvik.Journal1";
 inline constexpr auto hooksInterface = "com.morvanta.Tarvik.Hooks1";
 inline constexpr auto updaterInterface = "com.morvanta.Tarvik.Updater1";
+inline constexpr auto lidClosedInterface = "com.morvanta.Tarvik.LidClosed1";
 
 inline constexpr auto describeMethod = "Describe";
 
