@@ -22,6 +22,7 @@
 #include "platform/linux/thermal/SysfsThermalState.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 #include "platform/linux/updates/PackageKitUpdateDriver.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -49,12 +50,18 @@ bool isWayland()
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
 }
 
-DesktopPowerAssertions::X11ScreenSaver x11ScreenSaver(Clock& clock)
+/// Null when DISPLAY names none.
+std::shared_ptr<X11Connection> x11Connection(Clock& clock)
 {
     const QByteArray display = qgetenv("DISPLAY");
-    if (isWayland() || display.isEmpty())
+    return display.isEmpty() ? nullptr : X11Connection::open(display, clock);
+}
+
+DesktopPowerAssertions::X11ScreenSaver x11ScreenSaver(const std::shared_ptr<X11Connection>& x11, Clock& clock)
+{
+    if (isWayland() || x11 == nullptr)
         return {};
-    return [display, &clock] { return std::make_unique<X11ScreenSaverInhibitor>(display, clock); };
+    return [x11, &clock] { return std::make_unique<X11ScreenSaverInhibitor>(x11, clock); };
 }
 
 /// Empty when WAYLAND_DISPLAY names none.
@@ -78,6 +85,7 @@ QString findableIcon(const AppBundle& bundle)
 LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
     : bundle(installedAppBundle())
     , home(QDir::homePath())
+    , x11(x11Connection(clock))
     , settingsStore(std::make_unique<JsonFileSettingsStore>(configHome() + u"/tarvik/settings.json"_s))
     , powerSources(std::make_unique<FallbackPowerSources>(std::make_unique<UPowerPowerSources>(systemBus),
           [this] { return std::make_unique<SysfsPowerSources>(clock); }))
@@ -85,25 +93,23 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , thermalState(std::make_unique<SysfsThermalState>(clock))
     , processTable(std::make_unique<PsProcessTable>(clock))
     , runningApplications(std::make_unique<DesktopRunningApplications>(sessionBus,
-          DesktopRunningApplications::Displays{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()},
+          DesktopRunningApplications::Displays{.x11 = x11, .waylandSocket = waylandSocket()},
           desktopFiles,
           clock))
     , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
     , powerAssertions(std::make_unique<DesktopPowerAssertions>(
-          systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(clock), clock))
+          systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(x11, clock), clock))
     , loginItem(std::make_unique<XdgAutostartLoginItem>(
           configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
     , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus, findableIcon(bundle)))
-    , hotKeys(std::make_unique<DesktopHotKeys>(
-          sessionBus, DesktopHotKeys::Display{.x11 = qgetenv("DISPLAY"), .isWayland = isWayland()}, clock))
+    , hotKeys(
+          std::make_unique<DesktopHotKeys>(sessionBus, DesktopHotKeys::Display{.x11 = x11, .isWayland = isWayland()}))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory(), clock))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
     , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath(), clock))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
-          DisplaySessionLifetime::Display{.x11 = qgetenv("DISPLAY"), .waylandSocket = waylandSocket()},
-          systemBus,
-          clock))
+          DisplaySessionLifetime::Display{.x11 = x11, .waylandSocket = waylandSocket()}, systemBus, clock))
 {
 }
 

@@ -28,6 +28,8 @@
 
 namespace Tarvik {
 
+class X11Connection;
+
 /// What this desktop offers: one back-end for each platform interface. The only place that names their classes.
 struct LinuxPlatform {
     LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
@@ -37,6 +39,8 @@ struct LinuxPlatform {
     QString home;
     TimerfdClock clock;
     DesktopFiles desktopFiles;
+    /// Null without an X server.
+    std::shared_ptr<X11Connection> x11;
     std::unique_ptr<SettingsStore> settingsStore;
     std::unique_ptr<PowerSources> powerSources;
     std::unique_ptr<LidSensor> lidSensor;

@@ -27,8 +27,8 @@ DesktopRunningApplications::Sources sourcesOf(const QDBusConnection& sessionBus,
 {
     DesktopRunningApplications::Sources sources;
     sources.push_back(std::make_unique<SystemdUserApplications>(sessionBus));
-    if (auto windows = displays.x11.isEmpty() ? nullptr : X11Applications::connect(displays.x11, files, clock))
-        sources.push_back(std::move(windows));
+    if (displays.x11 != nullptr)
+        sources.push_back(std::make_unique<X11Applications>(displays.x11, files));
     const QString& socket = displays.waylandSocket;
     if (auto windows = socket.isEmpty() ? nullptr : WaylandApplications::connect(socket, files, clock))
         sources.push_back(std::move(windows));

@@ -5,8 +5,8 @@
 #include "platform/Clock.h"
 #include "platform/RunningApplications.h"
 
-#include <QByteArray>
 #include <QDBusConnection>
+#include <QString>
 
 #include <memory>
 #include <vector>
@@ -14,6 +14,7 @@
 namespace Tarvik {
 
 class DesktopFiles;
+class X11Connection;
 
 /// The running applications of all sources as one list, sorted, each application once and with its localized name.
 /// It is empty at first; a change shows 200 ms after its first sign, and only if it makes a difference.
@@ -21,10 +22,9 @@ class DesktopRunningApplications final : public RunningApplications {
 public:
     using Sources = std::vector<std::unique_ptr<RunningApplications>>;
 
-    /// Where windows are: an X display as in DISPLAY, and the absolute path of a compositor's socket. Either may be
-    /// empty.
+    /// Where windows are: an X server, and a compositor, by the absolute path of its socket. Either may be missing.
     struct Displays {
-        QByteArray x11;
+        std::shared_ptr<X11Connection> x11;
         QString waylandSocket;
     };
 

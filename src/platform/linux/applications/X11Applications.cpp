@@ -5,21 +5,14 @@
 #include "platform/linux/applications/DesktopFiles.h"
 
 #include <xcb/xcb.h>
-#include <xcb/xcbext.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
 namespace Tarvik {
 
 namespace {
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
 
 /// In units of four bytes; far more windows, and longer classes, than there are.
 constexpr std::uint32_t maximumPropertyLength = 16 * 1024;
@@ -28,19 +21,15 @@ constexpr std::array<std::string_view, 3> atomNames{"_NET_CLIENT_LIST", "_GTK_AP
 
 } // namespace
 
-std::unique_ptr<X11Applications> X11Applications::connect(const QByteArray& display, DesktopFiles& files, Clock& clock)
-{
-    auto connection = X11Connection::open(display, clock);
-    return connection ? std::unique_ptr<X11Applications>(new X11Applications(std::move(connection), files)) : nullptr;
-}
-
-X11Applications::X11Applications(std::unique_ptr<X11Connection> connection, DesktopFiles& files)
+X11Applications::X11Applications(std::shared_ptr<X11Connection> connection, DesktopFiles& files)
     : m_connection(std::move(connection))
     , m_files(files)
+    , m_events(m_connection->received.subscribe([this](const xcb_generic_event_t& event) { receive(event); }))
+    , m_arrivals(m_connection->connected.subscribe([this] { begin(); }))
+    , m_losses(m_connection->lost.subscribe([this] { lose(); }))
 {
-    m_connection->onReadable = [this] { process(); };
-    m_connection->onBack = [this] { begin(); };
-    begin();
+    if (server() != nullptr)
+        begin();
 }
 
 void X11Applications::begin()
@@ -48,7 +37,7 @@ void X11Applications::begin()
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(server(), m_connection->root(), XCB_CW_EVENT_MASK, &events);
     internAtoms();
-    xcb_flush(server());
+    m_connection->send();
 }
 
 QList<RunningApplication> X11Applications::list() const
@@ -74,57 +63,39 @@ RunningApplication X11Applications::application(const Window& window) const
     return {.id = {}, .localizedName = className};
 }
 
-void X11Applications::process()
+void X11Applications::receive(const xcb_generic_event_t& event)
 {
-    // Sending may have received more, of which the descriptor tells nothing.
-    while (takeReplies() || takeEvents())
-        xcb_flush(server());
-    if (xcb_connection_has_error(server()) != 0) {
-        lose();
+    if ((event.response_type & 0x7fU) != XCB_PROPERTY_NOTIFY)
         return;
-    }
-    if (m_requests.empty() && std::exchange(m_windowsChanged, false))
-        changed();
+    const auto& notification = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if (notification.window != m_connection->root() || notification.atom != atom(Atom::clientList))
+        return;
+    m_clientsChanged = true;
+    proceed();
 }
 
-bool X11Applications::takeReplies()
+void X11Applications::await(unsigned int sequence, X11Connection::ReplyReceiver handle)
 {
-    bool taken = false;
-    while (!m_requests.empty()) {
-        void* reply = nullptr;
-        xcb_generic_error_t* error = nullptr;
-        if (xcb_poll_for_reply(server(), m_requests.front().sequence, &reply, &error) == 0)
-            break;
-        const std::unique_ptr<void, Free> ownedReply(reply);
-        const std::unique_ptr<xcb_generic_error_t, Free> ownedError(error);
-        const auto request = std::move(m_requests.front());
+    m_requests.push_back(m_connection->await(sequence, [this, handle = std::move(handle)](const void* reply) {
         m_requests.pop_front();
-        request.handle(reply);
-        taken = true;
-    }
-    return taken;
+        handle(reply);
+        proceed();
+    }));
 }
 
-bool X11Applications::takeEvents()
+void X11Applications::proceed()
 {
-    while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_poll_for_event(server())}) {
-        if ((event->response_type & 0x7fU) != XCB_PROPERTY_NOTIFY)
-            continue;
-        xcb_property_notify_event_t notification{};
-        std::memcpy(&notification, event.get(), sizeof notification);
-        if (notification.window == m_connection->root() && notification.atom == atom(Atom::clientList))
-            m_clientsChanged = true;
-    }
-    // A list that is under way may be the one before this change, so that the next one waits for it.
-    if (!m_requests.empty() || !std::exchange(m_clientsChanged, false))
-        return false;
-    requestClients();
-    return true;
+    // A list that is under way may be the one before the last change, so that the next one waits for it.
+    if (!m_requests.empty())
+        return;
+    if (std::exchange(m_clientsChanged, false))
+        requestClients();
+    else if (std::exchange(m_windowsChanged, false))
+        changed();
 }
 
 void X11Applications::lose()
 {
-    m_connection->lose();
     m_requests.clear();
     m_clientsChanged = false;
     m_windowsChanged = false;
@@ -139,11 +110,11 @@ void X11Applications::internAtoms()
     for (std::size_t i = 0; i < atomCount; ++i) {
         const auto cookie
             = xcb_intern_atom(server(), 0, static_cast<std::uint16_t>(atomNames[i].size()), atomNames[i].data());
-        m_requests.push_back({cookie.sequence, [this, i](const void* reply) {
-                                  if (reply != nullptr)
-                                      m_atoms[i] = static_cast<const xcb_intern_atom_reply_t*>(reply)->atom;
-                                  m_clientsChanged = true;
-                              }});
+        await(cookie.sequence, [this, i](const void* reply) {
+            if (reply != nullptr)
+                m_atoms[i] = static_cast<const xcb_intern_atom_reply_t*>(reply)->atom;
+            m_clientsChanged = true;
+        });
     }
 }
 
@@ -189,14 +160,13 @@ void X11Applications::requestProperty(std::uint32_t window,
     std::function<void(const QByteArray& value)> handle)
 {
     const auto cookie = xcb_get_property(server(), 0, window, property, type, 0, maximumPropertyLength);
-    m_requests.push_back({cookie.sequence, [handle = std::move(handle)](const void* reply) {
-                              // Null when the window has gone in the meantime.
-                              const auto* answer = static_cast<const xcb_get_property_reply_t*>(reply);
-                              handle(answer == nullptr
-                                      ? QByteArray()
-                                      : QByteArray(static_cast<const char*>(xcb_get_property_value(answer)),
-                                          xcb_get_property_value_length(answer)));
-                          }});
+    await(cookie.sequence, [handle = std::move(handle)](const void* reply) {
+        // Null when the window has gone in the meantime.
+        const auto* answer = static_cast<const xcb_get_property_reply_t*>(reply);
+        handle(answer == nullptr ? QByteArray()
+                                 : QByteArray(static_cast<const char*>(xcb_get_property_value(answer)),
+                                     xcb_get_property_value_length(answer)));
+    });
 }
 
 } // namespace Tarvik

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/RunningApplications.h"
 #include "platform/linux/x11/X11Connection.h"
 
@@ -23,8 +24,8 @@ class DesktopFiles;
 /// so do its applications, until it is back.
 class X11Applications final : public RunningApplications {
 public:
-    /// `display` as in DISPLAY. Nothing when it cannot be reached. `files` and `clock` must outlive the object.
-    static std::unique_ptr<X11Applications> connect(const QByteArray& display, DesktopFiles& files, Clock& clock);
+    /// `files` must outlive the object.
+    X11Applications(std::shared_ptr<X11Connection> connection, DesktopFiles& files);
 
     X11Applications(const X11Applications&) = delete;
     X11Applications& operator=(const X11Applications&) = delete;
@@ -42,21 +43,15 @@ private:
 
         bool operator==(const Window&) const = default;
     };
-    struct Request {
-        unsigned int sequence;
-        /// Takes the reply, which is null on an error.
-        std::function<void(const void* reply)> handle;
-    };
-
-    X11Applications(std::unique_ptr<X11Connection> connection, DesktopFiles& files);
 
     xcb_connection_t* server() const { return m_connection->get(); }
     /// Asks for everything of a server that knows nothing of us.
     void begin();
-    void process();
-    bool takeReplies();
-    bool takeEvents();
+    void receive(const xcb_generic_event_t& event);
     void lose();
+    void await(unsigned int sequence, X11Connection::ReplyReceiver handle);
+    /// Does what has waited for the last reply.
+    void proceed();
     void internAtoms();
     void requestClients();
     void setClients(const QList<std::uint32_t>& clients);
@@ -68,13 +63,17 @@ private:
     std::uint32_t atom(Atom name) const { return m_atoms[static_cast<std::size_t>(name)]; }
     RunningApplication application(const Window& window) const;
 
-    std::unique_ptr<X11Connection> m_connection;
+    std::shared_ptr<X11Connection> m_connection;
     DesktopFiles& m_files;
     std::array<std::uint32_t, atomCount> m_atoms{};
-    std::deque<Request> m_requests;
+    /// The replies that are on their way, in their order.
+    std::deque<Subscription> m_requests;
     QHash<std::uint32_t, Window> m_windows;
     bool m_clientsChanged = false;
     bool m_windowsChanged = false;
+    Subscription m_events;
+    Subscription m_arrivals;
+    Subscription m_losses;
 };
 
 } // namespace Tarvik

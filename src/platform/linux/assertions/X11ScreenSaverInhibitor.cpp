@@ -4,10 +4,8 @@
 
 #include "platform/linux/x11/X11Connection.h"
 
-#include <xcb/xcb.h>
-
 #include <cerrno>
-#include <cstdlib>
+#include <utility>
 
 namespace Tarvik {
 
@@ -17,45 +15,32 @@ constexpr Seconds period{25};
 
 } // namespace
 
-void X11ScreenSaverInhibitor::Disconnect::operator()(xcb_connection_t* connection) const
-{
-    xcb_disconnect(connection);
-}
-
-X11ScreenSaverInhibitor::X11ScreenSaverInhibitor(const QByteArray& display, Clock& clock)
-    : m_display(display)
+X11ScreenSaverInhibitor::X11ScreenSaverInhibitor(std::shared_ptr<X11Connection> connection, Clock& clock)
+    : m_connection(std::move(connection))
+    , m_arrivals(m_connection->connected.subscribe([this] { reset(); }))
     , m_timer(clock.every(period, [this] { reset(); }))
 {
-    connect();
     reset();
 }
 
-X11ScreenSaverInhibitor::~X11ScreenSaverInhibitor() = default;
-
 Inhibitor::State X11ScreenSaverInhibitor::state() const
 {
-    return error() == 0 ? State::effective : State::refused;
+    if (m_connection->get() != nullptr)
+        return State::effective;
+    return m_connection->isKnown() ? State::refused : State::pending;
 }
 
 int X11ScreenSaverInhibitor::error() const
 {
-    return xcb_connection_has_error(m_connection.get()) == 0 ? 0 : ECONNREFUSED;
-}
-
-void X11ScreenSaverInhibitor::connect()
-{
-    m_connection.reset(xcb_connect(m_display.constData(), nullptr));
+    return state() == State::refused ? ECONNREFUSED : 0;
 }
 
 void X11ScreenSaverInhibitor::reset()
 {
-    if (error() != 0 && X11Connection::isOnThisMachine(m_display))
-        connect();
-    xcb_force_screen_saver(m_connection.get(), XCB_SCREEN_SAVER_RESET);
-    xcb_flush(m_connection.get());
-    // Changes of the keyboard, of which the server tells every client.
-    while (void* event = xcb_poll_for_event(m_connection.get()))
-        std::free(event);
+    if (m_connection->get() == nullptr)
+        return;
+    xcb_force_screen_saver(m_connection->get(), XCB_SCREEN_SAVER_RESET);
+    m_connection->send();
 }
 
 } // namespace Tarvik

@@ -81,10 +81,9 @@ private:
     std::unique_ptr<HotKeyRegistration> m_held;
 };
 
-DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display, Clock& clock)
+DesktopHotKeys::DesktopHotKeys(QDBusConnection sessionBus, Display display)
     : m_bus(std::move(sessionBus))
     , m_display(std::move(display))
-    , m_clock(clock)
     , m_names(m_bus, {BusNames::kglobalaccel, BusNames::gnomeMediaKeys, BusNames::gnomeShell})
 {
     m_names.onKnown = [this] { choose(); };
@@ -113,11 +112,11 @@ void DesktopHotKeys::choose()
     else if (m_display.isWayland && m_bus.isConnected()) {
         m_isOnPortal = true;
         use(std::make_unique<PortalOnOwnConnection>());
-    } else if (!m_display.isWayland && !m_display.x11.isEmpty()) {
+    } else if (!m_display.isWayland && m_display.x11 != nullptr) {
         if (hasGnomeShortcuts())
             use(std::make_unique<GnomeHotKeys>(m_bus));
         if (!m_provider || isRefused())
-            use(X11HotKeys::connect(m_display.x11, m_clock));
+            use(std::make_unique<X11HotKeys>(m_display.x11));
     }
     stateChanged();
 }

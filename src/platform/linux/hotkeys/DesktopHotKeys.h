@@ -3,16 +3,16 @@
 #pragma once
 
 #include "dbus/BusNameWatch.h"
-#include "platform/Clock.h"
 #include "platform/HotKeys.h"
 
-#include <QByteArray>
+#include <QObject>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
 namespace Tarvik {
+
+class X11Connection;
 
 /// Shortcuts of whichever desktop is running, also when it appears later: KGlobalAccel where its name is owned; else,
 /// under Wayland, the desktop portal and, where that has none, GNOME's custom shortcuts; else, on an X server, GNOME's
@@ -21,14 +21,13 @@ namespace Tarvik {
 class DesktopHotKeys final : public HotKeys {
 public:
     struct Display {
-        /// The value of DISPLAY.
-        QByteArray x11;
+        /// Null without an X server.
+        std::shared_ptr<X11Connection> x11;
         /// Programs draw on a Wayland compositor. Key grabs on its X server see only what is typed into X programs.
         bool isWayland = false;
     };
 
-    /// `clock` must outlive the object.
-    DesktopHotKeys(QDBusConnection sessionBus, Display display, Clock& clock);
+    DesktopHotKeys(QDBusConnection sessionBus, Display display);
     ~DesktopHotKeys() override;
     DesktopHotKeys(const DesktopHotKeys&) = delete;
     DesktopHotKeys& operator=(const DesktopHotKeys&) = delete;
@@ -47,7 +46,6 @@ private:
 
     QDBusConnection m_bus;
     Display m_display;
-    Clock& m_clock;
     std::unique_ptr<HotKeys> m_provider;
     Subscription m_presses;
     Subscription m_stateChanges;

@@ -3,10 +3,8 @@
 #include "platform/linux/hotkeys/X11HotKeys.h"
 
 #include <xcb/xcb.h>
-#include <xcb/xcbext.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace Tarvik {
@@ -14,25 +12,6 @@ namespace Tarvik {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Free {
-    void operator()(void* reply) const { std::free(reply); } // NOLINT(cppcoreguidelines-no-malloc)
-};
-
-template <typename Reply>
-using Owned = std::unique_ptr<Reply, Free>;
-
-/// The reply to `request` once it is there, also when it is an error and so null.
-template <typename Reply>
-std::optional<Owned<Reply>> pollReply(xcb_connection_t* connection, unsigned int request)
-{
-    void* reply = nullptr;
-    xcb_generic_error_t* error = nullptr;
-    if (request == 0 || xcb_poll_for_reply(connection, request, &reply, &error) == 0)
-        return std::nullopt;
-    std::free(error); // NOLINT(cppcoreguidelines-no-malloc)
-    return Owned<Reply>(static_cast<Reply*>(reply));
-}
 
 std::uint16_t modifiersOf(const KeyCombination& keys)
 {
@@ -74,18 +53,15 @@ private:
     std::uint32_t m_id;
 };
 
-std::unique_ptr<X11HotKeys> X11HotKeys::connect(const QByteArray& display, Clock& clock)
-{
-    auto connection = X11Connection::open(display, clock);
-    return connection ? std::unique_ptr<X11HotKeys>(new X11HotKeys(std::move(connection))) : nullptr;
-}
-
-X11HotKeys::X11HotKeys(std::unique_ptr<X11Connection> connection)
+X11HotKeys::X11HotKeys(std::shared_ptr<X11Connection> connection)
     : m_connection(std::move(connection))
+    , m_events(m_connection->received.subscribe([this](const xcb_generic_event_t& event) { receive(event); }))
+    , m_settlements(m_connection->settled.subscribe([this] { tellState(); }))
+    , m_arrivals(m_connection->connected.subscribe([this] { begin(); }))
+    , m_losses(m_connection->lost.subscribe([this] { lose(); }))
 {
-    m_connection->onReadable = [this] { process(); };
-    m_connection->onBack = [this] { begin(); };
-    begin();
+    if (server() != nullptr)
+        begin();
 }
 
 void X11HotKeys::begin()
@@ -96,13 +72,13 @@ void X11HotKeys::begin()
         m_hasStateChanged = true;
     }
     requestKeyMap();
-    processSoon();
+    m_connection->send();
 }
 
 std::unique_ptr<HotKeyRegistration> X11HotKeys::registerHotKey(const HotKeyRequest& request)
 {
     const auto keys = KeyCombination::fromCarbon(request.keyCode, request.modifiers);
-    const bool isPossible = server() != nullptr && keys;
+    const bool isPossible = keys && (server() != nullptr || !m_connection->isKnown());
     m_hotKeys.push_back({.id = request.id,
         .keys = keys,
         .status = isPossible ? HotKeyStatus::pending : HotKeyStatus::notAvailable,
@@ -123,70 +99,40 @@ void X11HotKeys::remove(std::uint32_t id)
     const auto it = std::ranges::find(m_hotKeys, id, &HotKey::id);
     ungrab(*it);
     m_hotKeys.erase(it);
-    processSoon();
+    m_connection->send();
 }
 
-void X11HotKeys::process()
+void X11HotKeys::tellState()
 {
-    m_isProcessingScheduled = false;
-    if (server() == nullptr)
-        return;
-    std::vector<std::uint32_t> presses;
-    bool isIdle = false;
-    while (!isIdle) {
-        // Sending may take in what the server has sent, of which the notifier then hears nothing.
-        xcb_flush(server());
-        const bool hadEvents = takeEvents(presses);
-        const bool hadKeyMap = takeKeyMap();
-        const bool hadGrabResults = takeGrabResults(presses);
-        isIdle = !hadEvents && !hadKeyMap && !hadGrabResults;
-    }
-    if (xcb_connection_has_error(server()) != 0)
-        lose();
     if (std::exchange(m_hasStateChanged, false))
         stateChanged();
-    for (const std::uint32_t id : presses) {
-        pressed(id);
+}
+
+void X11HotKeys::receive(const xcb_generic_event_t& event)
+{
+    if (event.response_type == 0) {
+        takeRefusal(event.full_sequence);
+    } else if (event.response_type == XCB_KEY_PRESS) {
+        // What a program has sent, and not the keyboard, has another bit set.
+        takePress(reinterpret_cast<const xcb_key_press_event_t&>(event));
+    } else if (event.response_type == XCB_MAPPING_NOTIFY) {
+        if (reinterpret_cast<const xcb_mapping_notify_event_t&>(event).request != XCB_MAPPING_POINTER)
+            requestKeyMap();
     }
 }
 
-void X11HotKeys::processSoon()
-{
-    if (!std::exchange(m_isProcessingScheduled, true))
-        QMetaObject::invokeMethod(
-            this, [this] { process(); }, Qt::QueuedConnection);
-}
-
-bool X11HotKeys::takeEvents(std::vector<std::uint32_t>& presses)
-{
-    bool hadSome = false;
-    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(server())}) {
-        hadSome = true;
-        if (event->response_type == 0) {
-            takeRefusal(event->full_sequence);
-        } else if (event->response_type == XCB_KEY_PRESS) {
-            // What a program has sent, and not the keyboard, has another bit set.
-            const auto& press = reinterpret_cast<const xcb_key_press_event_t&>(*event);
-            takePress(press.detail, press.state & modifierBits, press.time, presses);
-        } else if (event->response_type == XCB_MAPPING_NOTIFY) {
-            if (reinterpret_cast<const xcb_mapping_notify_event_t&>(*event).request != XCB_MAPPING_POINTER)
-                requestKeyMap();
-        }
-    }
-    return hadSome;
-}
-
-void X11HotKeys::takePress(
-    X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& presses)
+void X11HotKeys::takePress(const xcb_key_press_event_t& press)
 {
     // The press has brought the whole keyboard to us until the key is released. A screen locker that wants the keyboard
     // would be refused until then.
     xcb_ungrab_keyboard(server(), XCB_CURRENT_TIME);
-    const auto isHit = [&](const Grab& grab) { return grab.keyCode == key && grab.modifiers == modifiers; };
+    const auto isHit = [&](const Grab& grab) {
+        return grab.keyCode == press.detail && grab.modifiers == (press.state & modifierBits);
+    };
     const auto it = std::ranges::find_if(
         m_hotKeys, [&](const HotKey& hotKey) { return std::ranges::any_of(hotKey.grabs, isHit); });
-    if (it != m_hotKeys.end() && !isRepetition(key, time))
-        presses.push_back(it->id);
+    if (it != m_hotKeys.end() && !isRepetition(press.detail, press.time))
+        pressed(it->id);
 }
 
 bool X11HotKeys::isRepetition(X11KeyMap::KeyCode key, std::uint32_t time)
@@ -208,71 +154,59 @@ void X11HotKeys::takeRefusal(unsigned int sequence)
     }
 }
 
-bool X11HotKeys::takeKeyMap()
+void X11HotKeys::requestKeyMap()
 {
-    // The server answers in the order of the requests.
-    const auto modifiers = pollReply<xcb_get_modifier_mapping_reply_t>(server(), m_modifiersRequest);
-    if (!modifiers)
-        return false;
-    const auto symbols = pollReply<xcb_get_keyboard_mapping_reply_t>(server(), m_symbolsRequest);
-    m_modifiersRequest = 0;
-    m_symbolsRequest = 0;
-    if (!symbols || !*symbols || !*modifiers)
-        return true;
-    X11KeyMap map;
-    map.firstKeyCode = xcb_get_setup(server())->min_keycode;
-    map.symbolsPerKey = (*symbols)->keysyms_per_keycode;
-    const auto* keySyms = xcb_get_keyboard_mapping_keysyms(symbols->get());
-    map.symbols.assign(keySyms, keySyms + xcb_get_keyboard_mapping_keysyms_length(symbols->get()));
-    map.keysPerModifier = (*modifiers)->keycodes_per_modifier;
-    const auto* keyCodes = xcb_get_modifier_mapping_keycodes(modifiers->get());
-    map.modifierKeys.assign(keyCodes, keyCodes + xcb_get_modifier_mapping_keycodes_length(modifiers->get()));
-    m_keyMap = std::move(map);
-    grabAll();
-    return true;
+    const xcb_setup_t& setup = *xcb_get_setup(server());
+    const auto count = static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1);
+    m_symbolsReply = m_connection->await(xcb_get_keyboard_mapping(server(), setup.min_keycode, count).sequence,
+        [this](const void* reply) { takeSymbols(static_cast<const xcb_get_keyboard_mapping_reply_t*>(reply)); });
+    m_modifiersReply = m_connection->await(xcb_get_modifier_mapping(server()).sequence,
+        [this](const void* reply) { takeModifiers(static_cast<const xcb_get_modifier_mapping_reply_t*>(reply)); });
 }
 
-bool X11HotKeys::takeGrabResults(std::vector<std::uint32_t>& presses)
+void X11HotKeys::takeSymbols(const xcb_get_keyboard_mapping_reply_t* reply)
 {
-    const auto reply = pollReply<xcb_get_input_focus_reply_t>(server(), m_grabsDoneRequest);
-    if (!reply)
-        return false;
-    m_grabsDoneRequest = 0;
-    // The refusals come before this reply, but those that came with it are still in the queue.
-    takeEvents(presses);
+    m_symbols.reset();
+    if (reply == nullptr)
+        return;
+    m_symbols.emplace();
+    m_symbols->firstKeyCode = xcb_get_setup(server())->min_keycode;
+    m_symbols->symbolsPerKey = reply->keysyms_per_keycode;
+    const auto* keySyms = xcb_get_keyboard_mapping_keysyms(reply);
+    m_symbols->symbols.assign(keySyms, keySyms + xcb_get_keyboard_mapping_keysyms_length(reply));
+}
+
+void X11HotKeys::takeModifiers(const xcb_get_modifier_mapping_reply_t* reply)
+{
+    auto map = std::exchange(m_symbols, {});
+    if (reply == nullptr || !map)
+        return;
+    map->keysPerModifier = reply->keycodes_per_modifier;
+    const auto* keyCodes = xcb_get_modifier_mapping_keycodes(reply);
+    map->modifierKeys.assign(keyCodes, keyCodes + xcb_get_modifier_mapping_keycodes_length(reply));
+    m_keyMap = std::move(map);
+    grabAll();
+}
+
+void X11HotKeys::takeGrabs()
+{
     for (HotKey& hotKey : m_hotKeys) {
         if (hotKey.status == HotKeyStatus::pending) {
             hotKey.status = HotKeyStatus::registered;
             m_hasStateChanged = true;
         }
     }
-    return true;
-}
-
-void X11HotKeys::requestKeyMap()
-{
-    for (const unsigned int request : {std::exchange(m_symbolsRequest, 0), std::exchange(m_modifiersRequest, 0)}) {
-        if (request != 0)
-            xcb_discard_reply(server(), request);
-    }
-    const xcb_setup_t& setup = *xcb_get_setup(server());
-    const auto count = static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1);
-    m_symbolsRequest = xcb_get_keyboard_mapping(server(), setup.min_keycode, count).sequence;
-    m_modifiersRequest = xcb_get_modifier_mapping(server()).sequence;
 }
 
 void X11HotKeys::grabAll()
 {
-    if (m_grabsDoneRequest != 0)
-        xcb_discard_reply(server(), m_grabsDoneRequest);
     // All before the first new one: keys may change places.
     for (HotKey& hotKey : m_hotKeys)
         ungrab(hotKey);
     for (HotKey& hotKey : m_hotKeys)
         grab(hotKey);
-    // Its reply says that the server has seen the grabs.
-    m_grabsDoneRequest = xcb_get_input_focus(server()).sequence;
-    processSoon();
+    m_grabsReply = m_connection->await(xcb_get_input_focus(server()).sequence, [this](const void*) { takeGrabs(); });
+    m_connection->send();
 }
 
 void X11HotKeys::grab(HotKey& hotKey)
@@ -301,11 +235,7 @@ void X11HotKeys::ungrab(HotKey& hotKey)
 
 void X11HotKeys::lose()
 {
-    m_connection->lose();
     m_keyMap.reset();
-    m_symbolsRequest = 0;
-    m_modifiersRequest = 0;
-    m_grabsDoneRequest = 0;
     for (HotKey& hotKey : m_hotKeys) {
         hotKey.grabs.clear();
         hotKey.status = HotKeyStatus::notAvailable;

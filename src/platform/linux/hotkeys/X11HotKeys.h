@@ -2,27 +2,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/HotKeys.h"
 #include "platform/linux/hotkeys/KeyCombination.h"
 #include "platform/linux/hotkeys/X11KeyMap.h"
 #include "platform/linux/x11/X11Connection.h"
 
-#include <QByteArray>
-#include <QObject>
-
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace Tarvik {
 
-/// Shortcuts as passive key grabs on the root window of an X server, on a connection of their own. Super is Mod4 and
-/// Alt is Mod1, as on every desktop. When the server goes away, so do they; when it is back, they are grabbed again.
-class X11HotKeys final : public QObject, public HotKeys {
-    Q_OBJECT
-
+/// Shortcuts as passive key grabs on the root window of an X server. Super is Mod4 and Alt is Mod1, as on every
+/// desktop. When the server goes away, so do they; when it is back, they are grabbed again.
+class X11HotKeys final : public HotKeys {
 public:
-    /// `display` as in DISPLAY. Nothing when it cannot be reached. `clock` must outlive the object.
-    static std::unique_ptr<X11HotKeys> connect(const QByteArray& display, Clock& clock);
+    explicit X11HotKeys(std::shared_ptr<X11Connection> connection);
+    X11HotKeys(const X11HotKeys&) = delete;
+    X11HotKeys& operator=(const X11HotKeys&) = delete;
 
     [[nodiscard]] std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override;
 
@@ -42,8 +41,6 @@ private:
         std::vector<Grab> grabs;
     };
 
-    explicit X11HotKeys(std::unique_ptr<X11Connection> connection);
-
     /// Null while there is no server.
     xcb_connection_t* server() const { return m_connection->get(); }
     /// Asks for everything of a server that knows nothing of us.
@@ -51,33 +48,36 @@ private:
     HotKeyState state(std::uint32_t id) const;
     void remove(std::uint32_t id);
 
-    /// Everything that is to be read or sent, until there is no more of it.
-    void process();
-    void processSoon();
-    bool takeEvents(std::vector<std::uint32_t>& presses);
-    void takePress(
-        X11KeyMap::KeyCode key, unsigned int modifiers, std::uint32_t time, std::vector<std::uint32_t>& presses);
+    void receive(const xcb_generic_event_t& event);
+    void tellState();
+    void takePress(const xcb_key_press_event_t& press);
     bool isRepetition(X11KeyMap::KeyCode key, std::uint32_t time);
     void takeRefusal(unsigned int sequence);
-    bool takeKeyMap();
-    bool takeGrabResults(std::vector<std::uint32_t>& presses);
+    void takeSymbols(const xcb_get_keyboard_mapping_reply_t* reply);
+    void takeModifiers(const xcb_get_modifier_mapping_reply_t* reply);
+    void takeGrabs();
     void requestKeyMap();
     void grabAll();
     void grab(HotKey& hotKey);
     void ungrab(HotKey& hotKey);
     void lose();
 
-    std::unique_ptr<X11Connection> m_connection;
+    std::shared_ptr<X11Connection> m_connection;
     std::vector<HotKey> m_hotKeys;
     std::optional<X11KeyMap> m_keyMap;
-    /// Requests that wait for their reply, by sequence number; 0 is none.
-    unsigned int m_symbolsRequest = 0;
-    unsigned int m_modifiersRequest = 0;
-    unsigned int m_grabsDoneRequest = 0;
+    /// Half of the next key map.
+    std::optional<X11KeyMap> m_symbols;
+    Subscription m_symbolsReply;
+    Subscription m_modifiersReply;
+    /// Says that the server has seen the grabs.
+    Subscription m_grabsReply;
     X11KeyMap::KeyCode m_lastKey = 0;
     std::uint32_t m_lastPressTime = 0;
-    bool m_isProcessingScheduled = false;
     bool m_hasStateChanged = false;
+    Subscription m_events;
+    Subscription m_settlements;
+    Subscription m_arrivals;
+    Subscription m_losses;
 };
 
 } // namespace Tarvik

@@ -4,7 +4,9 @@
 
 #include "core/Logging.h"
 #include "platform/linux/session/WaylandDisplayConnection.h"
-#include "platform/linux/session/X11DisplayConnection.h"
+#include "platform/linux/x11/X11Connection.h"
+
+#include <utility>
 
 namespace Tarvik {
 
@@ -26,23 +28,27 @@ DisplaySessionLifetime::DisplaySessionLifetime(const Display& display, const QDB
     , m_login(systemBus)
 {
     // Where there is a compositor, the X server is only a guest in the session.
-    if (!m_display.waylandSocket.isEmpty() && follow())
+    if (!m_display.waylandSocket.isEmpty() && followCompositor())
         return;
     m_display.waylandSocket.clear();
-    follow();
+    // What comes and goes with the network does not come and go with a login.
+    if (m_display.x11 != nullptr && m_display.x11->isOnThisMachine())
+        followXServer();
 }
+
+DisplaySessionLifetime::~DisplaySessionLifetime() = default;
 
 bool DisplaySessionLifetime::follow()
 {
-    return m_display.waylandSocket.isEmpty() ? followXServer() : followCompositor();
+    return m_display.waylandSocket.isEmpty() ? m_hasXServer : followCompositor();
 }
 
 bool DisplaySessionLifetime::followCompositor()
 {
-    m_connection = WaylandDisplayConnection::open(m_display.waylandSocket);
-    if (m_connection == nullptr)
+    m_compositor = WaylandDisplayConnection::open(m_display.waylandSocket);
+    if (m_compositor == nullptr)
         return false;
-    m_connection->onLost = [this] {
+    m_compositor->onLost = [this] {
         m_nextLook = m_clock.after(restartTime, [this] {
             if (!follow())
                 becomeLost();
@@ -51,13 +57,15 @@ bool DisplaySessionLifetime::followCompositor()
     return true;
 }
 
-bool DisplaySessionLifetime::followXServer()
+void DisplaySessionLifetime::followXServer()
 {
-    m_connection = X11DisplayConnection::open(m_display.x11);
-    if (m_connection == nullptr)
-        return false;
-    m_connection->onLost = [this] { becomeLost(); };
-    return true;
+    m_hasXServer = m_display.x11->get() != nullptr;
+    m_arrivals = m_display.x11->connected.subscribe([this] { m_hasXServer = true; });
+    m_losses = m_display.x11->lost.subscribe([this] {
+        // One that was never there ends no session.
+        if (std::exchange(m_hasXServer, false))
+            becomeLost();
+    });
 }
 
 void DisplaySessionLifetime::becomeLost()

@@ -4,15 +4,16 @@
 
 #include "platform/Clock.h"
 #include "platform/SessionLifetime.h"
-#include "platform/linux/session/DisplayConnection.h"
 #include "platform/linux/session/LogindSession.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <memory>
 
 namespace Tarvik {
+
+class WaylandDisplayConnection;
+class X11Connection;
 
 /// A graphical session, which lasts until its display server has gone and logind says that the user has logged out: a
 /// display that crashed ends nothing. Programs without a window are not ended at logout by anybody else: logind leaves
@@ -20,26 +21,32 @@ namespace Tarvik {
 class DisplaySessionLifetime final : public SessionLifetime {
 public:
     struct Display {
-        /// As in DISPLAY; empty without an X server.
-        QByteArray x11;
+        /// Null without an X server.
+        std::shared_ptr<X11Connection> x11;
         /// Absolute path of the Wayland compositor's socket; empty without one.
         QString waylandSocket;
     };
 
     /// `systemBus` is the connection to the system bus; `clock` must outlive the object.
     DisplaySessionLifetime(const Display& display, const QDBusConnection& systemBus, Clock& clock);
+    ~DisplaySessionLifetime() override;
+    DisplaySessionLifetime(const DisplaySessionLifetime&) = delete;
+    DisplaySessionLifetime& operator=(const DisplaySessionLifetime&) = delete;
 
 private:
     bool follow();
     bool followCompositor();
-    bool followXServer();
+    void followXServer();
     void becomeLost();
     void askWhetherOver();
     void take(bool isOver);
 
     Display m_display;
     Clock& m_clock;
-    std::unique_ptr<DisplayConnection> m_connection;
+    std::unique_ptr<WaylandDisplayConnection> m_compositor;
+    bool m_hasXServer = false;
+    Subscription m_arrivals;
+    Subscription m_losses;
     LogindSession m_login;
     /// How long after this look the next one comes.
     Seconds m_interval{0};

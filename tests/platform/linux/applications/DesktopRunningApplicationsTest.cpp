@@ -6,6 +6,7 @@
 #include "fakes/FakeRunningApplications.h"
 #include "fakes/FakeSystemd.h"
 #include "platform/linux/applications/DesktopFiles.h"
+#include "platform/linux/x11/X11Connection.h"
 #include "support/TemporaryDataHome.h"
 #include "support/TestSupport.h"
 
@@ -115,7 +116,8 @@ private Q_SLOTS:
         QVERIFY(systemd.appear());
         systemd.start(u"app-gnome-org.example.Editor-1.scope"_s);
         m_applications = std::make_unique<DesktopRunningApplications>(QDBusConnection::sessionBus(),
-            DesktopRunningApplications::Displays{.x11 = ":65000", .waylandSocket = u"/nonexistent/wayland-0"_s},
+            DesktopRunningApplications::Displays{
+                .x11 = X11Connection::open(":65000", m_clock), .waylandSocket = u"/nonexistent/wayland-0"_s},
             m_files,
             m_clock);
         m_listening = m_applications->changed.subscribe([this] { ++m_changes; });

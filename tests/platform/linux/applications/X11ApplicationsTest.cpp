@@ -156,7 +156,7 @@ private Q_SLOTS:
         QFETCH(RunningApplication, expected);
         Desktop desktop(m_display);
         desktop.open(instance, className, gtkId);
-        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        const auto applications = connect();
         QVERIFY(applications);
         QTRY_COMPARE(applications->list(), QList{expected});
     }
@@ -164,7 +164,7 @@ private Q_SLOTS:
     void windowsThatOpenAndCloseAreSeen()
     {
         Desktop desktop(m_display);
-        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        const auto applications = connect();
         int changes = 0;
         const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         const auto first = desktop.open("plain", "Plain");
@@ -182,7 +182,7 @@ private Q_SLOTS:
     void otherChangesOfTheRootWindowAreIgnored()
     {
         Desktop desktop(m_display);
-        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        const auto applications = connect();
         int changes = 0;
         const Subscription listening = applications->changed.subscribe([&] { ++changes; });
         desktop.touchOtherProperty();
@@ -196,7 +196,7 @@ private Q_SLOTS:
         desktop.open({}, {});
         desktop.closeBehindTheManager(desktop.open("plain", "Plain"));
         desktop.open("cursor", "Cursor");
-        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        const auto applications = connect();
         QTRY_COMPARE(applications->list(), (QList{RunningApplication{.id = {}, .localizedName = u"Cursor"_s}}));
     }
 
@@ -205,14 +205,16 @@ private Q_SLOTS:
         Desktop desktop(m_display);
         for (int i = 0; i < 300; ++i)
             desktop.open("w", QByteArray::number(i));
-        const auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        const auto applications = connect();
         QTRY_COMPARE(applications->list().size(), 300);
     }
 
-    void aDisplayThatCannotBeReachedIsNoSource()
+    void aDisplayThatCannotBeReachedHasNoApplications()
     {
-        for (const char* display : {":65000", "nonsense", ":-1", "/nonexistent"})
-            QVERIFY(!X11Applications::connect(display, m_files, m_clock));
+        const auto connection = X11Connection::open(":65000", m_clock);
+        const X11Applications applications(connection, m_files);
+        QTRY_VERIFY(connection->isKnown());
+        QVERIFY(applications.list().isEmpty());
     }
 
     void aLostServerTakesItsApplicationsWithIt()
@@ -246,12 +248,17 @@ private Q_SLOTS:
     }
 
 private:
+    std::unique_ptr<X11Applications> connect()
+    {
+        return std::make_unique<X11Applications>(X11Connection::open(m_display, m_clock), m_files);
+    }
+
     /// The applications of the server, with that of one window, which is not there any more.
     std::unique_ptr<X11Applications> showPlain()
     {
         Desktop desktop(m_display);
         desktop.open("plain", "Plain");
-        auto applications = X11Applications::connect(m_display, m_files, m_clock);
+        auto applications = connect();
         const bool isShown
             = QTest::qWaitFor([&] { return applications->list() == QList{withId(u"plain"_s)}; }, patience);
         return isShown ? std::move(applications) : nullptr;

@@ -5,6 +5,7 @@
 #include "fakes/FakeClock.h"
 #include "fakes/FakeKGlobalAccel.h"
 #include "fakes/FakePortal.h"
+#include "platform/linux/x11/X11Connection.h"
 #include "support/GnomeShortcutSchemas.h"
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
@@ -50,7 +51,7 @@ private Q_SLOTS:
         FakePortal portal(m_others);
         QVERIFY(kde.appear());
         QVERIFY(portal.appear());
-        start({.x11 = m_server.display(), .isWayland = true});
+        start({.x11 = x11(), .isWayland = true});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
         QVERIFY(portal.calls.isEmpty());
         kde.press(u"lock-screen"_s);
@@ -61,7 +62,7 @@ private Q_SLOTS:
     {
         FakePortal portal(m_others);
         QVERIFY(portal.appear());
-        start({.x11 = m_server.display()});
+        start({.x11 = x11()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
         QVERIFY(portal.calls.isEmpty());
     }
@@ -70,7 +71,7 @@ private Q_SLOTS:
     {
         FakePortal portal(m_others);
         QVERIFY(portal.appear());
-        start({.x11 = m_server.display(), .isWayland = true});
+        start({.x11 = x11(), .isWayland = true});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::registered}));
         portal.press(u"lock-screen"_s);
         QTRY_COMPARE(m_pressed, QList<std::uint32_t>{1});
@@ -83,7 +84,7 @@ private Q_SLOTS:
         FakePortal portal(m_others);
         portal.version = 0;
         QVERIFY(portal.appear());
-        start({.x11 = m_server.display(), .isWayland = true});
+        start({.x11 = x11(), .isWayland = true});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"desktop portal"_s, HotKeyStatus::notAvailable}));
         const GnomeDesktop gnome(m_services);
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"GNOME's custom shortcuts"_s, HotKeyStatus::registered}));
@@ -103,7 +104,7 @@ private Q_SLOTS:
     void gnomeUnderX11GetsACustomShortcutAndNoKeyGrab()
     {
         const GnomeDesktop gnome(m_services);
-        start({.x11 = m_server.display()});
+        start({.x11 = x11()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"GNOME's custom shortcuts"_s, HotKeyStatus::registered}));
         const XClient other(m_server);
         QVERIFY(other.grab(keyA, superAlt));
@@ -111,7 +112,7 @@ private Q_SLOTS:
 
     void gnomeThatAppearsLaterTakesTheShortcutFromTheXServer()
     {
-        start({.x11 = m_server.display()});
+        start({.x11 = x11()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
         {
             const GnomeDesktop gnome(m_services);
@@ -126,7 +127,7 @@ private Q_SLOTS:
     void aMediaKeysDaemonWithoutGnomesShellIsNotGnome()
     {
         QVERIFY(m_services.registerService(mediaKeys));
-        start({.x11 = m_server.display()});
+        start({.x11 = x11()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
         QVERIFY(m_services.unregisterService(mediaKeys));
     }
@@ -134,8 +135,7 @@ private Q_SLOTS:
     void gnomeThatTakesNoShortcutLeavesTheXServer()
     {
         const GnomeDesktop gnome(m_services);
-        m_hotKeys
-            = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{.x11 = m_server.display()}, m_clock);
+        m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{.x11 = x11()});
         HotKeyRequest unknown = lock();
         unknown.keyCode = 0xFFFF;
         m_registration = m_hotKeys->registerHotKey(unknown);
@@ -144,25 +144,25 @@ private Q_SLOTS:
 
     void anXServerThatCannotBeReachedGivesNone()
     {
-        start({.x11 = ":9876"});
-        QTRY_COMPARE(m_registration->state(), (HotKeyState{QString(), HotKeyStatus::notAvailable}));
+        start({.x11 = X11Connection::open(":9876", m_clock)});
+        QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::notAvailable}));
     }
 
     void withoutABusTheXServerIsUsed()
     {
-        start({.x11 = m_server.display()}, QDBusConnection(u"nowhere"_s));
+        start({.x11 = x11()}, QDBusConnection(u"nowhere"_s));
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
     }
 
     void withoutABusUnderWaylandThereIsNone()
     {
-        start({.x11 = m_server.display(), .isWayland = true}, QDBusConnection(u"nowhere"_s));
+        start({.x11 = x11(), .isWayland = true}, QDBusConnection(u"nowhere"_s));
         QCOMPARE(m_registration->state(), (HotKeyState{QString(), HotKeyStatus::notAvailable}));
     }
 
     void kGlobalAccelThatAppearsLaterTakesOver()
     {
-        start({.x11 = m_server.display()});
+        start({.x11 = x11()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
         FakeKGlobalAccel kde(m_services);
         QVERIFY(kde.appear());
@@ -177,7 +177,7 @@ private Q_SLOTS:
     {
         FakeKGlobalAccel kde(m_services);
         QVERIFY(kde.appear());
-        start({.x11 = m_server.display()});
+        start({.x11 = x11()});
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"KGlobalAccel"_s, HotKeyStatus::registered}));
         kde.vanish();
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::registered}));
@@ -201,7 +201,7 @@ private Q_SLOTS:
     void everyChangeOfTheStateIsTold()
     {
         QList<HotKeyState> states;
-        m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{}, m_clock);
+        m_hotKeys = std::make_unique<DesktopHotKeys>(m_client, DesktopHotKeys::Display{});
         const Subscription listening
             = m_hotKeys->stateChanged.subscribe([&] { states.append(m_registration->state()); });
         m_registration = m_hotKeys->registerHotKey(lock());
@@ -246,10 +246,12 @@ private:
             .purpose = {.name = u"lock-screen"_s, .description = u"Lock the screen"_s}};
     }
 
+    std::shared_ptr<X11Connection> x11() { return X11Connection::open(m_server.display(), m_clock); }
+
     void start(const DesktopHotKeys::Display& display) { start(display, m_client); }
     void start(const DesktopHotKeys::Display& display, const QDBusConnection& bus)
     {
-        m_hotKeys = std::make_unique<DesktopHotKeys>(bus, display, m_clock);
+        m_hotKeys = std::make_unique<DesktopHotKeys>(bus, display);
         m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.append(id); });
         m_registration = m_hotKeys->registerHotKey(lock());
     }

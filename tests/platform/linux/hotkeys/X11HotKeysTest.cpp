@@ -47,8 +47,8 @@ private Q_SLOTS:
         m_server = std::make_unique<VirtualXServer>();
         QVERIFY(m_server->isRunning());
         m_user = std::make_unique<XClient>(*m_server);
-        m_hotKeys = X11HotKeys::connect(m_server->display(), m_clock);
-        QVERIFY(m_hotKeys);
+        m_connection = X11Connection::open(m_server->display(), m_clock);
+        m_hotKeys = std::make_unique<X11HotKeys>(m_connection);
         m_listening = m_hotKeys->pressed.subscribe([this](std::uint32_t id) { m_pressed.push_back(id); });
     }
 
@@ -56,14 +56,20 @@ private Q_SLOTS:
     {
         m_registration.reset();
         m_hotKeys.reset();
+        m_connection.reset();
         m_user.reset();
         m_server.reset();
     }
 
     void aServerThatIsNotThereGivesNoShortcuts()
     {
-        QVERIFY(!X11HotKeys::connect(":9876", m_clock));
-        QVERIFY(!X11HotKeys::connect("nonsense", m_clock));
+        for (const char* display : {":9876", "nonsense"}) {
+            X11HotKeys hotKeys(X11Connection::open(display, m_clock));
+            const auto early = hotKeys.registerHotKey(lock());
+            QCOMPARE(early->state().status, HotKeyStatus::pending);
+            QTRY_COMPARE(early->state().status, HotKeyStatus::notAvailable);
+            QCOMPARE(hotKeys.registerHotKey(lock())->state().status, HotKeyStatus::notAvailable);
+        }
     }
 
     void theShortcutIsPendingUntilTheServerHasGivenIt()
@@ -354,6 +360,7 @@ private Q_SLOTS:
 
     void aServerThatDoesNotAnswerBlocksNothing()
     {
+        QTRY_VERIFY(m_connection->get() != nullptr);
         QCOMPARE(::kill(m_server->processId(), SIGSTOP), 0);
         QElapsedTimer timer;
         timer.start();
@@ -450,6 +457,7 @@ private:
     }
 
     FakeClock m_clock;
+    std::shared_ptr<X11Connection> m_connection;
     std::unique_ptr<VirtualXServer> m_server;
     std::unique_ptr<XClient> m_user;
     std::unique_ptr<X11HotKeys> m_hotKeys;

@@ -4,6 +4,7 @@
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeLogindLogin.h"
+#include "platform/linux/x11/X11Connection.h"
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
@@ -64,7 +65,7 @@ private Q_SLOTS:
     {
         VirtualXServer server;
         QVERIFY(server.isRunning());
-        const auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        const auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
         // Which tells every client that the keyboard has changed.
         QCOMPARE(QProcess::execute(u"setxkbmap"_s, {u"-display"_s, QString::fromLatin1(server.display()), u"de"_s}), 0);
         QCoreApplication::processEvents();
@@ -75,6 +76,18 @@ private Q_SLOTS:
         server.kill();
         QTRY_COMPARE(m_ends, 1);
         QCOMPARE(m_clock->pending(), 0U);
+    }
+
+    void anXServerThatIsFoundLaterIsFollowed()
+    {
+        VirtualXServer server;
+        const auto connection = X11Connection::open(server.display(), m_x11Clock);
+        const auto session = follow({.x11 = connection, .waylandSocket = {}});
+        QTRY_VERIFY(connection->get() != nullptr);
+        logOut();
+        expectEnd();
+        server.kill();
+        QTRY_COMPARE(m_ends, 1);
     }
 
     void aLogoutThatEndsTheCompositorEndsIt()
@@ -96,7 +109,7 @@ private Q_SLOTS:
     void aLogoutEndsNothingAsLongAsTheDisplayIsThere()
     {
         const VirtualXServer server;
-        const auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        const auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
         logOut();
         QCoreApplication::processEvents();
         QCOMPARE(m_clock->pending(), 0U);
@@ -171,7 +184,7 @@ private Q_SLOTS:
     {
         VirtualXServer server;
         DisplaySessionLifetime session(
-            {.x11 = server.display(), .waylandSocket = {}}, QDBusConnection(u"nowhere"_s), *m_clock);
+            {.x11 = connectTo(server.display()), .waylandSocket = {}}, QDBusConnection(u"nowhere"_s), *m_clock);
         const Subscription listening = session.ended.subscribe([this] { ++m_ends; });
         expectLoss();
         server.kill();
@@ -182,7 +195,7 @@ private Q_SLOTS:
     void nobodyIsAskedAgainWhileAnAnswerIsOnItsWay()
     {
         VirtualXServer server;
-        const auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        const auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
         m_logind->answerLater(FakeLogindLogin::state);
         server.kill();
         QTRY_VERIFY(m_logind->isWaiting());
@@ -197,7 +210,7 @@ private Q_SLOTS:
     void whoIsDestroyedWhileAnAnswerIsOnItsWayDoesNotEnd()
     {
         VirtualXServer server;
-        auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
         m_logind->answerLater(FakeLogindLogin::state);
         server.kill();
         QTRY_VERIFY(m_logind->isWaiting());
@@ -219,13 +232,14 @@ private Q_SLOTS:
     {
         auto server = std::make_unique<VirtualXServer>();
         const QByteArray display = server->display();
-        const auto session = follow({.x11 = display, .waylandSocket = {}});
+        const auto session = follow({.x11 = connectTo(display), .waylandSocket = {}});
         for (int crash = 0; crash < 2; ++crash) {
             expectLoss();
             server->kill();
             QTRY_COMPARE(m_clock->pending(), 1U);
             server = std::make_unique<VirtualXServer>();
             QVERIFY(server->isRunning());
+            m_x11Clock.advance(Seconds{1});
             m_clock->advance(Seconds{1});
             waitForAnswers();
             QCOMPARE(m_clock->pending(), 0U);
@@ -257,11 +271,12 @@ private Q_SLOTS:
     {
         auto server = std::make_unique<VirtualXServer>();
         const QByteArray display = server->display();
-        const auto session = follow({.x11 = display, .waylandSocket = {}});
+        const auto session = follow({.x11 = connectTo(display), .waylandSocket = {}});
         expectLoss();
         server->kill();
         QTRY_COMPARE(m_clock->pending(), 1U);
         server = std::make_unique<VirtualXServer>();
+        m_x11Clock.advance(Seconds{1});
         logOut();
         expectEnd();
         m_clock->advance(Seconds{1});
@@ -301,7 +316,7 @@ private Q_SLOTS:
     {
         Compositor compositor(m_socket);
         VirtualXServer server;
-        const auto session = follow({.x11 = server.display(), .waylandSocket = m_socket});
+        const auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = m_socket});
         QTRY_VERIFY(compositor.hasClient());
         server.kill();
         QCoreApplication::processEvents();
@@ -311,7 +326,7 @@ private Q_SLOTS:
     void withoutItsCompositorItFollowsTheXServer()
     {
         VirtualXServer server;
-        const auto session = follow({.x11 = server.display(), .waylandSocket = m_socket});
+        const auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = m_socket});
         logOut();
         expectEnd();
         server.kill();
@@ -332,7 +347,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, x11);
         QFETCH(QString, waylandSocket);
-        const auto session = follow({.x11 = x11, .waylandSocket = waylandSocket});
+        const auto session = follow({.x11 = x11.isEmpty() ? nullptr : connectTo(x11), .waylandSocket = waylandSocket});
         QCoreApplication::processEvents();
         QCOMPARE(m_clock->pending(), 0U);
         QCOMPARE(m_ends, 0);
@@ -341,6 +356,14 @@ private Q_SLOTS:
 private:
     /// At once, and 1, 2, 4, 8, 16 and 32 seconds after the one before.
     static constexpr int allLooks = 6;
+
+    /// A connection that has found out whether there is a server.
+    std::shared_ptr<X11Connection> connectTo(const QByteArray& display)
+    {
+        auto connection = X11Connection::open(display, m_x11Clock);
+        [&] { QTRY_VERIFY(connection->isKnown()); }();
+        return connection;
+    }
 
     std::unique_ptr<DisplaySessionLifetime> follow(const DisplaySessionLifetime::Display& display)
     {
@@ -353,7 +376,7 @@ private:
     std::unique_ptr<DisplaySessionLifetime> loseXServer()
     {
         VirtualXServer server;
-        auto session = follow({.x11 = server.display(), .waylandSocket = {}});
+        auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
         expectLoss();
         server.kill();
         [&] { QTRY_COMPARE(m_clock->pending(), 1U); }();
@@ -400,6 +423,7 @@ private:
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"service"_s);
     std::unique_ptr<FakeClock> m_clock;
+    FakeClock m_x11Clock;
     std::unique_ptr<FakeLogindLogin> m_logind;
     std::unique_ptr<QTemporaryDir> m_directory;
     QString m_socket;
