@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 
+#include <QEventLoop>
 #include <QPointer>
 
 #include <algorithm>
@@ -128,8 +129,9 @@ DesktopPowerAssertions::DesktopPowerAssertions(QDBusConnection systemBus,
 
 DesktopPowerAssertions::~DesktopPowerAssertions()
 {
-    for (Assertion* assertion : m_assertions)
+    for (Assertion* assertion : std::exchange(m_assertions, {}))
         assertion->orphan();
+    finishRearming();
 }
 
 std::unique_ptr<PowerAssertion> DesktopPowerAssertions::create(PowerAssertionType type, const QString& name)
@@ -156,7 +158,21 @@ void DesktopPowerAssertions::rearm(const QString& who)
     for (const DesktopHold kind : DesktopHoldRules::rearmingSystemSleep(m_watch.facts()))
         m_rearming.push_back(makeInhibitor(kind, who));
     if (!m_rearming.empty())
-        m_rearmingEnd = m_clock.after(rearmingTime, [this] { m_rearming.clear(); });
+        m_rearmingEnd = m_clock.after(rearmingTime, [this] {
+            m_rearming.clear();
+            m_rearmed();
+        });
+}
+
+void DesktopPowerAssertions::finishRearming()
+{
+    // What is no service of a bus has been told once and for all.
+    const auto takesTime = [](const auto& inhibitor) { return !inhibitor->service().isEmpty(); };
+    if (std::ranges::none_of(m_rearming, takesTime))
+        return;
+    QEventLoop wait;
+    const Subscription end = m_rearmed.subscribe([&] { wait.quit(); });
+    wait.exec();
 }
 
 QList<PowerAssertionHold> DesktopPowerAssertions::holds() const

@@ -32,6 +32,8 @@ public:
         const QString& currentDesktop,
         X11ScreenSaver x11ScreenSaver,
         Clock& clock);
+    /// Waits, as long as `rearmingTime` at most, where a desktop is still to count anew: with the process its hold
+    /// would end before anybody has looked.
     ~DesktopPowerAssertions() override;
     DesktopPowerAssertions(const DesktopPowerAssertions&) = delete;
     DesktopPowerAssertions& operator=(const DesktopPowerAssertions&) = delete;
@@ -44,6 +46,7 @@ private:
 
     std::unique_ptr<Inhibitor> makeInhibitor(DesktopHold kind, const QString& who);
     void rearm(const QString& who);
+    void finishRearming();
     void schedulePublishing();
     void publish();
 
@@ -55,6 +58,7 @@ private:
     std::vector<Assertion*> m_assertions;
     std::vector<std::unique_ptr<Inhibitor>> m_rearming;
     std::unique_ptr<Timer> m_rearmingEnd;
+    Signal<void()> m_rearmed;
     bool m_publishingScheduled = false;
     QObject m_eventLoop;
 };

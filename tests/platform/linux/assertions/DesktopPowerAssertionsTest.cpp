@@ -9,6 +9,8 @@
 #include "platform/linux/inhibitors/DBusInhibitor.h"
 #include "support/TestSupport.h"
 
+#include <QTimer>
+
 #include <cerrno>
 
 using namespace Tarvik;
@@ -75,7 +77,11 @@ private Q_SLOTS:
         start({});
     }
 
-    void cleanup() { m_assertions.reset(); }
+    void cleanup()
+    {
+        m_clock.advance(DesktopPowerAssertions::rearmingTime);
+        m_assertions.reset();
+    }
 
     void gnomeIsHeldBySessionManagerAndLogind()
     {
@@ -196,6 +202,33 @@ private Q_SLOTS:
         m_clock.advance(DesktopPowerAssertions::rearmingTime / 2);
         QTRY_COMPARE(logind.held(), (Requests{logindArguments(u"idle"_s), logindArguments(u"idle"_s)}));
         m_clock.advance(DesktopPowerAssertions::rearmingTime / 2);
+        QTRY_VERIFY(logind.held().isEmpty());
+    }
+
+    void whatAnIdleDaemonIsHeldByForAMomentOutlivesTheEnd()
+    {
+        FakeLogind logind(m_services);
+        FakeDBusService systemd(m_services, u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1"_s);
+        systemd.handler = [&](const QDBusMessage& call) {
+            return call.createReply(QVariant::fromValue(QDBusVariant(u"257.13-1~deb13u1"_s)));
+        };
+        QVERIFY(systemd.appear() && logind.appear());
+        start(u"sway"_s);
+        auto system = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
+        QTRY_COMPARE(logind.held(), (Requests{logindArguments(u"sleep"_s)}));
+        bool isOver = false;
+        bool wasHeld = false;
+        QTimer look;
+        connect(&look, &QTimer::timeout, this, [&] {
+            wasHeld = !isOver && logind.held() == Requests{logindArguments(u"idle"_s)};
+            if (wasHeld)
+                m_clock.advance(DesktopPowerAssertions::rearmingTime);
+        });
+        look.start();
+        system.reset();
+        m_assertions.reset();
+        isOver = true;
+        QVERIFY(wasHeld);
         QTRY_VERIFY(logind.held().isEmpty());
     }
 
