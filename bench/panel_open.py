@@ -17,9 +17,14 @@ import time
 
 from gi.repository import Gio, GLib
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "support"))
+from waiting import eventually  # noqa: E402
+
 FAKE = str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "ui" / "fake_tarvik.py")
 NAME = "com.morvanta.TarvikUi"
 EXPOSE_WAIT = 10
+# What is measured is as exact as this.
+LOOK_PERIOD = 0.0005
 COLD_RUNS = 9
 MEASURED_SECONDS = 20
 CLICK = (1150, 14)
@@ -48,11 +53,8 @@ class Screen:
         return value
 
     def wait(self, shown):
-        deadline = time.monotonic() + EXPOSE_WAIT
-        while (self.pixel() == SURFACE) != shown:
-            if time.monotonic() > deadline:
-                sys.exit(f"The panel is not {'shown' if shown else 'gone'} after {EXPOSE_WAIT} s: pixel {self.pixel():06x}.")
-            time.sleep(0.0005)
+        eventually(lambda: (self.pixel() == SURFACE) == shown,
+                   lambda: f"the panel is {'shown' if shown else 'gone'}: pixel {self.pixel():06x}", EXPOSE_WAIT, LOOK_PERIOD)
 
 
 class Process:
@@ -95,8 +97,7 @@ class Ui:
 
     def start(self):
         self.process = subprocess.Popen([self.executable])
-        while not self.owned():
-            time.sleep(0.0005)
+        eventually(self.owned, "the UI process is up", period=LOOK_PERIOD)
 
     def click(self):
         self.bus.call_sync(NAME, "/com/morvanta/TarvikUi", NAME + ".Windows1", "ShowPanel",

@@ -11,12 +11,12 @@ import pathlib
 import subprocess
 import sys
 import tempfile
-import time
 
 from panel_open import CLICK, EXPOSE_WAIT, FAKE, Ui, milliseconds, row, summary
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "ui"))
 from sway import Sway  # noqa: E402
+from waiting import eventually  # noqa: E402
 
 RUNS = 15
 # Inside the panel that the click opens, and free of text.
@@ -28,10 +28,7 @@ def pixel():
 
 
 def wait(is_there):
-    deadline = time.monotonic() + EXPOSE_WAIT
-    while not is_there():
-        if time.monotonic() > deadline:
-            sys.exit(f"The screen does not change within {EXPOSE_WAIT} s.")
+    eventually(is_there, "the screen changes", EXPOSE_WAIT, period=0)
 
 
 def main(executable):

@@ -15,6 +15,9 @@ import time
 
 from gi.repository import Gio, GLib
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "support"))
+from waiting import eventually  # noqa: E402
+
 TARVIK, TOOL, SLEEPER = sys.argv[1:4]
 IDLE_SECONDS = float(sys.argv[4]) if len(sys.argv) > 4 else 300
 POLL_PERIOD = 5
@@ -43,11 +46,11 @@ class Inhibitions:
 
     def wait_for(self, idle, since, patience=15):
         """Milliseconds from `since` until logind has announced the state."""
-        end = time.monotonic() + patience
-        while self.idle != idle:
+        def has_said():
             self.context.iteration(False)
-            if time.monotonic() > end:
-                sys.exit(f"logind never said idle={idle}")
+            return self.idle == idle
+
+        eventually(has_said, f"logind says idle={idle}", patience, period=0)
         return (self.changed_at - since) * 1000
 
 
@@ -81,8 +84,7 @@ def memory(pid):
 
 def start():
     process = subprocess.Popen([TARVIK], stderr=subprocess.DEVNULL)
-    while subprocess.run([TOOL, "status"], capture_output=True, check=False).returncode == 2:
-        time.sleep(0.002)
+    eventually(lambda: subprocess.run([TOOL, "status"], capture_output=True, check=False).returncode != 2, "Tarvik answers", period=0.002)
     return process
 
 

@@ -10,17 +10,20 @@ import pathlib
 import shlex
 import signal
 import subprocess
+import sys
 import tempfile
 import threading
 import time
 import unittest
 import uuid
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import PATIENCE as DEADLINE, eventually
+
 SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "scripts"
 DESKTOP = str(SCRIPTS / "desktop")
 SCREENSHOT = str(SCRIPTS / "screenshot")
 MARK = "TARVIK_DESKTOP_TEST"
-DEADLINE = 30
 # Of a whole desktop, from its start to its end.
 LIFE = 180
 
@@ -307,10 +310,7 @@ class RemainsTest(unittest.TestCase):
         os.makedirs("/tmp/.X11-unix", mode=0o1777, exist_ok=True)
 
     def assertGone(self, mark):
-        deadline = time.monotonic() + DEADLINE
-        while left := marked_processes(mark):
-            self.assertLess(time.monotonic(), deadline, f"still there: {left}")
-            time.sleep(0.02)
+        eventually(lambda: not marked_processes(mark), lambda: f"all are gone, but {marked_processes(mark)}")
 
     def test_nothing_remains_after_a_command_that_leaves_daemons(self):
         before = host_traces()
@@ -332,9 +332,7 @@ class RemainsTest(unittest.TestCase):
     def test_nothing_remains_after_being_killed_while_starting(self):
         mark = uuid.uuid4().hex
         with subprocess.Popen([DESKTOP, "sleep", "1000"], env={**os.environ, MARK: mark}) as process:
-            deadline = time.monotonic() + DEADLINE
-            while len(marked_processes(mark)) < 6:
-                self.assertLess(time.monotonic(), deadline)
+            eventually(lambda: len(marked_processes(mark)) >= 6, "its first processes are there", period=0)
             process.terminate()
             self.assertEqual(process.wait(DEADLINE), 128 + signal.SIGTERM)
             self.assertGone(mark)

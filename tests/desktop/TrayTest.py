@@ -14,9 +14,9 @@ import time
 import unittest
 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import PATIENCE as DEADLINE, eventually
 from x_windows import x_windows
 
-DEADLINE = 30
 WATCHER = "org.kde.StatusNotifierWatcher /StatusNotifierWatcher org.kde.StatusNotifierWatcher"
 
 
@@ -75,11 +75,9 @@ class TrayTest(unittest.TestCase):
         self.addCleanup(panel.end)
         return panel
 
-    def eventually(self, question, expected):
-        deadline = time.monotonic() + DEADLINE
-        while (seen := question()) != expected:
-            self.assertLess(time.monotonic(), deadline, f"expected {expected!r}, saw {seen!r}")
-            time.sleep(0.05)
+    @staticmethod
+    def await_answer(question, expected):
+        eventually(lambda: question() == expected, lambda: f"{expected!r}, but {question()!r}", period=0.05)
 
     def wrapper_windows(self):
         """Windows on the screen that belong to the tray's process: the tray, and its menus."""
@@ -113,16 +111,18 @@ class TrayTest(unittest.TestCase):
 
     def tray(self):
         """The same, once it shows something and has stopped moving: the panel shifts its plugins about while it starts."""
-        deadline, seen, since = time.monotonic() + DEADLINE, None, 0
-        while seen is None or time.monotonic() - since < 0.5:
-            self.assertLess(time.monotonic(), deadline, "the panel has no tray that stands still")
+        seen, since = None, 0
+
+        def stands_still():
+            nonlocal seen, since
             now = self.tray_now()
             if now and len(set(self.picture(now))) < 4:
                 now = None
             if now != seen:
                 seen, since = now, time.monotonic()
-            time.sleep(0.05)
-        return seen
+            return seen if time.monotonic() - since >= 0.5 else None
+
+        return eventually(stands_still, "the bar has a tray that stands still", period=0.05)
 
     def point_elsewhere(self):
         """What the pointer rests on is highlighted and gets a tooltip, which is a window like the tray."""
@@ -142,10 +142,10 @@ class TrayTest(unittest.TestCase):
         self.start_panel()
         self.assertEqual(probe.next_line(), "hosted")
         name = f"org.kde.StatusNotifierItem-{probe.process.pid}-1"
-        self.eventually(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(),
+        self.await_answer(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(),
                         f'as 1 "{name}/StatusNotifierItem"')
         probe.process.stdin.close()
-        self.eventually(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(), "as 0")
+        self.await_answer(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(), "as 0")
 
     def test_clicks_arrive_with_their_place_on_the_screen(self):
         self.start_panel()
@@ -161,7 +161,7 @@ class TrayTest(unittest.TestCase):
         self.assertEqual(probe.next_line(), "hosted")
         for keys, line in ((("Up", "Right", "Return"), "chosen 5"), (("Down", "Return"), "chosen 3")):
             self.click(3)
-            self.eventually(self.has_menu, True)
+            eventually(self.has_menu, "there is a menu")
             subprocess.run(["xdotool", "key", "--delay", "100", *keys], check=True)
             self.assertEqual(probe.next_line(), line)
 
@@ -176,12 +176,12 @@ class TrayTest(unittest.TestCase):
 
         active = shown()
         probe.tell("MenuLooking")
-        self.eventually(lambda: shown() != active, True)
+        self.await_answer(lambda: shown() != active, True)
         looking = shown()
         probe.tell("MenuIdle")
-        self.eventually(lambda: shown() not in (active, looking), True)
+        self.await_answer(lambda: shown() not in (active, looking), True)
         probe.tell("MenuActive")
-        self.eventually(lambda: shown() == active, True)
+        self.await_answer(lambda: shown() == active, True)
 
     def test_a_restarted_panel_shows_the_item_again(self):
         panel = self.start_panel()

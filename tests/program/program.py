@@ -13,10 +13,12 @@ import tempfile
 import time
 import unittest
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import PATIENCE, eventually
+
 TARVIK = ""
 TOOL = ""
 SLEEPER = ""
-PATIENCE = 30
 POLL_PERIOD = 5
 DESKTOP = str(pathlib.Path(__file__).resolve().parents[2] / "scripts" / "desktop")
 UPOWER = ("org.freedesktop.UPower", "/org/freedesktop/UPower", "org.freedesktop.UPower")
@@ -29,14 +31,6 @@ def main():
     global TARVIK, TOOL, SLEEPER
     TARVIK, TOOL, SLEEPER = sys.argv[1:4]
     unittest.main(module="__main__", argv=[sys.argv[0], *sys.argv[4:]], verbosity=2)
-
-
-def eventually(condition, what, patience=PATIENCE):
-    end = time.monotonic() + patience
-    while not condition():
-        if time.monotonic() > end:
-            raise AssertionError(f"never happened: {what}")
-        time.sleep(0.01)
 
 
 def inhibitors():
@@ -193,7 +187,4 @@ class TarvikTestCase(unittest.TestCase):
 
     def wait_for_journal(self, *lines):
         """An entry is stored a moment after what it tells of has taken effect."""
-        try:
-            eventually(lambda: self.journal() == list(lines), "the journal")
-        except AssertionError:
-            self.assertEqual(self.journal(), list(lines))
+        eventually(lambda: self.journal() == list(lines), lambda: f"{list(lines)} in the journal, which says {self.journal()}")

@@ -18,22 +18,16 @@ from pathlib import Path
 
 from gi.repository import Gio, GLib
 
+sys.path.append(str(Path(__file__).resolve().parents[1] / "support"))
+from waiting import PATIENCE, eventually
+
 TOOL = ""
 STATUS_XML = Path(__file__).resolve().parents[2] / "src/dbus/contracts/com.morvanta.Tarvik.Status1.xml"
 # An agent is never kept waiting longer; what comes on top is the time that a busy machine takes to start a process.
 HOOK_LIMIT = 0.25
 SLACK = 0.25
-PATIENCE = 20
 # So many processes at once still have to start within the time limit of each.
 SENDERS = int(os.environ.get("TOOL_TEST_SENDERS", "50"))
-
-
-def eventually(condition, what, patience=PATIENCE):
-    end = time.monotonic() + patience
-    while not condition():
-        if time.monotonic() > end:
-            raise AssertionError(f"never happened: {what}")
-        time.sleep(0.005)
 
 
 def payload(session, event="PreToolUse", **more):

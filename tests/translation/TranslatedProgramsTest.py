@@ -7,13 +7,14 @@ import pathlib
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
 
 import pyatspi
 from gi.repository import Atspi, Gio, GLib
 
-DEADLINE = 30
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import eventually
+
 TARVIK = ("com.morvanta.Tarvik", "/com/morvanta/Tarvik")
 WORDS = "⟦Dozing — nothing to watch~~~~~~~~~~⟧"
 
@@ -24,14 +25,6 @@ def call(service, path, interface, method, arguments=None):
         return bus.call_sync(service, path, interface, method, arguments, None, Gio.DBusCallFlags.NO_AUTO_START, 5000, None).unpack()
     except GLib.Error:
         return None
-
-
-def await_true(condition, what):
-    deadline = time.monotonic() + DEADLINE
-    while not (value := condition()):
-        assert time.monotonic() < deadline, what
-        time.sleep(0.02)
-    return value
 
 
 def names(accessible):
@@ -59,10 +52,10 @@ class TranslatedProgramsTest(unittest.TestCase):
     def start(self, languages):
         process = subprocess.Popen([self.program], env={**os.environ, "LANGUAGE": languages, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
         # The windows' process ends when it notices; until then it would take the calls of the next Tarvik.
-        self.addCleanup(await_true, lambda: not self.running(), "the windows' process did not end")
+        self.addCleanup(eventually, lambda: not self.running(), "the UI process ends")
         self.addCleanup(process.wait)
         self.addCleanup(process.terminate)
-        await_true(lambda: self.status("Reason"), "Tarvik is up")
+        eventually(lambda: self.status("Reason"), "Tarvik is up")
 
     def status(self, name):
         answer = call(*TARVIK, "org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", ("com.morvanta.Tarvik.Status1", name)))
@@ -82,7 +75,7 @@ class TranslatedProgramsTest(unittest.TestCase):
                 # It is just coming up.
                 pass
             return []
-        return await_true(found, "the panel is there")
+        return eventually(found, "the panel is there")
 
     def loaded(self):
         """Whether there is a translation in the memory of each program of the bundle that runs."""

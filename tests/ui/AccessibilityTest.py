@@ -8,11 +8,11 @@ import sys
 import unittest
 
 import pyatspi
-import windows
 from gi.repository import Atspi, GLib
 from windows import DEADLINE, WindowsTestCase, x_focus
 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import eventually
 from x_windows import x_windows
 
 HELP = "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running."
@@ -30,7 +30,7 @@ def settle():
         pass
 
 
-def await_true(condition, what):
+def await_told(condition, what):
     def holds():
         settle()
         try:
@@ -39,7 +39,7 @@ def await_true(condition, what):
             # What was there a moment ago is gone.
             return None
 
-    return windows.await_true(holds, what)
+    return eventually(holds, what)
 
 
 def children(accessible):
@@ -83,9 +83,9 @@ class AccessibleWindowTest(WindowsTestCase):
         Atspi.set_timeout(DEADLINE * 1000, DEADLINE * 1000)
         self.start_windows()
         self.show(*self.arguments)
-        await_true(lambda: self.focused() is not None, "the window has the focus")
+        await_told(lambda: self.focused() is not None, "the window has the focus")
         # Something in it has the focus before the window has it.
-        await_true(lambda: x_focus() in x_windows("--name", f"^{self.title}$"), "the keys go to the window")
+        await_told(lambda: x_focus() in x_windows("--name", f"^{self.title}$"), "the keys go to the window")
 
     def tearDown(self):
         self.assertEqual(self.ui_log.read_text(encoding="utf-8"), "")
@@ -112,7 +112,7 @@ class AccessibleWindowTest(WindowsTestCase):
         return part and "checked" not in states(part)
 
     def control(self, name):
-        return await_true(lambda: next((part for part in self.everything() if part.name == name and actions(part)), None),
+        return await_told(lambda: next((part for part in self.everything() if part.name == name and actions(part)), None),
                           f"there is no control {name}")
 
     def focused(self):
@@ -149,12 +149,12 @@ class PanelTest(AccessibleWindowTest):
 
     def test_what_is_shown_and_said_is_the_same(self):
         self.tell("asleep")
-        await_true(lambda: self.find("Dozing — nothing to watch", "heading"), "the new headline")
+        await_told(lambda: self.find("Dozing — nothing to watch", "heading"), "the new headline")
         self.assertEqual([part.name for part in self.everything() if part.getRoleName() == "label"], ["Nothing running to keep awake for"])
         self.tell("session")
-        await_true(lambda: self.find("Change session…"), "the new title")
+        await_told(lambda: self.find("Change session…"), "the new title")
         self.tell("off")
-        await_true(lambda: self.is_unchecked("Tarvik"), "unchecked")
+        await_told(lambda: self.is_unchecked("Tarvik"), "unchecked")
 
     def test_the_keyboards_focus_is_told(self):
         told = []
@@ -166,52 +166,52 @@ class PanelTest(AccessibleWindowTest):
         self.addCleanup(pyatspi.Registry.deregisterEventListener, listener, "object:state-changed:focused")
         for name in CONTROLS:
             press("Down")
-            await_true(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
-            await_true(lambda wanted=name: wanted in told, f"the focus of {name} is announced: {told}")
+            await_told(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
+            await_told(lambda wanted=name: wanted in told, f"the focus of {name} is announced: {told}")
 
     def test_the_menu_has_a_name_and_its_entries_get_the_focus(self):
         self.tell("session")
-        await_true(lambda: self.find("Change session…"), "a session")
+        await_told(lambda: self.find("Change session…"), "a session")
         press("Down", "Down", "Return")
-        menu = await_true(lambda: next((part for part in self.everything() if part.getRoleName() == "popup menu"), None), "the menu")
+        menu = await_told(lambda: next((part for part in self.everything() if part.getRoleName() == "popup menu"), None), "the menu")
         self.assertEqual(menu.name, "Change session…")
         self.assertEqual([(part.getRoleName(), part.name) for part in children(menu)],
                          [("menu item", "10 minutes"), ("menu item", "1 hour"), ("menu item", "2 hours"),
                           ("menu item", "All day (16 h)"), ("separator", ""), ("menu item", "Cancel timer")])
         for name in "10 minutes", "1 hour":
             press("Down")
-            await_true(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
+            await_told(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
         press("Escape")
-        await_true(lambda: not self.find("Cancel timer"), "the menu is gone from the tree")
-        await_true(lambda: (part := self.focused()) and part.name == "Change session…", "the focus is back on the row")
+        await_told(lambda: not self.find("Cancel timer"), "the menu is gone from the tree")
+        await_told(lambda: (part := self.focused()) and part.name == "Change session…", "the focus is back on the row")
 
     def test_a_screen_reader_flips_the_switch(self):
         self.perform("Tarvik", "Toggle")
         self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
-        await_true(lambda: self.is_unchecked("Tarvik"), "unchecked")
+        await_told(lambda: self.is_unchecked("Tarvik"), "unchecked")
         self.perform("Tarvik", "Press")
         self.assertEqual(self.fake.stdout.readline(), "set isEnabled True\n")
 
     def test_a_screen_reader_starts_a_session(self):
         self.perform("Keep awake for…", "Press")
-        await_true(lambda: self.find("2 hours"), "the menu opens")
+        await_told(lambda: self.find("2 hours"), "the menu opens")
         self.perform("2 hours", "Press")
         self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 120\n")
-        await_true(lambda: not self.find("2 hours"), "the menu closes")
+        await_told(lambda: not self.find("2 hours"), "the menu closes")
 
     def test_a_screen_reader_locks_and_leaves(self):
         self.perform("Lock & leave", "Press")
         self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
-        await_true(lambda: not ((part := self.find("Lock & leave")) and "showing" in states(part)), "the panel is closed")
+        await_told(lambda: not ((part := self.find("Lock & leave")) and "showing" in states(part)), "the panel is closed")
 
     def test_a_screen_reader_sets_the_focus(self):
         self.perform("Quit Tarvik", "SetFocus")
-        await_true(lambda: (part := self.focused()) and part.name == "Quit Tarvik", "focused")
+        await_told(lambda: (part := self.focused()) and part.name == "Quit Tarvik", "focused")
 
     def test_a_screen_reader_opens_the_settings(self):
         self.perform("Settings…", "Press")
-        window = await_true(lambda: self.frame("Tarvik Settings"), "the settings window opens")
-        await_true(lambda: any(part.name == "General" for part in descendants(window)), "it has tabs")
+        window = await_told(lambda: self.frame("Tarvik Settings"), "the settings window opens")
+        await_told(lambda: any(part.name == "General" for part in descendants(window)), "it has tabs")
 
 
 class SettingsTest(AccessibleWindowTest):
@@ -247,22 +247,22 @@ class SettingsTest(AccessibleWindowTest):
 
     def test_a_hook_is_installed_and_a_failure_told(self):
         self.perform("Triggers", "Press")
-        await_true(lambda: self.find("Claude Code", "check box"), "the tab is shown")
+        await_told(lambda: self.find("Claude Code", "check box"), "the tab is shown")
         self.perform("Claude Code", "Toggle")
         self.assertEqual(self.fake.stdout.readline(), "Install claude\n")
-        row = await_true(lambda: (part := self.find("Claude Code", "check box")) and part.description and part, "the failure is told")
+        row = await_told(lambda: (part := self.find("Claude Code", "check box")) and part.description and part, "the failure is told")
         self.assertIn("Couldn't write ~/.claude/settings.json.", row.description)
-        await_true(lambda: self.is_unchecked("Claude Code"), "the switch is back")
+        await_told(lambda: self.is_unchecked("Claude Code"), "the switch is back")
 
     def test_the_battery_level_is_a_slider_with_a_value(self):
         self.perform("Power", "Press")
-        slider = await_true(lambda: self.find("Battery level", "slider"), "the slider")
+        slider = await_told(lambda: self.find("Battery level", "slider"), "the slider")
         value = slider.queryValue()
         self.assertEqual((value.minimumValue, value.maximumValue, value.currentValue), (5, 95, 20))
 
     def test_escape_closes_it(self):
         press("Escape")
-        await_true(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
+        await_told(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
 
 
 if __name__ == "__main__":

@@ -11,9 +11,10 @@ import sys
 import tempfile
 import unittest
 
-from windows import DEADLINE, WindowsTestCase, await_true, x_focus
+from windows import DEADLINE, WindowsTestCase, x_focus
 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import eventually
 from x_windows import x_windows
 
 MARGIN = 6
@@ -30,7 +31,7 @@ def panel_window():
 
 def top_of_work_area():
     """Below the desktop's panel, once the window manager knows of that."""
-    return await_true(lambda: int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1]), "the desktop has no panel")
+    return eventually(lambda: int(output("xprop", "-root", "_NET_WORKAREA").split(",")[1]), "the desktop has a bar")
 
 
 def is_composited():
@@ -52,8 +53,8 @@ class PanelOnDesktopTest(WindowsTestCase):
 
     def open(self, *at):
         self.click_tray(*at)
-        window = await_true(panel_window, "the panel did not open")
-        await_true(lambda: x_focus() == window, "the panel did not get the focus")
+        window = eventually(panel_window, "the panel opens")
+        eventually(lambda: x_focus() == window, "the panel gets the focus")
         return window
 
     def press(self, *keys):
@@ -61,7 +62,7 @@ class PanelOnDesktopTest(WindowsTestCase):
             subprocess.run(["xdotool", "key", key], check=True, timeout=DEADLINE)
 
     def assert_closed(self):
-        await_true(lambda: not panel_window(), "the panel did not close")
+        eventually(lambda: not panel_window(), "the panel closes")
 
     def surface(self, window):
         """x, y, width, height; without a compositor, as here, the window has no shadow around the surface."""
@@ -104,7 +105,7 @@ class PanelOnDesktopTest(WindowsTestCase):
         window = self.open()
         for state, height in (("long", enough), ("asleep", little), ("long", enough)):
             self.tell(state)
-            await_true(lambda wanted=height: self.surface(window)[3] == wanted, f"the panel is as high as {state} needs")
+            eventually(lambda wanted=height: self.surface(window)[3] == wanted, f"the panel is as high as {state} needs")
 
     @staticmethod
     def run_window_manager(compositor):
@@ -114,9 +115,9 @@ class PanelOnDesktopTest(WindowsTestCase):
         # It serves the tests that follow and ends with the virtual desktop.
         process.returncode = 0
         # Between the two there is none.
-        await_true(lambda: "window id" in (now := output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")) and now != before,
-                   "the window manager did not come up")
-        await_true(lambda: is_composited() == (compositor == "on"), f"the compositor is not {compositor}")
+        eventually(lambda: "window id" in (now := output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")) and now != before,
+                   "the window manager is up")
+        eventually(lambda: is_composited() == (compositor == "on"), f"the compositor is {compositor}")
 
     def test_its_shadow_may_lie_on_panels_and_beyond_the_screen(self):
         self.addCleanup(self.run_window_manager, "off")
@@ -148,7 +149,7 @@ class PanelOnDesktopTest(WindowsTestCase):
     def test_closes_when_another_window_gets_the_focus(self):
         self.open()
         self.start("xev", stdout=subprocess.DEVNULL)
-        other = await_true(lambda: x_windows("--name", "^Event Tester$"), "xev did not start")
+        other = eventually(lambda: x_windows("--name", "^Event Tester$"), "xev starts")
         subprocess.run(["xdotool", "windowactivate", *other], check=True, timeout=DEADLINE)
         self.assert_closed()
 
@@ -177,14 +178,14 @@ class PanelOnDesktopTest(WindowsTestCase):
     def test_what_was_under_the_pointer_is_not_highlighted_the_next_time(self):
         x, y, width, height = self.surface(self.open())
         beside_the_last_title = (x + width - 40, y + height - 20)
-        await_true(lambda: self.colour_at(*beside_the_last_title) == PANEL_COLOUR, "the panel was not drawn")
+        eventually(lambda: self.colour_at(*beside_the_last_title) == PANEL_COLOUR, "the panel is drawn")
         subprocess.run(["xdotool", "mousemove", *map(str, beside_the_last_title)], check=True, timeout=DEADLINE)
-        await_true(lambda: self.colour_at(*beside_the_last_title) != PANEL_COLOUR, "the row was not highlighted")
+        eventually(lambda: self.colour_at(*beside_the_last_title) != PANEL_COLOUR, "the row is highlighted")
         self.press("Escape")
         self.assert_closed()
         subprocess.run(["xdotool", "mousemove", "100", "700"], check=True, timeout=DEADLINE)
         self.open()
-        await_true(lambda: self.colour_at(*beside_the_last_title) == PANEL_COLOUR, "the row is still highlighted")
+        eventually(lambda: self.colour_at(*beside_the_last_title) == PANEL_COLOUR, "the row is no longer highlighted")
 
     def test_quit_ends_tarvik_and_with_it_the_windows(self):
         self.open()

@@ -9,7 +9,7 @@ import unittest
 from sway import BAR_HEIGHT
 from virtual_seat import VirtualSeat
 from wayland_windows import WaylandWindowsTestCase
-from windows import DEADLINE, await_true
+from windows import DEADLINE, eventually
 
 MARGIN = 6
 WIDTH = 300
@@ -37,10 +37,10 @@ class PanelTest(WaylandWindowsTestCase):
         return left - scale, inside[0] - scale, right - left + 2 * scale, inside[-1] - inside[0] + 1 + 2 * scale
 
     def await_surface(self, screen="HEADLESS-1"):
-        return await_true(lambda: self.surface(screen), "the panel did not open")
+        return eventually(lambda: self.surface(screen), "the panel opens")
 
     def assert_closed(self, screen="HEADLESS-1"):
-        await_true(lambda: not self.surface(screen), "the panel did not close")
+        eventually(lambda: not self.surface(screen), "the panel closes")
         self.assertIsNone(self.ui.poll())
 
     def press(self, *keys):
@@ -54,7 +54,7 @@ class PanelAtTheBottomTest(PanelTest):
         _x, y, _width, height = self.open(600, 790)
         self.assertEqual(y + height, 800 - BAR_HEIGHT - MARGIN)
         self.tell("asleep")
-        _x, y, _width, smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
+        _x, y, _width, smaller = eventually(lambda: (now := self.surface()) and now[3] < height and now, "the panel shrinks")
         self.assertEqual(y + smaller, 800 - BAR_HEIGHT - MARGIN)
 
 
@@ -98,10 +98,10 @@ class PanelAtTheTopTest(PanelTest):
     def test_follows_the_height_of_its_content(self):
         x, y, width, height = self.open()
         self.tell("asleep")
-        smaller = await_true(lambda: (now := self.surface()) and now[3] < height and now, "the panel did not shrink")
+        smaller = eventually(lambda: (now := self.surface()) and now[3] < height and now, "the panel shrinks")
         self.assertEqual(smaller[:3], (x, y, width))
         self.tell("awake")
-        await_true(lambda: self.surface() == (x, y, width, height), "the panel did not grow again")
+        eventually(lambda: self.surface() == (x, y, width, height), "the panel grows again")
 
     def test_opens_at_the_pointer_when_the_tray_counts_from_its_own_corner(self):
         self.sway.seat.move(1280 + 500, 14)
@@ -175,7 +175,7 @@ class PanelAtTheTopTest(PanelTest):
 
     def test_is_drawn_at_the_scale_of_the_screen(self):
         self.sway.tell("output", "HEADLESS-1", "scale", "2")
-        await_true(lambda: len(self.sway.rows()) == 400, "the screen was not scaled")
+        eventually(lambda: len(self.sway.rows()) == 400, "the screen is scaled")
         self.open(400, 14)
         x, y, width, height = self.surface(scale=2)
         self.assertEqual((x, y, width), (2 * (400 - WIDTH // 2), 2 * (BAR_HEIGHT + MARGIN), 2 * WIDTH))

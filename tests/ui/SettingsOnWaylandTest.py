@@ -5,7 +5,7 @@
 import unittest
 
 from wayland_windows import WaylandWindowsTestCase
-from windows import await_true
+from windows import eventually
 
 
 def leaves(node):
@@ -24,14 +24,14 @@ class SettingsTest(WaylandWindowsTestCase):
 
     def test_has_a_size_of_its_own(self):
         self.open()
-        self.assertEqual(await_true(self.size, "the settings did not open"), (480, 440))
+        self.assertEqual(eventually(self.size, "the settings open"), (480, 440))
 
     def test_fits_the_smaller_of_two_screens(self):
         self.assertTrue(self.sway.tell("output", "HEADLESS-1", "scale", "2"))
         self.assertTrue(self.sway.tell("focus", "output", "HEADLESS-1"))
         self.open()
         title_bar = 48
-        await_true(lambda: self.size() == (480, 400 - title_bar), "the settings do not fit the screen")
+        eventually(lambda: self.size() == (480, 400 - title_bar), "the settings fit the screen")
 
 
 if __name__ == "__main__":

@@ -11,11 +11,12 @@ import shutil
 import subprocess
 import sys
 import tempfile
-import time
 
 from virtual_seat import VirtualSeat
 
-DEADLINE = 30
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import PATIENCE as DEADLINE, eventually  # noqa: E402
+
 NOBODY = 65534
 BAR_HEIGHT = 30
 CONFIGURATION = f"""
@@ -51,7 +52,7 @@ class Sway:
                    env={**os.environ, "XDG_RUNTIME_DIR": str(self.directory), "HOME": str(self.directory), "WLR_BACKENDS": "headless",
                         "WLR_HEADLESS_OUTPUTS": "2", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"})
         try:
-            self.await_true(lambda: pathlib.Path(os.environ["WAYLAND_DISPLAY"]).exists() and self.tell("-t", "get_version"))
+            eventually(self.is_up, lambda: f"sway is up: {self.said()}")
             self.seat = VirtualSeat(*SCREENS)
         except BaseException:
             self.close()
@@ -74,12 +75,13 @@ class Sway:
         self.log.close()
         shutil.rmtree(self.directory)
 
-    def await_true(self, condition):
-        deadline = time.monotonic() + DEADLINE
-        while not condition():
-            if time.monotonic() > deadline or self.processes[0].poll() is not None:
-                raise TimeoutError("sway did not come up: " + (self.directory / "log").read_text(encoding="utf-8")[-2000:])
-            time.sleep(0.02)
+    def said(self):
+        """The end of what sway has written."""
+        return (self.directory / "log").read_text(encoding="utf-8")[-2000:]
+
+    def is_up(self):
+        assert self.processes[0].poll() is None, self.said()
+        return pathlib.Path(os.environ["WAYLAND_DISPLAY"]).exists() and self.tell("-t", "get_version")
 
     def tell(self, *words):
         """Whether sway did as it was told."""

@@ -5,7 +5,7 @@ import os
 import tempfile
 
 from sway import Sway
-from windows import WindowsTestCase, await_true
+from windows import WindowsTestCase, eventually
 
 
 class WaylandWindowsTestCase(WindowsTestCase):
@@ -20,6 +20,6 @@ class WaylandWindowsTestCase(WindowsTestCase):
         self.addCleanup(self.sway.close)
         self.sway.start_bar()
         edge = 0 if self.bar == "top" else -1
-        await_true(lambda: not any(self.sway.rows()[edge][-30:]), "the bar did not come up")
+        eventually(lambda: not any(self.sway.rows()[edge][-30:]), "the bar is up")
         # An X server, which is not there, must not be tried.
         self.start_windows(DISPLAY=":65000", **self.environment)

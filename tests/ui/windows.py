@@ -6,21 +6,14 @@ import pathlib
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
+
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from waiting import PATIENCE as DEADLINE, eventually
 
 UI = os.environ["TARVIK_UI"]
 FOLDER = pathlib.Path(__file__).parent
 NAME = "com.morvanta.TarvikUi"
-DEADLINE = 30
-
-
-def await_true(condition, what):
-    deadline = time.monotonic() + DEADLINE
-    while not (value := condition()):
-        assert time.monotonic() < deadline, what
-        time.sleep(0.02)
-    return value
 
 
 def is_on_bus(process):
@@ -62,7 +55,7 @@ class WindowsTestCase(unittest.TestCase):
         self.addCleanup(log.close)
         self.addCleanup(lambda: print(self.ui_log.read_text(encoding="utf-8"), end="", file=sys.stderr))
         self.ui = self.start(UI, env={**os.environ, **environment}, stderr=log)
-        await_true(lambda: is_on_bus(self.ui), "the windows' process did not come up")
+        eventually(lambda: is_on_bus(self.ui), "the UI process is up")
 
     def tell(self, state):
         """Brings the Tarvik that is observed into one of its states."""
