@@ -78,7 +78,9 @@ void DBusInhibitor::receive(const QDBusMessage& answer)
     }
     m_error = failure.value_or(0);
     m_state = failure ? State::refused : State::effective;
-    m_onChange();
+    // Whoever is told may destroy this.
+    const auto changed = m_onChange;
+    changed();
 }
 
 std::optional<int> DBusInhibitor::accept(const QDBusMessage& answer)
