@@ -60,6 +60,10 @@ PowerMonitor::PowerMonitor(PowerSources& sources, LidSensor& lid, Clock& clock)
         if (m_lidTimer)
             readLid();
     });
+    m_lidPresenceChanges = m_lid.presenceChanged.subscribe([this] {
+        Q_EMIT hasLidChanged();
+        notify();
+    });
 }
 
 void PowerMonitor::refresh()

@@ -34,6 +34,8 @@ public:
     bool hasBattery() const { return m_hasBattery; }
     /// Only kept current while lid polling is on, false otherwise.
     bool lidClosed() const { return m_lidClosed; }
+    /// Whether there is a lid at all; nothing while that is not known.
+    std::optional<bool> hasLid() const { return m_lid.isPresent(); }
 
     /// Reads the power sources anew and publishes what they say.
     void refresh();
@@ -44,7 +46,8 @@ public:
     /// Reads the lid once; a lid that cannot be read counts as open.
     void readLid();
 
-    /// Called after each notification of the power sources, whether or not a value changed, and after lid changes.
+    /// Called after each notification of the power sources, whether or not a value changed, after lid changes, and when
+    /// it has become known whether there is a lid.
     std::function<void()> onChange;
 
 Q_SIGNALS:
@@ -52,6 +55,7 @@ Q_SIGNALS:
     void batteryPercentChanged();
     void hasBatteryChanged();
     void lidClosedChanged();
+    void hasLidChanged();
 
 private:
     QVariant batteryPercentVariant() const;
@@ -68,6 +72,7 @@ private:
     std::unique_ptr<Timer> m_lidTimer;
     Subscription m_sourceChanges;
     Subscription m_lidChanges;
+    Subscription m_lidPresenceChanges;
 };
 
 } // namespace Tarvik

@@ -9,6 +9,8 @@ namespace Tarvik {
 /// A lid that a test opens and closes.
 class FakeLidSensor final : public LidSensor {
 public:
+    std::optional<bool> isPresent() const override { return present; }
+
     std::optional<bool> isClosed() override
     {
         ++reads;
@@ -18,6 +20,13 @@ public:
     /// Announces a change, as a sensor may that need not be asked.
     void announce() const { changed(); }
 
+    void setPresent(bool isPresent)
+    {
+        present = isPresent;
+        presenceChanged();
+    }
+
+    std::optional<bool> present;
     std::optional<bool> closed;
     int reads = 0;
 };

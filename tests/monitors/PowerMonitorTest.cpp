@@ -378,8 +378,22 @@ private Q_SLOTS:
         QVERIFY(!monitor.lidClosed());
     }
 
+    void whetherThereIsALidIsToldWhenItIsKnown()
+    {
+        PowerMonitor monitor{m_sources, m_lid, m_clock};
+        QCOMPARE(monitor.hasLid(), std::optional<bool>{});
+        const QSignalSpy changes{&monitor, &PowerMonitor::hasLidChanged};
+        int reports = 0;
+        monitor.onChange = [&] { ++reports; };
+        m_lid.setPresent(false);
+        QCOMPARE(monitor.hasLid(), std::optional{false});
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(reports, 1);
+    }
+
     void cleanup()
     {
+        m_lid.present.reset();
         m_sources.current.reset();
         m_lid.closed.reset();
         m_lid.reads = 0;

@@ -55,12 +55,14 @@ bool isNotAnswering(const QDBusMessage& answer)
 
 } // namespace
 
-LogindLidSensor::LogindLidSensor(QDBusConnection connection, Clock& clock, QString procfs)
+LogindLidSensor::LogindLidSensor(QDBusConnection connection, Clock& clock, QString procfs, QString sysfs)
     : m_connection(std::move(connection))
     , m_names(m_connection, {BusNames::logind, upowerService})
     , m_clock(clock)
     , m_procfs(std::move(procfs))
+    , m_presence(m_connection, m_procfs, std::move(sysfs))
 {
+    m_presence.onChange = [this] { presenceChanged(); };
     m_names.onKnown = [this] { followAnnouncements(); };
     m_names.onOwnerChange = [this](const QString& service) {
         followAnnouncements();
@@ -95,7 +97,11 @@ void LogindLidSensor::followAnnouncements()
 void LogindLidSensor::takeAnnouncement(Provider provider, const QDBusMessage& signal)
 {
     const auto properties = DBusProperties::propertiesChangedIn(signal);
-    if (!properties || provider != m_provider)
+    if (!properties)
+        return;
+    if (provider == Provider::upower)
+        m_presence.take(properties->changed);
+    if (provider != m_provider)
         return;
     const auto closed = provider == Provider::logind
         ? DBusProperties::exactly<bool>(properties->changed.value(logindProperty))
@@ -160,6 +166,8 @@ void LogindLidSensor::take(std::optional<bool> closed)
 void LogindLidSensor::changeOwner(const QString& service)
 {
     const bool isThere = m_names.isOwned(service);
+    if (service == upowerService && isThere)
+        m_presence.ask();
     if (service == BusNames::logind)
         m_provider = isThere ? Provider::logind : Provider::upower;
     else if (m_provider != Provider::logind)

@@ -6,6 +6,7 @@
 #include "dbus/DBusSignal.h"
 #include "platform/Clock.h"
 #include "platform/LidSensor.h"
+#include "platform/linux/power/LidPresence.h"
 
 #include <QDBusConnection>
 #include <QVariantMap>
@@ -20,8 +21,13 @@ namespace Tarvik {
 /// `isClosed()` asks again, and `changed` tells of an answer that is another than the one last given.
 class LogindLidSensor final : public LidSensor {
 public:
-    /// `connection` is that to the system bus; `procfs` is "/proc" on a real machine.
-    LogindLidSensor(QDBusConnection connection, Clock& clock, QString procfs = QStringLiteral("/proc"));
+    /// `connection` is that to the system bus; `procfs` and `sysfs` are "/proc" and "/sys" on a real machine.
+    LogindLidSensor(QDBusConnection connection,
+        Clock& clock,
+        QString procfs = QStringLiteral("/proc"),
+        QString sysfs = QStringLiteral("/sys"));
+
+    std::optional<bool> isPresent() const override { return m_presence.isPresent(); }
 
     /// An answer that has grown old because nobody asked since is no answer: whoever begins to ask hears nothing first.
     std::optional<bool> isClosed() override;
@@ -48,6 +54,7 @@ private:
     std::unique_ptr<DBusSignal> m_upowerChanges;
     Clock& m_clock;
     QString m_procfs;
+    LidPresence m_presence;
     Provider m_provider = Provider::logind;
     /// The question under way.
     DBusCall m_question;

@@ -28,6 +28,8 @@ private Q_SLOTS:
         m_logind = std::make_unique<FakeLogindManager>(m_service);
         m_upower = std::make_unique<FakeUPower>(m_service);
         m_procfs = std::make_unique<FileTree>();
+        m_sysfs = std::make_unique<FileTree>();
+        m_presenceChanges = 0;
         m_changes = 0;
     }
 
@@ -197,6 +199,95 @@ private Q_SLOTS:
         QCOMPARE(m_logind->calls, 1);
     }
 
+    void uPowerSaysWhetherThereIsALid_data()
+    {
+        QTest::addColumn<bool>("isPresent");
+        QTest::newRow("a lid") << true;
+        QTest::newRow("none") << false;
+    }
+
+    void uPowerSaysWhetherThereIsALid()
+    {
+        QFETCH(bool, isPresent);
+        startLogind(false);
+        m_upower->manager = {{u"LidIsPresent"_s, isPresent}};
+        m_upower->start();
+        make();
+        QCOMPARE(m_sensor->isPresent(), std::optional<bool>());
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(isPresent));
+        QCOMPARE(m_presenceChanges, 1);
+    }
+
+    void aLidThatUPowerFindsLaterCounts()
+    {
+        m_upower->manager = {{u"LidIsPresent"_s, false}};
+        m_upower->start();
+        make();
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(false));
+        // The change is told only to whoever follows the service by then.
+        QTRY_VERIFY((m_upower->set(u"LidIsPresent"_s, true), m_sensor->isPresent() == true));
+        m_upower->set(u"OnBattery"_s, false);
+        QTRY_VERIFY((QCoreApplication::processEvents(), m_sensor->isPresent() == true));
+        QCOMPARE(m_presenceChanges, 2);
+    }
+
+    void withoutUPowerTheKernelSaysWhetherThereIsALid_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("isPresent");
+        const auto switches = u"class/input/input3/capabilities/sw"_s;
+        QTest::newRow("a switch for a lid") << switches << QByteArray("1\n") << true;
+        QTest::newRow("several switches") << switches << QByteArray("21\n") << true;
+        QTest::newRow("several words") << switches << QByteArray("1 0 3\n") << true;
+        QTest::newRow("a switch for a tablet") << switches << QByteArray("2\n") << false;
+        QTest::newRow("another word's lowest bit") << switches << QByteArray("1 0\n") << false;
+        QTest::newRow("no switches") << switches << QByteArray("0\n") << false;
+        QTest::newRow("nonsense") << switches << QByteArray("lid\n") << false;
+        QTest::newRow("an empty file") << switches << QByteArray() << false;
+        QTest::newRow("the driver's file") << u"acpi/button/lid/LID/state"_s << QByteArray("state: open\n") << true;
+        QTest::newRow("nothing") << u"class/other"_s << QByteArray() << false;
+    }
+
+    void withoutUPowerTheKernelSaysWhetherThereIsALid()
+    {
+        QFETCH(QString, path);
+        QFETCH(QByteArray, content);
+        QFETCH(bool, isPresent);
+        (path.startsWith(u"acpi"_s) ? m_procfs : m_sysfs)->write(path, content);
+        startLogind(false);
+        make();
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(isPresent));
+    }
+
+    void aLidThatOnlyTheKernelKnowsOfCounts()
+    {
+        m_sysfs->write(u"class/input/input0/capabilities/sw"_s, "0\n");
+        m_sysfs->write(u"class/input/input7/capabilities/sw"_s, "1\n");
+        m_upower->manager = {{u"LidIsPresent"_s, false}};
+        m_upower->start();
+        make();
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(true));
+    }
+
+    void aUPowerThatKnowsNothingOfLidsIsNoAnswer()
+    {
+        m_sysfs->write(u"class/input/input0/capabilities/sw"_s, "1\n");
+        m_upower->start();
+        make();
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(true));
+    }
+
+    void uPowerThatComesLaterIsAsked()
+    {
+        make();
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(false));
+        m_upower->manager = {{u"LidIsPresent"_s, true}};
+        m_upower->start();
+        QTRY_COMPARE(m_sensor->isPresent(), std::optional(true));
+        QCOMPARE(m_presenceChanges, 2);
+    }
+
 private:
     void startLogind(bool closed)
     {
@@ -206,8 +297,9 @@ private:
 
     void make()
     {
-        m_sensor = std::make_unique<LogindLidSensor>(m_application, m_clock, m_procfs->root());
+        m_sensor = std::make_unique<LogindLidSensor>(m_application, m_clock, m_procfs->root(), m_sysfs->root());
         m_listening = m_sensor->changed.subscribe([this] { ++m_changes; });
+        m_listeningForPresence = m_sensor->presenceChanged.subscribe([this] { ++m_presenceChanges; });
     }
 
     // Two connections, because calls within one never reach the bus.
@@ -217,9 +309,12 @@ private:
     std::unique_ptr<FakeLogindManager> m_logind;
     std::unique_ptr<FakeUPower> m_upower;
     std::unique_ptr<FileTree> m_procfs;
+    std::unique_ptr<FileTree> m_sysfs;
     std::unique_ptr<LogindLidSensor> m_sensor;
     int m_changes = 0;
+    int m_presenceChanges = 0;
     Subscription m_listening;
+    Subscription m_listeningForPresence;
 };
 
 QTEST_GUILESS_MAIN(LogindLidSensorTest)
