@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "lidclosed/Heartbeat.h"
+
+#include "lidclosed/HelperManager.h"
+
+namespace Tarvik {
+
+Heartbeat::Heartbeat(HelperManager& manager, Clock& clock)
+    : m_manager(manager)
+    , m_clock(clock)
+{
+}
+
+void Heartbeat::start()
+{
+    stop();
+    if (m_manager.status() != HelperStatus::enabled)
+        return;
+    beat();
+    m_timer = m_clock.every(period, [this] { beat(); });
+}
+
+void Heartbeat::beat()
+{
+    if (HelperConnection* proxy = m_manager.proxy())
+        proxy->heartbeat();
+}
+
+} // namespace Tarvik
