@@ -71,6 +71,28 @@ QString waylandSocket()
     return name.isEmpty() ? QString() : QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).absoluteFilePath(name);
 }
 
+/// The system never says how far the helper is installed, without which lid-closed mode does nothing.
+class UnknownHelperService final : public HelperService {
+public:
+    std::optional<HelperStatus> status() const override { return {}; }
+    void refresh() override { }
+    void registerService(std::function<void(const QString&)>) override { }
+    void unregisterService(std::function<void(const QString&)>) override { }
+    std::unique_ptr<HelperConnection> connect() override { return {}; }
+};
+
+class UnruledSleep final : public SleepControl {
+public:
+    void takeOverride(OverrideReceiver) override { }
+    void sleepForClosedLid() override { }
+};
+
+class UnruledDisplay final : public DisplayPower {
+public:
+    void sleepNow(std::function<void(const QString&)>) override { }
+    void wake() override { }
+};
+
 /// The application's icon as other programs find it: by its name where that is installed, else by its place.
 QString findableIcon(const AppBundle& bundle)
 {
@@ -105,6 +127,9 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , hotKeys(
           std::make_unique<DesktopHotKeys>(sessionBus, DesktopHotKeys::Display{.x11 = x11, .isWayland = isWayland()}))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
+    , helperService(std::make_unique<UnknownHelperService>())
+    , sleepControl(std::make_unique<UnruledSleep>())
+    , displayPower(std::make_unique<UnruledDisplay>())
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory(), clock))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
     , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath(), clock))

@@ -4,6 +4,8 @@
 
 #include "core/SettingsStore.h"
 #include "platform/AppBundle.h"
+#include "platform/DisplayPower.h"
+#include "platform/HelperService.h"
 #include "platform/HookChannel.h"
 #include "platform/HotKeys.h"
 #include "platform/LidSensor.h"
@@ -14,6 +16,7 @@
 #include "platform/RunningApplications.h"
 #include "platform/ScreenLock.h"
 #include "platform/SessionLifetime.h"
+#include "platform/SleepControl.h"
 #include "platform/ThermalState.h"
 #include "platform/TrayItem.h"
 #include "platform/UiLauncher.h"
@@ -53,6 +56,9 @@ struct LinuxPlatform {
     std::unique_ptr<UserNotifications> userNotifications;
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<ScreenLock> screenLock;
+    std::unique_ptr<HelperService> helperService;
+    std::unique_ptr<SleepControl> sleepControl;
+    std::unique_ptr<DisplayPower> displayPower;
     std::unique_ptr<TrayItem> trayItem;
     std::unique_ptr<UiLauncher> uiLauncher;
     std::unique_ptr<UpdateDriver> updateDriver;

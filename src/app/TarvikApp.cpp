@@ -8,9 +8,12 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace Tarvik {
 
-TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
+TarvikApp::TarvikApp(
+    const QDBusConnection& systemBus, const QDBusConnection& sessionBus, std::function<void()> relaunch)
     : m_platform(systemBus, sessionBus)
     , m_settings(*m_platform.settingsStore)
     , m_hookFiles(m_platform.home, m_platform.bundle.toolPath())
@@ -24,7 +27,20 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
     , m_journal(*m_platform.settingsStore, m_platform.clock)
     , m_hooks(*m_platform.hookChannel, m_platform.clock)
     , m_hotKeys(*m_platform.hotKeys)
-    , m_coordinator({m_settings, m_power, m_process, m_thermal, m_journal, m_hooks},
+    , m_ui(*m_platform.uiLauncher, sessionBus)
+    , m_lidClosed(m_settings,
+          *m_platform.settingsStore,
+          {*m_platform.helperService,
+              *m_platform.sleepControl,
+              *m_platform.displayPower,
+              *m_platform.lidSensor,
+              m_platform.clock},
+          m_platform.bundle.version,
+          {.showOnboarding = [] {},
+              .showRestartAlert = [] {},
+              .showLoginItems = [] {},
+              .relaunch = std::move(relaunch)})
+    , m_coordinator({m_settings, m_power, m_process, m_thermal, m_journal, m_hooks, m_lidClosed},
           {*m_platform.powerAssertions,
               *m_platform.loginItem,
               *m_platform.userNotifications,
@@ -43,7 +59,6 @@ TarvikApp::TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& se
                    m_platform.clock},
           m_platform.bundle.shortVersion)
     , m_tray(m_coordinator, m_settings, *m_platform.trayItem, m_platform.clock)
-    , m_ui(*m_platform.uiLauncher, sessionBus)
     , m_busObject(sessionBus)
 {
     connectTray();
@@ -63,7 +78,7 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
 {
     const auto quit = [] { QCoreApplication::quit(); };
     const auto setLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
-    const auto setClamshellEnabled = [this](bool on) { m_settings.setClamshellEnabled(on); };
+    const auto setClamshellEnabled = [this](bool on) { m_lidClosed.setClamshellEnabled(on); };
     // Nobody clicked anywhere, so the panel finds its own place.
     const auto activate = [this](const QString& token) { m_ui.showPanel(0, 0, token); };
 
@@ -72,7 +87,7 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     m_busObject.add(BusInterfaces::settings(
         m_settings, {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled}, sessionBus));
     m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
-    m_busObject.add(BusInterfaces::lidClosed(m_lidClosed, sessionBus));
+    m_busObject.add(BusInterfaces::lidClosed(m_lidClosed, m_coordinator, m_power, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
     m_busObject.add(BusInterfaces::hooks(m_hookFiles, sessionBus));
 }

@@ -20,13 +20,16 @@
 #include "monitors/ThermalMonitor.h"
 #include "updates/Updater.h"
 
+#include <functional>
+
 namespace Tarvik {
 
 /// The object graph of the application, built in the order of its members and taken down in the reverse one. Whatever
 /// it holds of the system is given back when it is destroyed.
 class TarvikApp {
 public:
-    TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
+    /// `relaunch` ends the program and starts it anew.
+    TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus, std::function<void()> relaunch);
 
 private:
     void connectTray();
@@ -41,12 +44,12 @@ private:
     Journal m_journal;
     HookMonitor m_hooks;
     HotKeyCenter m_hotKeys;
+    UiProcess m_ui;
     LidClosedMode m_lidClosed;
     AwakeCoordinator m_coordinator;
     Updater m_updater;
     StatusObject m_status;
     TrayPresenter m_tray;
-    UiProcess m_ui;
     BusObject m_busObject;
     Subscription m_sessionEnd;
 };

@@ -4,6 +4,7 @@
 #include "app/TarvikApp.h"
 #include "app/UnixSignals.h"
 #include "bus/SingleInstance.h"
+#include "core/Logging.h"
 #include "core/Translation.h"
 #include "dbus/contracts/TarvikWire.h"
 #include "platform/linux/TimerfdClock.h"
@@ -11,9 +12,14 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QFile>
 
 #include <malloc.h>
+#include <unistd.h>
 
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
 #include <optional>
 
 using namespace Tarvik;
@@ -30,12 +36,17 @@ int main(int argc, char* argv[])
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();
     SingleInstance instance(sessionBus);
     std::optional<TarvikApp> tarvik;
+    bool isRelaunched = false;
+    const auto relaunch = [&isRelaunched] {
+        isRelaunched = true;
+        QCoreApplication::quit();
+    };
     const auto start = [&] {
         instance.decide([&](SingleInstance::Role role) {
             if (role == SingleInstance::Role::second)
                 QCoreApplication::quit();
             else
-                tarvik.emplace(QDBusConnection::systemBus(), sessionBus);
+                tarvik.emplace(QDBusConnection::systemBus(), sessionBus, relaunch);
         });
     };
     TimerfdClock clock;
@@ -48,5 +59,14 @@ int main(int argc, char* argv[])
         else
             start();
     });
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    tarvik.reset();
+    // A second instance would hand over to this one, so this process becomes the new one; to a service manager it goes
+    // on running.
+    if (isRelaunched) {
+        execv(QFile::encodeName(QCoreApplication::applicationFilePath()).constData(), argv);
+        qCCritical(logSystem, "Could not start again: %s", std::strerror(errno));
+        return EXIT_FAILURE;
+    }
+    return status;
 }

@@ -12,6 +12,7 @@
 #include "hooks/HookFiles.h"
 #include "journal/Journal.h"
 #include "lidclosed/LidClosedMode.h"
+#include "monitors/PowerMonitor.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -169,20 +170,26 @@ std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus
     return result;
 }
 
-std::unique_ptr<BusInterface> lidClosed(LidClosedMode& mode, const QDBusConnection& bus)
+std::unique_ptr<BusInterface> lidClosed(
+    LidClosedMode& mode, const AwakeCoordinator& coordinator, const PowerMonitor& power, const QDBusConnection& bus)
 {
     auto result = std::make_unique<BusInterface>(TarvikWire::lidClosedInterface, bus);
-    result->addProperty(u"clamshellActive"_s, [&mode] { return mode.clamshellActive(); });
-    result->addProperty(u"helperInstalled"_s, [&mode] { return mode.helperInstalled(); });
-    result->addProperty(u"helperNeedsApproval"_s, [&mode] { return mode.helperNeedsApproval(); });
-    result->addProperty(u"lastHelperError"_s, [&mode] { return mode.lastHelperError(); });
-    result->addProperty(u"hasLid"_s, [] { return true; });
-    QObject::connect(&mode, &LidClosedMode::changed, result.get(), &BusInterface::announceSoon);
-    result->addMethod(u"InstallHelper"_s, [] {});
-    result->addMethod(u"ReinstallHelper"_s, [] {});
-    result->addMethod(u"RefreshHelperStatus"_s, [] {});
-    result->addMethod(u"FinishOnboarding"_s, [] {});
-    result->addMethod(u"Relaunch"_s, [] {});
+    result->addProperty(u"clamshellActive"_s, [&coordinator] { return coordinator.clamshellActive(); });
+    result->addProperty(u"helperInstalled"_s, [&coordinator] { return coordinator.helperInstalled(); });
+    result->addProperty(u"helperNeedsApproval"_s, [&coordinator] { return coordinator.helperNeedsApproval(); });
+    result->addProperty(u"lastHelperError"_s, [&coordinator] { return coordinator.lastHelperError(); });
+    result->addProperty(u"hasLid"_s, [&power] { return power.hasLid().value_or(true); });
+    const auto announce = [&](const auto& source, auto signal) {
+        QObject::connect(&source, signal, result.get(), &BusInterface::announceSoon);
+    };
+    announce(coordinator, &AwakeCoordinator::clamshellActiveChanged);
+    announce(coordinator, &AwakeCoordinator::helperChanged);
+    announce(power, &PowerMonitor::hasLidChanged);
+    result->addMethod(u"InstallHelper"_s, [&mode] { mode.installHelper(); });
+    result->addMethod(u"ReinstallHelper"_s, [&mode] { mode.reinstallHelper(); });
+    result->addMethod(u"RefreshHelperStatus"_s, [&mode] { mode.refreshHelperStatus(); });
+    result->addMethod(u"FinishOnboarding"_s, [&mode] { mode.finishOnboarding(); });
+    result->addMethod(u"Relaunch"_s, [&mode] { mode.relaunch(); });
     return result;
 }
 

@@ -16,6 +16,7 @@ class BusInterface;
 class HookFiles;
 class Journal;
 class LidClosedMode;
+class PowerMonitor;
 class StatusObject;
 class Updater;
 
@@ -45,7 +46,8 @@ std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& b
 
 std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus);
 
-std::unique_ptr<BusInterface> lidClosed(LidClosedMode& mode, const QDBusConnection& bus);
+std::unique_ptr<BusInterface> lidClosed(
+    LidClosedMode& mode, const AwakeCoordinator& coordinator, const PowerMonitor& power, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus);
 

@@ -10,12 +10,16 @@
 #include "hooks/HookMonitor.h"
 #include "hotkey/LockScreen.h"
 #include "journal/Journal.h"
+#include "lidclosed/LidClosedMode.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
 #include "monitors/ThermalMonitor.h"
 
 #include <QCoreApplication>
 #include <QPointer>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +48,7 @@ AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services,
 
 AwakeCoordinator::~AwakeCoordinator()
 {
+    m_parts.lidClosed.restoreClamshell();
     m_parts.power.onChange = nullptr;
     m_parts.process.onChange = nullptr;
     m_parts.thermal.onChange = nullptr;
@@ -57,13 +62,18 @@ void AwakeCoordinator::listen()
     });
     m_parts.power.onChange = [this] {
         checkPowerEdge();
-        evaluate();
+        // Somebody's hand moves the lid.
+        evaluate(m_parts.power.lidClosed() == m_wasLidClosed ? Cause::reading : Cause::event);
     };
     m_parts.process.onChange = [this] { evaluate(); };
-    m_parts.thermal.onChange = [this] { evaluate(); };
+    m_parts.thermal.onChange = [this] { evaluate(Cause::reading); };
     m_parts.hooks.onChange = [this] { evaluate(); };
+    LidClosedMode& lidClosed = m_parts.lidClosed;
+    connect(&lidClosed, &LidClosedMode::clamshellActiveChanged, this, &AwakeCoordinator::clamshellActiveChanged);
+    connect(&lidClosed, &LidClosedMode::helperChanged, this, &AwakeCoordinator::helperChanged);
+    connect(&lidClosed, &LidClosedMode::evaluationNeeded, this, [this] { evaluateSoon(Cause::reading); });
     AppSettings& settings = m_parts.settings;
-    connect(&settings, &AppSettings::changed, this, &AwakeCoordinator::evaluateSoon);
+    connect(&settings, &AppSettings::changed, this, [this] { evaluateSoon(Cause::event); });
     // Whoever switches notifications on is to be asked then, not at the next start.
     connect(&settings, &AppSettings::notifyOnToggleChanged, this, [this] {
         requestPermission(m_parts.settings.notifyOnToggle());
@@ -90,18 +100,14 @@ void AwakeCoordinator::lockScreen()
     });
 }
 
-void AwakeCoordinator::evaluateSoon()
+void AwakeCoordinator::evaluateSoon(Cause cause)
 {
-    if (m_isEvaluationScheduled)
+    const bool isScheduled = m_scheduledCause.has_value();
+    m_scheduledCause = std::max(cause, m_scheduledCause.value_or(cause));
+    if (isScheduled)
         return;
-    m_isEvaluationScheduled = true;
     QMetaObject::invokeMethod(
-        this,
-        [this] {
-            m_isEvaluationScheduled = false;
-            evaluate();
-        },
-        Qt::QueuedConnection);
+        this, [this] { evaluate(*std::exchange(m_scheduledCause, std::nullopt)); }, Qt::QueuedConnection);
 }
 
 void AwakeCoordinator::checkPowerEdge()
@@ -120,6 +126,26 @@ void AwakeCoordinator::checkPowerEdge()
 bool AwakeCoordinator::isTimedSessionActive() const
 {
     return m_timedSessionEnd && *m_timedSessionEnd > m_clock.now();
+}
+
+bool AwakeCoordinator::clamshellActive() const
+{
+    return m_parts.lidClosed.clamshellActive();
+}
+
+bool AwakeCoordinator::helperInstalled() const
+{
+    return m_parts.lidClosed.helperInstalled();
+}
+
+bool AwakeCoordinator::helperNeedsApproval() const
+{
+    return m_parts.lidClosed.helperNeedsApproval();
+}
+
+QString AwakeCoordinator::lastHelperError() const
+{
+    return m_parts.lidClosed.lastHelperError();
 }
 
 QStringList AwakeCoordinator::activeList() const
@@ -145,13 +171,13 @@ AwakeRules::Inputs AwakeCoordinator::inputs(const QStringList& activeList) const
     };
 }
 
-void AwakeCoordinator::evaluate()
+void AwakeCoordinator::evaluate(Cause cause)
 {
     // Switched off, nothing is looked at and nothing is told of what is running.
     const QStringList active = m_parts.settings.isEnabled() ? activeList() : QStringList();
     const AwakeRules::Decision decision = AwakeRules::decide(inputs(active));
     updateAssertions(decision.awake);
-    m_parts.power.setLidPolling(decision.awake);
+    updateLidClosedMode(decision.awake, cause);
     publish(describe(decision, active));
     m_transitions.record(decision, m_status.reason);
     Q_EMIT evaluated();
@@ -164,6 +190,20 @@ void AwakeCoordinator::updateAssertions(bool awake)
     const bool isScreenWanted
         = settings.keepDisplayAwake() && !(m_parts.power.lidClosed() && settings.screenOffOnLidClose());
     hold(m_displayAssertion, PowerAssertionType::preventUserIdleDisplaySleep, awake && isScreenWanted);
+}
+
+void AwakeCoordinator::updateLidClosedMode(bool awake, Cause cause)
+{
+    const AppSettings& settings = m_parts.settings;
+    PowerMonitor& power = m_parts.power;
+    m_parts.lidClosed.update({.awake = awake,
+        .clamshellEnabled = settings.clamshellEnabled(),
+        .hasLid = power.hasLid(),
+        .mayAskAgain = cause == Cause::event});
+    power.setLidPolling(awake);
+    m_wasLidClosed = power.lidClosed();
+    m_parts.lidClosed.updateScreenBlank(
+        {.awake = awake, .lidClosed = power.lidClosed(), .screenOffOnLidClose = settings.screenOffOnLidClose()});
 }
 
 void AwakeCoordinator::hold(std::unique_ptr<PowerAssertion>& assertion, PowerAssertionType type, bool wanted)
@@ -208,7 +248,7 @@ AwakeCoordinator::Status AwakeCoordinator::describe(
             .batteryPercent = power.batteryPercent(),
             .isHot = m_parts.thermal.isHot(),
             .thermalState = static_cast<int>(m_parts.thermal.state()),
-            .lidClosedMode = false,
+            .lidClosedMode = clamshellActive() && power.lidClosed(),
             .minutesLeft = minutesLeft,
         }),
     };
@@ -233,6 +273,11 @@ void AwakeCoordinator::publish(const Status& status)
 
 void AwakeCoordinator::setTimedSession(std::optional<int> minutes)
 {
+    changeTimedSession(minutes, Cause::event);
+}
+
+void AwakeCoordinator::changeTimedSession(std::optional<int> minutes, Cause cause)
+{
     m_sessionTimer.reset();
     m_minuteTimer.reset();
     if (!minutes) {
@@ -240,11 +285,11 @@ void AwakeCoordinator::setTimedSession(std::optional<int> minutes)
     } else {
         const Seconds length = std::chrono::minutes(*minutes);
         setTimedSessionEnd(m_clock.now() + length);
-        m_sessionTimer = m_clock.after(length, [this] { setTimedSession({}); });
+        m_sessionTimer = m_clock.after(length, [this] { changeTimedSession({}, Cause::reading); });
         // Nothing else may happen for hours, and the texts tell the minutes that are left.
-        m_minuteTimer = m_clock.every(std::chrono::minutes(1), [this] { evaluate(); });
+        m_minuteTimer = m_clock.every(std::chrono::minutes(1), [this] { evaluate(Cause::reading); });
     }
-    evaluate();
+    evaluate(cause);
 }
 
 void AwakeCoordinator::setTimedSessionEnd(std::optional<TimePoint> end)

@@ -21,6 +21,7 @@ class HookFiles;
 class HookMonitor;
 class HotKeyCenter;
 class Journal;
+class LidClosedMode;
 class LoginItem;
 class PowerMonitor;
 class ProcessMonitor;
@@ -38,6 +39,10 @@ class AwakeCoordinator : public QObject {
     Q_PROPERTY(QString statusReason READ statusReason NOTIFY statusReasonChanged)
     Q_PROPERTY(QString statusSubtitle READ statusSubtitle NOTIFY statusSubtitleChanged)
     Q_PROPERTY(QString statusDetails READ statusDetails NOTIFY statusDetailsChanged)
+    Q_PROPERTY(bool clamshellActive READ clamshellActive NOTIFY clamshellActiveChanged)
+    Q_PROPERTY(bool helperInstalled READ helperInstalled NOTIFY helperChanged)
+    Q_PROPERTY(bool helperNeedsApproval READ helperNeedsApproval NOTIFY helperChanged)
+    Q_PROPERTY(QString lastHelperError READ lastHelperError NOTIFY helperChanged)
     // clang-format on
 
 public:
@@ -49,6 +54,7 @@ public:
         ThermalMonitor& thermal;
         Journal& journal;
         HookMonitor& hooks;
+        LidClosedMode& lidClosed;
     };
 
     /// What the desktop does for the coordinator.
@@ -62,7 +68,7 @@ public:
     };
 
     /// Takes over the callbacks of all monitors, repairs the agents' hook entries and evaluates once. Everything passed
-    /// in must outlive the coordinator.
+    /// in must outlive the coordinator, at whose end the machine may sleep again when its lid is closed.
     AwakeCoordinator(const Parts& parts, const Services& services, const HookFiles& hookFiles);
     ~AwakeCoordinator() override;
 
@@ -74,6 +80,13 @@ public:
     QString statusReason() const { return m_status.reason; }
     QString statusSubtitle() const { return m_status.subtitle; }
     QString statusDetails() const { return m_status.details; }
+
+    /// The machine goes on running when its lid is closed, as far as is known.
+    bool clamshellActive() const;
+    bool helperInstalled() const;
+    bool helperNeedsApproval() const;
+    /// What the user should know of the background helper, an error or a confirmation; empty when there is nothing.
+    QString lastHelperError() const;
 
     /// When the timed session ends; absent without one.
     std::optional<TimePoint> timedSessionEnd() const { return m_timedSessionEnd; }
@@ -93,7 +106,7 @@ public:
     HotKeyState lockHotKeyState() const { return m_lockHotKey->state(); }
 
     /// Decides anew and acts on it; called on every change.
-    void evaluate();
+    void evaluate() { evaluate(Cause::event); }
 
 Q_SIGNALS:
     void isAwakeChanged();
@@ -102,11 +115,21 @@ Q_SIGNALS:
     void statusReasonChanged();
     void statusSubtitleChanged();
     void statusDetailsChanged();
+    void clamshellActiveChanged();
+    /// One of the background helper's fields may have changed.
+    void helperChanged();
     void timedSessionEndChanged();
     /// Follows every evaluation, whatever it changed.
     void evaluated();
 
 private:
+    /// Why everything is decided anew.
+    enum class Cause {
+        /// Time has passed, or a sensor tells another value: nothing that a user would connect with a prompt.
+        reading,
+        event,
+    };
+
     struct Status {
         bool isAwake = false;
         bool isPaused = false;
@@ -119,13 +142,16 @@ private:
     void listen();
     /// For notifications.
     void requestPermission(bool isWanted);
-    void evaluateSoon();
+    void evaluate(Cause cause);
+    void evaluateSoon(Cause cause);
     void checkPowerEdge();
     AwakeRules::Inputs inputs(const QStringList& activeList) const;
     void updateAssertions(bool awake);
+    void updateLidClosedMode(bool awake, Cause cause);
     void hold(std::unique_ptr<PowerAssertion>& assertion, PowerAssertionType type, bool wanted);
     Status describe(const AwakeRules::Decision& decision, const QStringList& activeList) const;
     void publish(const Status& status);
+    void changeTimedSession(std::optional<int> minutes, Cause cause);
     void setTimedSessionEnd(std::optional<TimePoint> end);
 
     Parts m_parts;
@@ -144,7 +170,9 @@ private:
     std::unique_ptr<PowerAssertion> m_systemAssertion;
     std::unique_ptr<PowerAssertion> m_displayAssertion;
     std::optional<bool> m_wasOnAC;
-    bool m_isEvaluationScheduled = false;
+    bool m_wasLidClosed = false;
+    /// Why there is to be an evaluation as soon as the event loop turns, if there is.
+    std::optional<Cause> m_scheduledCause;
 };
 
 } // namespace Tarvik

@@ -177,16 +177,51 @@ private Q_SLOTS:
         QCOMPARE(tarvik.asked, QStringList(3, u"activate token"_s));
     }
 
+    void theWindowsReachLidClosedMode()
+    {
+        ServedTarvik tarvik;
+        CoordinatedMachine& machine = tarvik.machine;
+        const auto interface = QString::fromLatin1(TarvikWire::lidClosedInterface);
+        machine.helper.setStatus(HelperStatus::notRegistered);
+        call(interface, u"RefreshHelperStatus"_s);
+        call(interface, u"InstallHelper"_s);
+        machine.helper.finish();
+        call(interface, u"ReinstallHelper"_s);
+        QCOMPARE(machine.helper.calls, (QStringList{u"refresh"_s, u"register"_s, u"unregister"_s}));
+        call(interface, u"FinishOnboarding"_s);
+        QCOMPARE(machine.store.values[u"clamshellOnboardingComplete"_s], true);
+        call(interface, u"Relaunch"_s);
+        machine.clock.advance(std::chrono::seconds(1));
+        QCOMPARE(machine.shown, QStringList{u"relaunch"_s});
+    }
+
+    void lidClosedModeIsAnnounced()
+    {
+        ServedTarvik tarvik;
+        const auto interface = QString::fromLatin1(TarvikWire::lidClosedInterface);
+        const auto isTold = [&](const QString& property) {
+            return call(propertiesInterface, u"Get"_s, {interface, property})
+                .arguments()
+                .value(0)
+                .value<QDBusVariant>()
+                .variant();
+        };
+        QCOMPARE(isTold(u"hasLid"_s), true);
+        listen();
+        tarvik.machine.helper.setStatus(HelperStatus::enabled);
+        QStringList expected{interface + u" helperInstalled"_s};
+        QTRY_COMPARE(m_announced, expected);
+        QCOMPARE(isTold(u"helperInstalled"_s), true);
+        tarvik.machine.lid.setPresent(false);
+        expected.append(interface + u" hasLid"_s);
+        QTRY_COMPARE(m_announced, expected);
+        QCOMPARE(isTold(u"hasLid"_s), false);
+    }
+
     void oneChangeIsAnnouncedOnce()
     {
         ServedTarvik tarvik;
-        m_announced.clear();
-        QVERIFY(m_client.connect(busName,
-            objectPath,
-            propertiesInterface,
-            u"PropertiesChanged"_s,
-            this,
-            SLOT(recordAnnouncement(QString, QVariantMap, QStringList))));
+        listen();
         QStringList expected{u"com.morvanta.Tarvik.Status1 BatteryPercent Details HasBattery OnAC"_s};
         tarvik.machine.setPower(false, 57);
         QTRY_COMPARE(m_announced, expected);
@@ -218,6 +253,19 @@ public Q_SLOTS:
     }
 
 private:
+    void listen()
+    {
+        m_announced.clear();
+        m_isListening = m_isListening
+            || m_client.connect(busName,
+                objectPath,
+                propertiesInterface,
+                u"PropertiesChanged"_s,
+                this,
+                SLOT(recordAnnouncement(QString, QVariantMap, QStringList)));
+        QVERIFY(m_isListening);
+    }
+
     QDBusMessage call(const QString& interface, const QString& member, const QVariantList& arguments = {})
     {
         auto message = QDBusMessage::createMethodCall(busName, objectPath, interface, member);
@@ -237,6 +285,7 @@ private:
     /// Of a type that no property and no method takes.
     const QVariant m_oddity = QVariant::fromValue(quint16{1});
     QStringList m_announced;
+    bool m_isListening = false;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
 };
 

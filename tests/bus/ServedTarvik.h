@@ -10,7 +10,6 @@
 #include "engine/CoordinatedMachine.h"
 #include "fakes/FakeTrayItem.h"
 #include "fakes/FakeUpdateDriver.h"
-#include "lidclosed/LidClosedMode.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -54,7 +53,7 @@ public:
             bus));
         object->add(BusInterfaces::journal(*machine.journal, bus));
         object->add(BusInterfaces::hooks(machine.hookFiles, bus));
-        object->add(BusInterfaces::lidClosed(lidClosed, bus));
+        object->add(BusInterfaces::lidClosed(*machine.lidClosed, *machine.coordinator, *machine.power, bus));
         object->add(BusInterfaces::updater(*updater, bus));
         bus.registerService(QString::fromLatin1(TarvikWire::busName));
     }
@@ -67,7 +66,6 @@ public:
 
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("server"));
     CoordinatedMachine machine;
-    LidClosedMode lidClosed;
     FakeTrayItem tray;
     FakeUpdateDriver updateDriver;
     std::optional<Updater> updater;

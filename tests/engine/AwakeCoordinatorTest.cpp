@@ -144,7 +144,8 @@ private Q_SLOTS:
         ObservedNotifications notifications([&] { order.append(u"permission: "_s + stage()); });
         ObservedAssertions assertions([&] { order.append(u"evaluation: "_s + stage()); });
         expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
-        const AwakeCoordinator coordinator({*m->settings, *m->power, *m->process, *m->thermal, *m->journal, *m->hooks},
+        const AwakeCoordinator coordinator(
+            {*m->settings, *m->power, *m->process, *m->thermal, *m->journal, *m->hooks, *m->lidClosed},
             {assertions, m->loginItem, notifications, hotKeyCenter, m->screenLock, m->clock},
             m->hookFiles);
         QCOMPARE(order,

@@ -5,6 +5,8 @@
 #include "core/AppSettings.h"
 #include "engine/AwakeCoordinator.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeDisplayPower.h"
+#include "fakes/FakeHelperService.h"
 #include "fakes/FakeHookChannel.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/FakeLidSensor.h"
@@ -15,12 +17,14 @@
 #include "fakes/FakeRunningApplications.h"
 #include "fakes/FakeScreenLock.h"
 #include "fakes/FakeSettingsStore.h"
+#include "fakes/FakeSleepControl.h"
 #include "fakes/FakeThermalState.h"
 #include "fakes/FakeUserNotifications.h"
 #include "hooks/HookFiles.h"
 #include "hooks/HookMonitor.h"
 #include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
+#include "lidclosed/LidClosedMode.h"
 #include "monitors/PowerMonitor.h"
 #include "monitors/ProcessMonitor.h"
 #include "monitors/ThermalMonitor.h"
@@ -45,7 +49,16 @@ public:
         thermal.emplace(thermalState);
         journal.emplace(store, clock);
         hooks.emplace(channel, clock);
-        coordinator.emplace(AwakeCoordinator::Parts{*settings, *power, *process, *thermal, *journal, *hooks},
+        lidClosed.emplace(*settings,
+            store,
+            LidClosedMode::Services{helper, sleepControl, display, lid, clock},
+            QStringLiteral("7"),
+            LidClosedMode::Actions{.showOnboarding = show(QStringLiteral("onboarding")),
+                .showRestartAlert = show(QStringLiteral("restart alert")),
+                .showLoginItems = show(QStringLiteral("login items")),
+                .relaunch = show(QStringLiteral("relaunch"))});
+        coordinator.emplace(
+            AwakeCoordinator::Parts{*settings, *power, *process, *thermal, *journal, *hooks, *lidClosed},
             AwakeCoordinator::Services{assertions, loginItem, notifications, hotKeyCenter, screenLock, clock},
             hookFiles);
     }
@@ -105,6 +118,9 @@ public:
     FakeUserNotifications notifications;
     FakeHotKeys hotKeys;
     FakeScreenLock screenLock;
+    FakeHelperService helper;
+    FakeSleepControl sleepControl;
+    FakeDisplayPower display;
     HotKeyCenter hotKeyCenter{hotKeys};
 
     std::optional<AppSettings> settings;
@@ -113,7 +129,16 @@ public:
     std::optional<ThermalMonitor> thermal;
     std::optional<Journal> journal;
     std::optional<HookMonitor> hooks;
+    std::optional<LidClosedMode> lidClosed;
     std::optional<AwakeCoordinator> coordinator;
+    /// What lid-closed mode has had the application show or do.
+    QStringList shown;
+
+private:
+    std::function<void()> show(const QString& what)
+    {
+        return [this, what] { shown.append(what); };
+    }
 };
 
 } // namespace Tarvik

@@ -29,6 +29,8 @@ public:
             m.setHeat(static_cast<ThermalLevel>(oneOf(value, {u"nominal"_s, u"fair"_s, u"serious"_s, u"critical"_s})));
         else if (word == u"lid"_s)
             m.lid.closed = oneOf(value, {u"open"_s, u"closed"_s}) == 1;
+        else if (word == u"helper"_s)
+            setHelper(static_cast<HelperStatus>(oneOf(value, {u"missing"_s, u"installed"_s, u"unapproved"_s})));
         else if (word == u"work"_s)
             setWork(oneOf(value, {u"off"_s, u"on"_s}) == 1);
         else if (word == u"start"_s)
@@ -41,6 +43,8 @@ public:
             m_expected.append(value);
         else
             QFAIL(qPrintable(u"unknown line: "_s + line));
+        while (m.helper.living > 0 && m.helper.connection->waiting() > 0)
+            m.helper.connection->reply(true);
     }
 
     void compareJournal() const { QCOMPARE(m.journalLines(), m_expected); }
@@ -83,6 +87,14 @@ private:
         CoordinatedMachine::settle();
     }
 
+    /// Of a machine with a lid.
+    void setHelper(HelperStatus status)
+    {
+        m.lid.setPresent(true);
+        m.helper.setStatus(status);
+        CoordinatedMachine::settle();
+    }
+
     void setWork(bool isWorking)
     {
         const QByteArray processes = isWorking ? "claude\n" : "";
@@ -99,6 +111,8 @@ private:
             words.append(u"system"_s);
         if (m.assertions.isDisplayHeld())
             words.append(u"display"_s);
+        if (m.coordinator->clamshellActive())
+            words.append(u"override"_s);
         return words.isEmpty() ? u"nothing"_s : words.join(u' ');
     }
 

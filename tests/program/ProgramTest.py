@@ -165,6 +165,17 @@ class InstancesTest(TarvikTestCase):
         self.assertIsNone(first.process.poll())
         self.assertEqual(len(ours()), 1)
 
+    def test_a_relaunch_starts_it_anew_in_the_same_process(self):
+        self.programs.start("claude")
+        tarvik = self.start_tarvik()
+        eventually(is_held, "held")
+        program.relaunch()
+        tarvik.status()
+        eventually(lambda: len(ours()) == 1, "held anew")
+        self.assertIsNone(tarvik.process.poll())
+        self.assertEqual(tarvik.end()[0], 0)
+        self.assertEqual(tarvik.log(), "")
+
     def test_without_a_session_bus_it_still_holds(self):
         self.programs.start("claude")
         environment = {k: v for k, v in os.environ.items() if k not in ("DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR")}

@@ -130,6 +130,15 @@ class SupervisionTest(TarvikTestCase):
         self.assertEqual(tarvik_process(), 0)
         eventually(is_not_held, "nothing is held")
 
+    def test_a_relaunch_is_no_end_to_its_service(self):
+        process = self.start()
+        services = units()
+        program.Tarvik.status()
+        program.relaunch()
+        program.Tarvik.status()
+        self.assertEqual(tarvik_process(), process)
+        self.assertEqual(units(), services)
+
     def test_a_second_start_leaves_the_first_alone(self):
         process = self.start()
         services = units()

@@ -47,6 +47,25 @@ def ours():
     return [entry[0] for entry in inhibitors() if entry[1] == "Tarvik"]
 
 
+def name_owner():
+    """The connection that owns Tarvik's name on the session bus; empty without one."""
+    answer = subprocess.run(
+        ["busctl", "--user", "--json=short", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+         "GetNameOwner", "s", "com.morvanta.Tarvik"],
+        capture_output=True, text=True, check=False,
+    )
+    return json.loads(answer.stdout)["data"][0] if answer.returncode == 0 else ""
+
+
+def relaunch():
+    """Has the running Tarvik end and start anew, and waits until it has."""
+    former = name_owner()
+    subprocess.run(
+        ["busctl", "--user", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik", "com.morvanta.Tarvik.LidClosed1",
+         "Relaunch"], check=True)
+    eventually(lambda: name_owner() not in ("", former), "Tarvik has started anew")
+
+
 def is_held():
     return bool(ours())
 
