@@ -48,7 +48,10 @@ std::optional<pid_t> spawn(ChildProcess::Command command)
         posix_spawn_file_actions_adddup2(&actions, command.input, STDIN_FILENO);
     else
         posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, nowhere, O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, nowhere, O_WRONLY, 0);
+    if (command.hasErrorsInOutput)
+        posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
+    else
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, nowhere, O_WRONLY, 0);
     posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
 
     posix_spawnattr_t attributes;

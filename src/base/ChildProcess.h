@@ -24,6 +24,8 @@ public:
         /// The former must not have the number of a standard stream.
         int input = -1;
         int output = -1;
+        /// Whether the error output goes there as well.
+        bool hasErrorsInOutput = false;
         /// Whether the program gets a session of its own, so that no terminal can end it.
         bool hasOwnSession = false;
     };

@@ -77,6 +77,13 @@ private Q_SLOTS:
         QCOMPARE(process->reap(), std::optional(0));
     }
 
+    void onlyOnRequestErrorsGoWhereTheOutputGoes()
+    {
+        const std::vector<std::string> words{"/bin/sh", "-c", "echo done; echo failed >&2"};
+        QCOMPARE(outputOf({.words = words}), QByteArray("done\n"));
+        QCOMPARE(outputOf({.words = words, .hasErrorsInOutput = true}), QByteArray("done\nfailed\n"));
+    }
+
     void theEnvironmentIsOursUnlessAnotherIsGiven()
     {
         qputenv("TARVIK_TEST", "inherited");
