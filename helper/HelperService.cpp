@@ -98,7 +98,7 @@ int HelperService::ask(sd_bus_message* call, sd_bus_error* error)
 {
     onActivity();
     if (m_refusesRequests)
-        return reply(call, "The background helper was just ending. Please try again.");
+        return reply(call, HelperWire::endingError);
     const std::string caller = sd_bus_message_get_sender(call);
     PendingRequest& request = m_pending[caller];
     if (request.calls.size() >= pendingLimit)

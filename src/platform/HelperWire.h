@@ -19,4 +19,7 @@ inline constexpr auto getStateMethod = "getState";
 inline constexpr auto heartbeatMethod = "heartbeat";
 inline constexpr auto versionMethod = "version";
 
+/// What a request gets that crosses the end of a helper that had nothing to do; the next one starts another helper.
+inline constexpr auto endingError = "The background helper was just ending. Please try again.";
+
 } // namespace Tarvik::HelperWire
