@@ -20,4 +20,13 @@ QString ownerIn(const QDBusMessage& answer)
     return isName ? answer.arguments().constFirst().toString() : QString();
 }
 
+DBusSignal::Source lossOfConnection()
+{
+    return {.sender = {},
+        .path = u"/org/freedesktop/DBus/Local"_s,
+        .interface = u"org.freedesktop.DBus.Local"_s,
+        .name = u"Disconnected"_s,
+        .arguments = {}};
+}
+
 } // namespace Tarvik::BusDaemon
