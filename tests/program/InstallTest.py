@@ -22,6 +22,9 @@ ENTRY = "share/applications/com.morvanta.Tarvik.desktop"
 HELPER = "libexec/tarvik-helper"
 HELPER_UNIT = "lib/systemd/system/tarvik-helper.service"
 HELPER_BUS_SERVICE = "share/dbus-1/system-services/com.morvanta.Tarvik.helper.service"
+BUNDLED = pathlib.Path("lib/tarvik/Contents/SharedSupport/helper")
+BUNDLED_FILES = {"install-helper", "tarvik-helper", "tarvik-helper.service", "com.morvanta.Tarvik.helper.service",
+                 "com.morvanta.Tarvik.helper.conf", "com.morvanta.Tarvik.helper.policy"}
 PROGRAMS = (EXECUTABLE, "lib/tarvik/Contents/Linux/TarvikUi", HELPER, "lib/tarvik/Contents/SharedSupport/tarvik")
 DATA = (
     "lib/tarvik/Contents/Resources/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
@@ -97,6 +100,21 @@ class InstallTest(unittest.TestCase):
         service = (root / HELPER_BUS_SERVICE).read_text(encoding="utf-8")
         self.assertIn(f"\nSystemdService={pathlib.Path(HELPER_UNIT).name}\n", service)
         self.assertRegex(service, f"\nExec=.* {prefix}/{HELPER}\n")
+
+    def test_the_bundle_can_install_the_helper(self):
+        prefix = self.directory / "prefix"
+        self.install(prefix)
+        bundled = prefix / BUNDLED
+        self.assertEqual({file.name for file in bundled.iterdir()}, BUNDLED_FILES)
+        self.assertEqual({file.name for file in bundled.iterdir() if os.access(file, os.X_OK)}, {"install-helper", "tarvik-helper"})
+        self.assertEqual((bundled / "tarvik-helper").read_bytes(), (prefix / HELPER).read_bytes())
+        for name in ("tarvik-helper.service", "com.morvanta.Tarvik.helper.service"):
+            self.assertIn("/usr/local/lib/tarvik-helper/tarvik-helper\n", (bundled / name).read_text(encoding="utf-8"))
+
+    def test_a_package_brings_the_helper_and_nothing_to_install_it(self):
+        self.install("/usr", DESTDIR=str(self.directory))
+        self.assert_starts_helper(self.directory / "usr", "/usr")
+        self.assertFalse((self.directory / "usr" / BUNDLED).exists())
 
     def test_desktops_that_cannot_draw_svg_have_pictures_of_each_size_that_is_promised(self):
         self.install(self.directory / "prefix")
