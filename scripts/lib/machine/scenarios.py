@@ -10,6 +10,10 @@ BUS_NAME = "com.morvanta.Tarvik"
 PROGRAM = "/usr/lib/tarvik/Contents/Linux/Tarvik"
 WINDOWS = "/usr/lib/tarvik/Contents/Linux/TarvikUi"
 HARDWARE = f"/{GUEST}/hardware"
+HELPER = "com.morvanta.Tarvik.helper"
+HELPER_UNIT = "tarvik-helper.service"
+# Where `machines` puts the bundle's installer.
+INSTALLER = "/opt/tarvik-helper/install-helper"
 # Seconds within which Tarvik sees a process and does something about it, on a machine that has more to do.
 REACTION = 15
 
@@ -349,6 +353,61 @@ def second_user(context):
     return "each their own"
 
 
+def call_helper(context, method, *arguments):
+    """What busctl(1) prints of the answer to the session's user; empty for an error."""
+    return context.machine.session("busctl", "--system", "call", HELPER, "/com/morvanta/Tarvik/Helper",
+                                   "com.morvanta.Tarvik.HelperProtocol1", method, *arguments, check=False).strip()
+
+
+def expect_helper(context, works, what):
+    """The session's user may have it switch sleep off, without a password."""
+    eventually(lambda: (call_helper(context, "setKeepAwake", "b", "true") == 'bs true ""') == works, REACTION, what)
+
+
+def helper(context):
+    """The background helper of a package, none, and the one that its installer puts there, which can be masked and removed."""
+    machine = context.machine
+    files = ["/usr/libexec/tarvik-helper", f"/usr/lib/systemd/system/{HELPER_UNIT}", f"/usr/share/dbus-1/system.d/{HELPER}.conf",
+             f"/usr/share/polkit-1/actions/{HELPER}.policy", f"/usr/share/dbus-1/system-services/{HELPER}.service"]
+    expect_helper(context, True, "the package's helper works")
+    machine.root("sh", "-c", f"! {INSTALLER}")
+    machine.root("mkdir", "/root/package")
+    machine.root("mv", *files, "/root/package")
+    machine.root("systemctl", "stop", HELPER_UNIT)
+    reload_services(machine)
+    expect_helper(context, False, "without it there is none")
+    before = files_below(machine, "/usr/local", "/etc/dbus-1", "/usr/share/polkit-1")
+    machine.root(INSTALLER)
+    expect_helper(context, True, "the installed helper works")
+    exposure = machine.root("systemd-analyze", "security", "--no-pager", HELPER_UNIT)
+    machine.root("systemctl", "mask", HELPER_UNIT)
+    machine.root("systemctl", "stop", HELPER_UNIT)
+    expect_helper(context, False, "masked, it does not start")
+    machine.root("systemctl", "unmask", HELPER_UNIT)
+    expect_helper(context, True, "unmasked, it does")
+    machine.root(INSTALLER)
+    expect_helper(context, True, "installed anew, it works")
+    machine.root(INSTALLER, "--remove")
+    expect_helper(context, False, "removed, it is gone")
+    left = files_below(machine, "/usr/local", "/etc/dbus-1", "/usr/share/polkit-1") ^ before
+    if left:
+        raise Unexpected(f"it leaves or takes {', '.join(left)}")
+    for file in files:
+        machine.root("mv", f"/root/package/{file.rpartition('/')[2]}", file)
+    reload_services(machine)
+    expect_helper(context, True, "the package's helper works again")
+    return f"exposed to {re.search('Overall exposure level.*: ([0-9.]+)', exposure)[1]}"
+
+
+def files_below(machine, *directories):
+    return set(machine.root("find", *directories).splitlines())
+
+
+def reload_services(machine):
+    machine.root("systemctl", "daemon-reload")
+    machine.root("busctl", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "ReloadConfig")
+
+
 WORKS = {"agent": Agent, "hold": Hold, "lease": Lease, "session": TimedSession}
 ALL = {
     "tray": tray_item,
@@ -358,6 +417,7 @@ ALL = {
     **{f"after-{name}": ends_after(work) for name, work in WORKS.items()},
     "display": display,
     "mains": mains,
+    "helper": helper,
     "restarts": restarts,
     "locks": locks,
     "killed": killed,
