@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 
-# tarvik_test(NAME [BUS|DESKTOP] [SOURCES FILE...] LIBRARIES TARGET...): one QtTest program from NAME.cpp.
-# BUS gives it a private session bus of its own, DESKTOP a whole virtual desktop.
+# tarvik_test(NAME [BUS|DESKTOP|DESKTOP_OPTIONS OPTION...] [SOURCES FILE...] LIBRARIES TARGET...): one QtTest program from
+# NAME.cpp. BUS gives it a private session bus of its own, DESKTOP a whole virtual desktop, DESKTOP_OPTIONS one with options.
 function(tarvik_test name)
-  cmake_parse_arguments(TEST "BUS;DESKTOP" "" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(TEST "BUS;DESKTOP" "" "SOURCES;LIBRARIES;DESKTOP_OPTIONS" ${ARGN})
   add_executable(${name} ${name}.cpp ${TEST_SOURCES})
   target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} tarvik-test-support Qt6::Test)
   set(command $<TARGET_FILE:${name}>)
@@ -12,8 +12,8 @@ function(tarvik_test name)
     list(PREPEND command dbus-run-session --)
   endif()
   set(label unit)
-  if(TEST_DESKTOP)
-    list(PREPEND command ${PROJECT_SOURCE_DIR}/scripts/desktop --)
+  if(TEST_DESKTOP OR TEST_DESKTOP_OPTIONS)
+    list(PREPEND command ${PROJECT_SOURCE_DIR}/scripts/desktop ${TEST_DESKTOP_OPTIONS} --)
     set(label desktop)
   endif()
   add_test(NAME ${name} COMMAND ${command})
