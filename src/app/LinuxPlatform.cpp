@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
+#include "lidclosed/TarvikHelper.h"
 #include "platform/linux/FreedesktopNotifications.h"
 #include "platform/linux/InstalledAppBundle.h"
 #include "platform/linux/JsonFileSettingsStore.h"
@@ -12,6 +13,7 @@
 #include "platform/linux/applications/XdgAutostartLoginItem.h"
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 #include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
+#include "platform/linux/helper/SystemdHelperService.h"
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 #include "platform/linux/power/FallbackPowerSources.h"
 #include "platform/linux/power/LogindLidSensor.h"
@@ -19,6 +21,7 @@
 #include "platform/linux/power/UPowerPowerSources.h"
 #include "platform/linux/screenlock/DesktopScreenLock.h"
 #include "platform/linux/session/DisplaySessionLifetime.h"
+#include "platform/linux/sleep/LogindSleepControl.h"
 #include "platform/linux/thermal/SysfsThermalState.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 #include "platform/linux/updates/PackageKitUpdateDriver.h"
@@ -71,22 +74,6 @@ QString waylandSocket()
     return name.isEmpty() ? QString() : QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).absoluteFilePath(name);
 }
 
-/// The system never says how far the helper is installed, without which lid-closed mode does nothing.
-class UnknownHelperService final : public HelperService {
-public:
-    std::optional<HelperStatus> status() const override { return {}; }
-    void refresh() override { }
-    void registerService(std::function<void(const QString&)>) override { }
-    void unregisterService(std::function<void(const QString&)>) override { }
-    std::unique_ptr<HelperConnection> connect() override { return {}; }
-};
-
-class UnruledSleep final : public SleepControl {
-public:
-    void takeOverride(OverrideReceiver) override { }
-    void sleepForClosedLid() override { }
-};
-
 class UnruledDisplay final : public DisplayPower {
 public:
     void sleepNow(std::function<void(const QString&)>) override { }
@@ -100,6 +87,13 @@ QString findableIcon(const AppBundle& bundle)
     if (!QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"icons"_s + file).isEmpty())
         return bundle.identifier;
     return QUrl::fromLocalFile(bundle.iconDirectory() + file).toString(QUrl::FullyEncoded);
+}
+
+std::unique_ptr<HelperService> systemdHelperService(const QDBusConnection& systemBus, const AppBundle& bundle)
+{
+    const QString label = TarvikHelper::machLabel(bundle.identifier);
+    return std::make_unique<SystemdHelperService>(
+        systemBus, label, SystemdHelperService::places(bundle.location, label));
 }
 
 } // namespace
@@ -127,8 +121,8 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , hotKeys(
           std::make_unique<DesktopHotKeys>(sessionBus, DesktopHotKeys::Display{.x11 = x11, .isWayland = isWayland()}))
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
-    , helperService(std::make_unique<UnknownHelperService>())
-    , sleepControl(std::make_unique<UnruledSleep>())
+    , helperService(systemdHelperService(systemBus, bundle))
+    , sleepControl(std::make_unique<LogindSleepControl>(systemBus, sessionBus, clock))
     , displayPower(std::make_unique<UnruledDisplay>())
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory(), clock))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
