@@ -44,15 +44,10 @@ QString escaped(QString text)
 FreedesktopNotifications::FreedesktopNotifications(QDBusConnection sessionBus, QString icon)
     : m_bus(std::move(sessionBus))
     , m_icon(std::move(icon))
+    , m_names(m_bus, {service})
 {
-    if (!m_bus.isConnected())
-        return;
-    m_watcher.setConnection(m_bus);
-    m_watcher.addWatchedService(service);
-    QObject::connect(&m_watcher,
-        &QDBusServiceWatcher::serviceOwnerChanged,
-        &m_watcher,
-        [this](const QString&, const QString& before, const QString& now) { changeOwner(before, now); });
+    m_names.onKnown = [this] { followOwner(); };
+    m_names.onOwnerChange = [this](const QString&) { followOwner(); };
 }
 
 void FreedesktopNotifications::requestAuthorization(std::function<void(bool granted, const QString& error)> done)
@@ -119,16 +114,17 @@ void FreedesktopNotifications::receiveCapabilities(const QDBusMessage& answer)
         next(error);
 }
 
-void FreedesktopNotifications::changeOwner(const QString& before, const QString& now)
+void FreedesktopNotifications::followOwner()
 {
+    const QString before = std::exchange(m_owner, m_names.owner(service));
     m_readsMarkup.reset();
     if (!before.isEmpty())
         m_askedPredecessor = static_cast<bool>(m_capabilitiesCall);
     // The predecessor's answer would say nothing about this daemon, and may never come.
-    if (m_askedPredecessor && m_capabilitiesCall && !now.isEmpty())
+    if (m_askedPredecessor && m_capabilitiesCall && !m_owner.isEmpty())
         readCapabilities();
-    m_hasAppeared = m_capabilitiesCall && !now.isEmpty();
-    if (!m_capabilitiesCall && !now.isEmpty() && !m_requests.empty())
+    m_hasAppeared = m_capabilitiesCall && !m_owner.isEmpty();
+    if (!m_capabilitiesCall && !m_owner.isEmpty() && !m_requests.empty())
         answerRequests();
 }
 

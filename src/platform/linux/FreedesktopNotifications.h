@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dbus/BusNameWatch.h"
 #include "dbus/DBusCall.h"
 #include "platform/UserNotifications.h"
-
-#include <QDBusServiceWatcher>
 
 #include <map>
 #include <optional>
@@ -36,12 +35,14 @@ private:
     void afterReadingCapabilities(Receiver next);
     void readCapabilities();
     void receiveCapabilities(const QDBusMessage& answer);
-    void changeOwner(const QString& before, const QString& now);
+    void followOwner();
     void notify(const QString& title, const QString& body, Receiver done);
 
     QDBusConnection m_bus;
     QString m_icon;
-    QDBusServiceWatcher m_watcher;
+    BusNameWatch m_names;
+    /// The unique name of the daemon that is running.
+    QString m_owner;
     /// Whether the daemon that is running reads the body as markup; unknown until it has told.
     std::optional<bool> m_readsMarkup;
     DBusCall m_capabilitiesCall;
