@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/LogSink.h"
 
+#include "base/PlainText.h"
 #include "core/Logging.h"
 
 #include <QByteArray>
@@ -56,10 +57,16 @@ QByteArray areaOf(const QMessageLogContext& context)
     return category.startsWith(prefix) ? category.mid(prefix.size()) : category;
 }
 
+/// Errors and names come from other programs, which shall neither forge a line nor steer a terminal.
+QByteArray plain(const QString& message)
+{
+    return QByteArray::fromStdString(PlainText::printableLines(message.toStdString()));
+}
+
 void logToJournal(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     sd_journal_send("MESSAGE=%s",
-        message.toUtf8().constData(),
+        plain(message).constData(),
         "PRIORITY=%i",
         priorityOf(type),
         "SYSLOG_IDENTIFIER=Tarvik",
@@ -72,7 +79,7 @@ void logToJournal(QtMsgType type, const QMessageLogContext& context, const QStri
 
 void logToStandardError(QtMsgType, const QMessageLogContext& context, const QString& message)
 {
-    const QByteArray line = "Tarvik [" + areaOf(context) + "] " + message.toUtf8() + '\n';
+    const QByteArray line = "Tarvik [" + areaOf(context) + "] " + plain(message) + '\n';
     std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stderr);
 }
 

@@ -25,4 +25,8 @@ bool isControl(char32_t code);
 /// The text with a question mark in the place of each such character and of each byte that is no part of a valid one.
 std::string printable(std::string_view text);
 
+/// The same of a text that may have several lines: each that follows the first is indented, and so cannot pass for the
+/// beginning of another text.
+std::string printableLines(std::string_view text);
+
 } // namespace Tarvik::PlainText

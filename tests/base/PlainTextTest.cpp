@@ -59,6 +59,26 @@ private Q_SLOTS:
         QCOMPARE(QByteArray::fromStdString(PlainText::printable(text.toStdString())), expected);
     }
 
+    void theLinesOfATextAreKeptAndIndented_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("empty") << QByteArray() << QByteArray();
+        QTest::newRow("one line") << QByteArray("a line") << QByteArray("a line");
+        QTest::newRow("two lines") << QByteArray("a\nb") << QByteArray("a\n    b");
+        QTest::newRow("a line that is empty") << QByteArray("a\n\nb") << QByteArray("a\n    \n    b");
+        QTest::newRow("an end of line at the end") << QByteArray("a\n") << QByteArray("a\n    ");
+        QTest::newRow("other ends of lines") << QByteArray("a\r\vb\xe2\x80\xa8") << QByteArray("a??b?");
+        QTest::newRow("controls in each line") << QByteArray("\x1b[2J\n\x1b[2J") << QByteArray("?[2J\n    ?[2J");
+    }
+
+    void theLinesOfATextAreKeptAndIndented()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QByteArray, expected);
+        QCOMPARE(QByteArray::fromStdString(PlainText::printableLines(text.toStdString())), expected);
+    }
+
     void everyCharacterIsReadAsQtReadsIt()
     {
         for (char32_t code = 0; code <= 0x10ffff; ++code) {

@@ -256,6 +256,14 @@ class SettingsTest(TarvikTestCase):
 
 
 class LoggingTest(TarvikTestCase):
+    def test_names_that_others_gave_neither_forge_a_line_nor_steer_a_terminal(self):
+        config = self.config / "\x1b[2J\nTarvik [settings] all is well\u202e"
+        (config / "tarvik").mkdir(parents=True)
+        (config / "tarvik" / "settings.json").write_bytes(b"rubbish")
+        tarvik = self.start_tarvik(environment={**os.environ, "XDG_CONFIG_HOME": str(config)})
+        self.assertIn("/?[2J\n    Tarvik [settings] all is well?/tarvik/settings.json cannot be read", tarvik.log())
+        self.assertNotRegex(tarvik.log(), "[\x1b\u202e]")
+
     def test_under_systemd_the_journal_gets_the_area_as_a_field(self):
         path = "/run/systemd/journal/socket"
         os.makedirs(os.path.dirname(path), exist_ok=True)
