@@ -32,18 +32,6 @@ class ThermalMonitor;
 /// awake, holds the power assertions accordingly, and publishes, journals and announces what it does.
 class AwakeCoordinator : public QObject {
     Q_OBJECT
-    // clang-format off
-    Q_PROPERTY(bool isAwake READ isAwake NOTIFY isAwakeChanged)
-    Q_PROPERTY(bool isPaused READ isPaused NOTIFY isPausedChanged)
-    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
-    Q_PROPERTY(QString statusReason READ statusReason NOTIFY statusReasonChanged)
-    Q_PROPERTY(QString statusSubtitle READ statusSubtitle NOTIFY statusSubtitleChanged)
-    Q_PROPERTY(QString statusDetails READ statusDetails NOTIFY statusDetailsChanged)
-    Q_PROPERTY(bool clamshellActive READ clamshellActive NOTIFY clamshellActiveChanged)
-    Q_PROPERTY(bool helperInstalled READ helperInstalled NOTIFY helperChanged)
-    Q_PROPERTY(bool helperNeedsApproval READ helperNeedsApproval NOTIFY helperChanged)
-    Q_PROPERTY(QString lastHelperError READ lastHelperError NOTIFY helperChanged)
-    // clang-format on
 
 public:
     /// What is observed and what is written to.

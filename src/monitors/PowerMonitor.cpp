@@ -112,11 +112,6 @@ void PowerMonitor::readLid()
     notify();
 }
 
-QVariant PowerMonitor::batteryPercentVariant() const
-{
-    return m_batteryPercent ? QVariant{*m_batteryPercent} : QVariant{};
-}
-
 void PowerMonitor::publishFallback()
 {
     m_isOnAC = true;

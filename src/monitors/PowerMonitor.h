@@ -7,7 +7,6 @@
 #include "platform/PowerSources.h"
 
 #include <QObject>
-#include <QVariant>
 
 #include <functional>
 #include <memory>
@@ -19,10 +18,6 @@ namespace Tarvik {
 /// Every write of a field emits its signal, changed or not.
 class PowerMonitor final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(bool isOnAC READ isOnAC NOTIFY isOnACChanged)
-    Q_PROPERTY(QVariant batteryPercent READ batteryPercentVariant NOTIFY batteryPercentChanged)
-    Q_PROPERTY(bool hasBattery READ hasBattery NOTIFY hasBatteryChanged)
-    Q_PROPERTY(bool lidClosed READ lidClosed NOTIFY lidClosedChanged)
 
 public:
     /// Reads the power sources once and listens from then on. All three must outlive the monitor.
@@ -58,7 +53,6 @@ Q_SIGNALS:
     void hasLidChanged();
 
 private:
-    QVariant batteryPercentVariant() const;
     void publishFallback();
     void notify() const;
 

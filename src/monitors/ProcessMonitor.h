@@ -22,8 +22,6 @@ class ProcessTable;
 /// Finds out which of the watched agents and editors and of the user's chosen applications are running.
 class ProcessMonitor : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QStringList activeAgentLabels READ activeAgentLabels NOTIFY activeAgentLabelsChanged)
-    Q_PROPERTY(QStringList activeAppLabels READ activeAppLabels NOTIFY activeAppLabelsChanged)
 
 public:
     /// Ids of the agents that report their turns themselves; their processes say nothing more.

@@ -13,8 +13,6 @@ namespace Tarvik {
 /// Whether the machine runs hot. Every write of a field emits its signal, changed or not.
 class ThermalMonitor final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(bool isHot READ isHot NOTIFY isHotChanged)
-    Q_PROPERTY(Tarvik::ThermalLevel state READ state NOTIFY stateChanged)
 
 public:
     /// Reads the state once and listens from then on. `source` must outlive the monitor.
