@@ -41,7 +41,8 @@ public:
     /// on success, and after `status()` has been read anew.
     virtual void registerService(std::function<void(const QString& error)> done) = 0;
 
-    /// Takes away what `registerService()` has installed; what a package has installed stays. `done` as above.
+    /// Takes away what `registerService()` has installed, unless registering again replaces all of it anyway; what a
+    /// package has installed stays. Asks the user for nothing that registering will ask for again. `done` as above.
     virtual void unregisterService(std::function<void(const QString& error)> done) = 0;
 
     /// A connection to the helper, which is started by the first call; null when there is nothing to connect to.
