@@ -40,8 +40,8 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
     m_names.onOwnerChange = [this](const QString&) {
         if (!m_names.isOwned(uiBusName))
             return;
-        if (const auto wish = std::exchange(m_wish, std::nullopt))
-            send(*wish);
+        if (const auto request = std::exchange(m_request, std::nullopt))
+            send(*request);
     };
 }
 
@@ -55,55 +55,57 @@ void UiProcess::showSettings(const QString& activationToken)
     send({.method = u"ShowSettings"_s, .arguments = {activationToken}});
 }
 
-void UiProcess::send(const Wish& wish)
+void UiProcess::send(const Request& request)
 {
-    auto message = QDBusMessage::createMethodCall(
-        uiBusName, QString::fromLatin1(UiWire::objectPath), QString::fromLatin1(UiWire::windowsInterface), wish.method);
-    message.setArguments(wish.arguments);
+    auto message = QDBusMessage::createMethodCall(uiBusName,
+        QString::fromLatin1(UiWire::objectPath),
+        QString::fromLatin1(UiWire::windowsInterface),
+        request.method);
+    message.setArguments(request.arguments);
     m_calls.send(m_bus,
         message,
-        [this, wish](const QDBusMessage& answer) {
+        [this, request](const QDBusMessage& answer) {
             if (answer.type() == QDBusMessage::ErrorMessage)
-                noticeFailure(wish, QDBusError(answer));
+                noticeFailure(request, QDBusError(answer));
         },
         {.patience = answerPatience});
 }
 
-void UiProcess::noticeFailure(const Wish& wish, const QDBusError& error)
+void UiProcess::noticeFailure(const Request& request, const QDBusError& error)
 {
-    if (isGone(error) && !wish.wasLaunchedFor && !wish.patience.hasExpired()) {
-        launchFor(wish);
+    if (isGone(error) && !request.wasLaunchedFor && !request.patience.hasExpired()) {
+        launchFor(request);
         return;
     }
     if (error.type() != QDBusError::NoReply) {
-        qCWarning(logSystem, "The windows' process did not show a window: %ls", qUtf16Printable(error.message()));
+        qCWarning(logSystem, "The UI process did not show a window: %ls", qUtf16Printable(error.message()));
         return;
     }
     // No answer so soon means that it has ended, of which the launcher tells.
-    if (!wish.patience.hasExpired())
+    if (!request.patience.hasExpired())
         return;
     // It has nothing to lose, and only its end lets the next click start another one.
-    qCWarning(logSystem, "The windows' process does not answer and is killed");
+    qCWarning(logSystem, "The UI process does not answer and is killed");
     m_launcher.kill();
 }
 
-void UiProcess::launchFor(Wish wish)
+void UiProcess::launchFor(Request request)
 {
-    wish.wasLaunchedFor = true;
-    m_wish = wish;
+    request.wasLaunchedFor = true;
+    m_request = request;
     m_launcher.launch();
 }
 
 void UiProcess::noticeEnd(const QString& failure)
 {
-    auto wish = std::exchange(m_wish, std::nullopt);
+    auto request = std::exchange(m_request, std::nullopt);
     if (!failure.isEmpty()) {
-        qCWarning(logSystem, "The windows' process failed: %ls", qUtf16Printable(failure));
+        qCWarning(logSystem, "The UI process failed: %ls", qUtf16Printable(failure));
         return;
     }
-    // The wish came while the process was on its way out.
-    if (wish && !wish->patience.hasExpired() && !std::exchange(wish->wasLaunchedForAgain, true))
-        launchFor(*wish);
+    // The request came while the process was on its way out.
+    if (request && !request->patience.hasExpired() && !std::exchange(request->wasLaunchedForAgain, true))
+        launchFor(*request);
 }
 
 } // namespace Tarvik

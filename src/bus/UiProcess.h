@@ -17,8 +17,8 @@ namespace Tarvik {
 
 class UiLauncher;
 
-/// Tarvik's side of the conversation with the process that shows its windows: starts it when a window is wanted and
-/// tells it which. Windows that do not come up are logged and tried again at the next wish, a process that hangs is
+/// Tarvik's side of the conversation with the UI process: starts it when a window is wanted and
+/// tells it which. Windows that do not come up are logged and tried again at the next request, a process that hangs is
 /// killed for it; nothing else is affected.
 class UiProcess final {
 public:
@@ -35,19 +35,19 @@ public:
     bool isCalling() const { return !m_calls.isEmpty(); }
 
 private:
-    struct Wish {
+    struct Request {
         QString method;
         QVariantList arguments;
         /// A window that comes later than this would come as a surprise.
         QDeadlineTimer patience = QDeadlineTimer(std::chrono::seconds(3));
-        /// The process may leave just when it is called; then it is started for this wish, once.
+        /// The process may leave just when it is called; then it is started for this request, once.
         bool wasLaunchedFor = false;
         bool wasLaunchedForAgain = false;
     };
 
-    void send(const Wish& wish);
-    void noticeFailure(const Wish& wish, const QDBusError& error);
-    void launchFor(Wish wish);
+    void send(const Request& request);
+    void noticeFailure(const Request& request, const QDBusError& error);
+    void launchFor(Request request);
     void noticeEnd(const QString& failure);
 
     UiLauncher& m_launcher;
@@ -55,7 +55,7 @@ private:
     BusNameWatch m_names;
     DBusCalls m_calls;
     /// Waits for the process to come up.
-    std::optional<Wish> m_wish;
+    std::optional<Request> m_request;
     Subscription m_ends;
 };
 

@@ -8,7 +8,7 @@
 
 namespace Tarvik {
 
-/// The windows' process on the session bus; com.morvanta.TarvikUi.Windows1.xml is the contract.
+/// The UI process on the session bus; com.morvanta.TarvikUi.Windows1.xml is the contract.
 class WindowsAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.morvanta.TarvikUi.Windows1")

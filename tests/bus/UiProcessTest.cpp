@@ -67,7 +67,7 @@ private Q_SLOTS:
         UiProcess windows(launcher, m_client);
         windows.showPanel(1, 2, {});
         QTRY_COMPARE(launcher.launches, 1);
-        expectLog(QtWarningMsg, u"^The windows' process failed: it crashed with signal 11$"_s);
+        expectLog(QtWarningMsg, u"^The UI process failed: it crashed with signal 11$"_s);
         launcher.end(u"it crashed with signal 11"_s);
         windows.showPanel(3, 4, {});
         QTRY_COMPARE(launcher.launches, 2);
@@ -109,7 +109,7 @@ private Q_SLOTS:
         leaveCallsUnanswered();
         FakeUiLauncher launcher;
         UiProcess windows(launcher, m_client);
-        expectLog(QtWarningMsg, u"^The windows' process does not answer and is killed$"_s);
+        expectLog(QtWarningMsg, u"^The UI process does not answer and is killed$"_s);
         windows.showPanel(1, 2, {});
         QTRY_COMPARE_WITH_TIMEOUT(launcher.kills, 1, 10'000);
         QCOMPARE(m_calls, QStringList{u"ShowPanel"_s});
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_calls.size(), 1);
         endProcess();
         QTRY_VERIFY(!windows.isCalling());
-        expectLog(QtWarningMsg, u"^The windows' process failed: it crashed with signal 11$"_s);
+        expectLog(QtWarningMsg, u"^The UI process failed: it crashed with signal 11$"_s);
         launcher.end(u"it crashed with signal 11"_s);
         QCOMPARE(launcher.kills, 0);
         // What crashed over a click is not started for it again, but for the next one.
@@ -152,7 +152,7 @@ private Q_SLOTS:
         UiProcess windows(launcher, m_client);
         windows.showPanel(1, 2, {});
         QTRY_COMPARE(m_calls.size(), 1);
-        expectLog(QtWarningMsg, u"^The windows' process failed: it crashed with signal 11$"_s);
+        expectLog(QtWarningMsg, u"^The UI process failed: it crashed with signal 11$"_s);
         launcher.end(u"it crashed with signal 11"_s);
         endProcess();
         QTRY_COMPARE(launcher.launches, 1);
@@ -171,7 +171,7 @@ private Q_SLOTS:
             = [](const QDBusMessage& call) { return call.createErrorReply(QDBusError::Failed, u"no display"_s); };
         FakeUiLauncher launcher;
         UiProcess windows(launcher, m_client);
-        expectLog(QtWarningMsg, u"^The windows' process did not show a window: no display$"_s);
+        expectLog(QtWarningMsg, u"^The UI process did not show a window: no display$"_s);
         windows.showPanel(1, 2, {});
         // The answer to the second call comes after that to the first.
         m_windows->handler = [this](const QDBusMessage& call) {

@@ -6,7 +6,7 @@
 
 namespace Tarvik {
 
-/// Counts how often the windows' process was to be started and to be killed.
+/// Counts how often the UI process was to be started and to be killed.
 class FakeUiLauncher final : public UiLauncher {
 public:
     void launch() override { ++launches; }

@@ -14,7 +14,7 @@ from PresenceTest import PresenceTestCase, call, has_focus, output, panel, press
 from program import eventually, is_held, windows_processes
 
 ROUNDS = 50
-CRASH = "Tarvik [system] The windows' process failed: it crashed with signal 9"
+CRASH = "Tarvik [system] The UI process failed: it crashed with signal 9"
 # Seconds within which what an action starts is over: a process comes up, a window opens or closes, a call is answered.
 LONGEST = 0.15
 
@@ -116,7 +116,7 @@ class CrashTest(PresenceTestCase):
         for what in self.interrupted():
             with self.subTest(what):
                 self.tarvik.end(signal.SIGKILL)
-                eventually(lambda: not windows_processes(), "the windows' process ends", 3)
+                eventually(lambda: not windows_processes(), "the UI process ends", 3)
                 self.assertEqual(panel(), "")
                 self.tarvik = self.start_tarvik()
                 eventually(is_held, "held again")

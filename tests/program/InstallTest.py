@@ -72,7 +72,7 @@ class InstallTest(unittest.TestCase):
                        env={**os.environ, **environment})
 
     def quit(self):
-        """Ends Tarvik, and with it its windows' process."""
+        """Ends Tarvik, and with it its UI process."""
         def is_gone():
             # It has its name on the bus a moment before it listens.
             subprocess.run(["busctl", "--user", "call", "com.morvanta.Tarvik", "/com/morvanta/Tarvik",

@@ -310,7 +310,7 @@ class PanelTest(PresenceTestCase):
         os.kill(first, signal.SIGKILL)
         self.assert_panel_closes()
         self.assertTrue(is_held())
-        self.may_log = ["Tarvik [system] The windows' process failed: it crashed with signal 9"]
+        self.may_log = ["Tarvik [system] The UI process failed: it crashed with signal 9"]
         eventually(lambda: self.may_log[0] in self.tarvik.log(), "it is logged")
         self.open_panel()
         self.assertNotEqual(self.windows_process(), first)
@@ -324,8 +324,8 @@ class PanelTest(PresenceTestCase):
         os.kill(hung, signal.SIGSTOP)
         click(*self.tray())
         self.may_log = [
-            "Tarvik [system] The windows' process does not answer and is killed",
-            "Tarvik [system] The windows' process failed: it crashed with signal 9",
+            "Tarvik [system] The UI process does not answer and is killed",
+            "Tarvik [system] The UI process failed: it crashed with signal 9",
         ]
         for line in self.may_log:
             eventually(lambda line=line: line in self.tarvik.log(), "it is logged")
@@ -341,7 +341,7 @@ class PanelTest(PresenceTestCase):
                 self.open_panel()
                 windows = self.windows_process()
                 self.tarvik.end(number)
-                eventually(lambda pid=windows: not os.path.exists(f"/proc/{pid}"), "the windows' process ends", 2)
+                eventually(lambda pid=windows: not os.path.exists(f"/proc/{pid}"), "the UI process ends", 2)
                 self.assertEqual(panel(), "")
 
     def test_opening_it_often_costs_no_memory(self):
@@ -364,7 +364,7 @@ class PanelTest(PresenceTestCase):
         self.assertEqual(processes[1], self.windows_process())
         # What one opening needs is many times as much.
         self.assertLess(after[0] - before[0], 200, "kB more of Tarvik")
-        self.assertLess(after[1] - before[1], 500, "kB more of its windows' process")
+        self.assertLess(after[1] - before[1], 500, "kB more of its UI process")
 
     def test_a_setting_that_is_written_takes_effect_at_once(self):
         self.programs.start("claude")

@@ -97,7 +97,7 @@ def set_up_laptop(percent=80, is_charging=True):
 
 
 def windows_processes():
-    """The windows' processes of whatever Tarvik."""
+    """The UI processes of whatever Tarvik."""
     found = []
     for process in pathlib.Path("/proc").glob("[0-9]*"):
         try:

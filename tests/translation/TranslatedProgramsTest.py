@@ -51,7 +51,7 @@ class TranslatedProgramsTest(unittest.TestCase):
 
     def start(self, languages):
         process = subprocess.Popen([self.program], env={**os.environ, "LANGUAGE": languages, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
-        # The windows' process ends when it notices; until then it would take the calls of the next Tarvik.
+        # The UI process ends when it notices; until then it would take the calls of the next Tarvik.
         self.addCleanup(eventually, lambda: not self.running(), "the UI process ends")
         self.addCleanup(process.wait)
         self.addCleanup(process.terminate)

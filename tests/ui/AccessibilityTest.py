@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""What a screen reader finds in the windows of the built windows' process, and what it can do there. Runs inside scripts/desktop."""
+"""What a screen reader finds in the windows of the built UI process, and what it can do there. Runs inside scripts/desktop."""
 import pathlib
 import subprocess
 import sys
@@ -74,7 +74,7 @@ def press(*keys):
 
 
 class AccessibleWindowTest(WindowsTestCase):
-    """One window of the windows' process, as a screen reader finds it."""
+    """One window of the UI process, as a screen reader finds it."""
     maxDiff = None
     title: str
     arguments: tuple

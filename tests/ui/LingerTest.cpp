@@ -30,7 +30,7 @@ bool isPanelShown()
 
 } // namespace
 
-/// How long the windows' process stays when there is nothing to see of it.
+/// How long the UI process stays when there is nothing to see of it.
 class LingerTest : public QObject {
     Q_OBJECT
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""The panel of the built windows' process on a real window manager, used as a person would. Runs inside scripts/desktop."""
+"""The panel of the built UI process on a real window manager, used as a person would. Runs inside scripts/desktop."""
 import ctypes
 import os
 import pathlib

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""The panel of the built windows' process on a real Wayland compositor with a layer shell, used as a person would."""
+"""The panel of the built UI process on a real Wayland compositor with a layer shell, used as a person would."""
 import select
 import signal
 import unittest

@@ -11,7 +11,7 @@
 
 #include <optional>
 
-/// What the components find in the windows' process.
+/// What the components find in the UI process.
 class QmlTestSetup : public QObject {
     Q_OBJECT
 

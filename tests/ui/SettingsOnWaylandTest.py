@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""The settings of the built windows' process on a real Wayland compositor."""
+"""The settings of the built UI process on a real Wayland compositor."""
 import unittest
 
 from wayland_windows import WaylandWindowsTestCase

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""The built windows' process on a private bus, against a fake Tarvik: when it comes, and when it leaves."""
+"""The built UI process on a private bus, against a fake Tarvik: when it comes, and when it leaves."""
 import os
 import pathlib
 import subprocess

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""fake_tarvik.py [STATE]: offers on the session bus what the windows' process observes, in one of a few states.
+"""fake_tarvik.py [STATE]: offers on the session bus what the UI process observes, in one of a few states.
 
 STATE: awake (default), asleep, paused, off, session, long. "off" is also what becomes of any state when the windows set
 isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input, and

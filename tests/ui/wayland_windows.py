@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""What the tests of the built windows' process on a real Wayland compositor have in common."""
+"""What the tests of the built UI process on a real Wayland compositor have in common."""
 import os
 import tempfile
 

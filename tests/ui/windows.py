@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""What the tests of the built windows' process have in common: the process itself and the stand-in that it observes."""
+"""What the tests of the built UI process have in common: the process itself and the stand-in that it observes."""
 import os
 import pathlib
 import subprocess
@@ -17,7 +17,7 @@ NAME = "com.morvanta.TarvikUi"
 
 
 def is_on_bus(process):
-    """Whether it is this windows' process that has the name."""
+    """Whether it is this UI process that has the name."""
     owner = subprocess.run(["busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                             "GetConnectionUnixProcessID", "s", NAME], capture_output=True, text=True, check=False).stdout
     return owner == f"u {process.pid}\n"
@@ -48,7 +48,7 @@ class WindowsTestCase(unittest.TestCase):
         return fake
 
     def start_windows(self, **environment):
-        """Starts a Tarvik to observe and the windows' process, as `fake` and `ui`, whose log is kept in `ui_log`."""
+        """Starts a Tarvik to observe and the UI process, as `fake` and `ui`, whose log is kept in `ui_log`."""
         self.fake = self.start_fake("fake_tarvik.py")
         log = tempfile.NamedTemporaryFile(mode="w")
         self.ui_log = pathlib.Path(log.name)

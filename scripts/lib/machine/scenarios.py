@@ -187,7 +187,7 @@ def opens_panel(context):
     name = context.expect_tray_item()
     context.machine.session("busctl", "--user", "call", name, "/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate",
                             "ii", "1000", "780")
-    eventually(lambda: context.machine.shell(f"pgrep -f ^{WINDOWS}", check=False), REACTION, "the windows' process runs")
+    eventually(lambda: context.machine.shell(f"pgrep -f ^{WINDOWS}", check=False), REACTION, "the UI process runs")
     if context.desktop.has_x_server:
         eventually(lambda: context.machine.shell("xdotool search --onlyvisible --class tarvik", check=False), REACTION,
                    "the panel is on the screen")

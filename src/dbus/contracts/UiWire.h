@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Where the windows' process answers on the session bus; the interface is described in the XML file of its name.
+/// Where the UI process answers on the session bus; the interface is described in the XML file of its name.
 namespace Tarvik::UiWire {
 
 inline constexpr auto busName = "com.morvanta.TarvikUi";

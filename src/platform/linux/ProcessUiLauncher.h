@@ -8,7 +8,7 @@
 
 namespace Tarvik {
 
-/// Starts the windows' process as a child and notices its end. Destroying the launcher ends the child.
+/// Starts the UI process as a child and notices its end. Destroying the launcher ends the child.
 class ProcessUiLauncher final : public UiLauncher {
 public:
     /// `executable` is the absolute path of TarvikUi.
