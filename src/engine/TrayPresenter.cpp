@@ -102,7 +102,7 @@ void TrayPresenter::update()
 {
     m_tray.setAppearance({
         .imageName = imageName(m_coordinator),
-        // Panels list their items by it, and screen readers say it.
+        // Trays list their items by it, and screen readers say it.
         .title = u"Tarvik — "_s + m_coordinator.title(),
         .tooltipTitle = m_coordinator.statusReason(),
         .tooltipBody = joined(m_coordinator.statusSubtitle(), m_coordinator.statusDetails()),

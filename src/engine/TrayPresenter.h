@@ -15,7 +15,7 @@ namespace Tarvik {
 class AppSettings;
 class AwakeCoordinator;
 
-/// Shows the coordinator's state as the item in the panel and carries out what its menu offers.
+/// Shows the coordinator's state as the item in the tray and carries out what its menu offers.
 class TrayPresenter final : public QObject {
     Q_OBJECT
 

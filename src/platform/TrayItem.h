@@ -7,7 +7,7 @@
 
 namespace Tarvik {
 
-/// What the item in the panel looks like and says. All texts are plain.
+/// What the item in the tray looks like and says. All texts are plain.
 struct TrayAppearance {
     /// One of the application's images: "MenuActive", "MenuIdle" or "MenuLooking".
     QString imageName;
@@ -18,8 +18,8 @@ struct TrayAppearance {
     bool operator==(const TrayAppearance&) const = default;
 };
 
-/// The application's item in the desktop's panel. It is there from construction to destruction, as far as there is a
-/// panel that shows it.
+/// The application's item in the desktop's tray. It is there from construction to destruction, as far as there is a
+/// tray that shows it.
 class TrayItem {
 public:
     virtual ~TrayItem() = default;
@@ -27,7 +27,7 @@ public:
     virtual void setAppearance(const TrayAppearance& appearance) = 0;
     virtual void setMenu(const TrayMenu& menu) = 0;
 
-    /// A panel shows the item now.
+    /// A tray shows the item now.
     virtual bool hasHost() const = 0;
 
     /// The item was clicked. On X11 `x` and `y` are root coordinates of the click; elsewhere they are a hint at best.

@@ -9,7 +9,7 @@
 
 namespace Tarvik {
 
-/// One entry of the menu behind the item in the panel, with everything below it.
+/// One entry of the menu behind the item in the tray, with everything below it.
 struct TrayMenuEntry {
     /// Tells the entries of one menu apart and stays the same when the menu changes: positive and unique in the menu.
     int id = 0;

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""TrayTest.py PROBE ICON_DIRECTORY: our item in a real panel, seen and clicked in the virtual desktop."""
+"""TrayTest.py PROBE ICON_DIRECTORY: our item in a real tray, seen and clicked in the virtual desktop."""
 import os
 import pathlib
 import queue
@@ -69,11 +69,11 @@ class TrayTest(unittest.TestCase):
         self.addCleanup(probe.end)
         return probe
 
-    def start_panel(self):
-        panel = Program(
+    def start_bar(self):
+        bar = Program(
             "xfce4-panel", "--disable-wm-check", NO_AT_BRIDGE="1", XDG_CONFIG_DIRS=f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg")
-        self.addCleanup(panel.end)
-        return panel
+        self.addCleanup(bar.end)
+        return bar
 
     @staticmethod
     def await_answer(question, expected):
@@ -89,7 +89,7 @@ class TrayTest(unittest.TestCase):
         return any("_MENU" in kind for kind in types)
 
     def tray_now(self):
-        """Left, top, width and height of the panel's tray on the screen, as far as there is one with an item in it."""
+        """Left, top, width and height of the bar's tray on the screen, as far as there is one with an item in it."""
         windows = self.wrapper_windows()
         if len(windows) != 1:
             return None
@@ -110,7 +110,7 @@ class TrayTest(unittest.TestCase):
         return [pixels[i : i + 3] for i in range(0, len(pixels), 3)]
 
     def tray(self):
-        """The same, once it shows something and has stopped moving: the panel shifts its plugins about while it starts."""
+        """The same, once it shows something and has stopped moving: the bar shifts its plugins about while it starts."""
         seen, since = None, 0
 
         def stands_still():
@@ -135,11 +135,11 @@ class TrayTest(unittest.TestCase):
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
         return x, y
 
-    def test_an_item_that_was_there_first_appears_in_the_panel(self):
+    def test_an_item_that_was_there_first_appears_in_the_tray(self):
         probe = self.start_probe()
         with self.assertRaises(queue.Empty):
             probe.lines.get(timeout=1)
-        self.start_panel()
+        self.start_bar()
         self.assertEqual(probe.next_line(), "hosted")
         name = f"org.kde.StatusNotifierItem-{probe.process.pid}-1"
         self.await_answer(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(),
@@ -148,7 +148,7 @@ class TrayTest(unittest.TestCase):
         self.await_answer(lambda: output("busctl", "--user", "get-property", *WATCHER.split(), "RegisteredStatusNotifierItems").strip(), "as 0")
 
     def test_clicks_arrive_with_their_place_on_the_screen(self):
-        self.start_panel()
+        self.start_bar()
         probe = self.start_probe()
         self.assertEqual(probe.next_line(), "hosted")
         for button, offset in ((1, 0), (1, 3), (2, -2)):
@@ -156,7 +156,7 @@ class TrayTest(unittest.TestCase):
             self.assertEqual(probe.next_line(), f'activate {x} {y} ""')
 
     def test_the_menu_opens_and_its_entries_can_be_chosen(self):
-        self.start_panel()
+        self.start_bar()
         probe = self.start_probe()
         self.assertEqual(probe.next_line(), "hosted")
         for keys, line in ((("Up", "Right", "Return"), "chosen 5"), (("Down", "Return"), "chosen 3")):
@@ -166,7 +166,7 @@ class TrayTest(unittest.TestCase):
             self.assertEqual(probe.next_line(), line)
 
     def test_each_image_looks_different(self):
-        self.start_panel()
+        self.start_bar()
         probe = self.start_probe()
         self.assertEqual(probe.next_line(), "hosted")
 
@@ -183,13 +183,13 @@ class TrayTest(unittest.TestCase):
         probe.tell("MenuActive")
         self.await_answer(lambda: shown() == active, True)
 
-    def test_a_restarted_panel_shows_the_item_again(self):
-        panel = self.start_panel()
+    def test_a_restarted_bar_shows_the_item_again(self):
+        bar = self.start_bar()
         probe = self.start_probe()
         self.assertEqual(probe.next_line(), "hosted")
-        panel.end()
+        bar.end()
         self.assertEqual(probe.next_line(), "alone")
-        self.start_panel()
+        self.start_bar()
         self.assertEqual(probe.next_line(), "hosted")
         x, y = self.click(1)
         self.assertEqual(probe.next_line(), f'activate {x} {y} ""')

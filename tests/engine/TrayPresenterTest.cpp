@@ -179,7 +179,7 @@ private Q_SLOTS:
         QVERIFY(m_machine->settings->isEnabled());
     }
 
-    void aPanelThatDoesNotComeWithinTenSecondsIsReportedOnce()
+    void aTrayThatDoesNotComeWithinTenSecondsIsReportedOnce()
     {
         m_tray->isHosted = false;
         start();
@@ -189,7 +189,7 @@ private Q_SLOTS:
         m_machine->clock.advance(Seconds{3600});
     }
 
-    void aPanelThatComesInTimeIsNoNews()
+    void aTrayThatComesInTimeIsNoNews()
     {
         QStringList lines;
         s_lines = &lines;

@@ -12,7 +12,7 @@
 
 namespace Tarvik {
 
-/// org.kde.StatusNotifierWatcher of a panel: keeps the names under which items announce themselves.
+/// org.kde.StatusNotifierWatcher of a desktop: keeps the names under which items announce themselves.
 class FakeStatusNotifierWatcher final : public FakeDBusService {
 public:
     explicit FakeStatusNotifierWatcher(QDBusConnection bus)
@@ -22,7 +22,7 @@ public:
         handler = [this](const QDBusMessage& call) { return answer(call); };
     }
 
-    /// A panel that shows items comes or goes.
+    /// A tray that shows items comes or goes.
     void setHost(bool isThere)
     {
         hasHost = isThere;
@@ -61,7 +61,7 @@ private:
         if (call.member() == QStringLiteral("RegisterStatusNotifierItem")) {
             if (refuses) {
                 ++refusals;
-                return call.createErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The panel is full"));
+                return call.createErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The tray is full"));
             }
             const QString name = call.arguments().constFirst().toString();
             items.append(name);

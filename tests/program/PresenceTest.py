@@ -21,8 +21,8 @@ from program import TarvikTestCase, eventually, hardware, is_held, is_not_held, 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 from x_windows import x_windows
 
-# Outside the virtual desktop, this would end the user's own panel.
-PANEL_CONFIGURATION = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
+# Outside the virtual desktop, this would end the user's own bar.
+BAR_CONFIGURATION = f"{os.environ['TARVIK_DESKTOP']}/xdg:/etc/xdg"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
 DAEMON = ("org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications")
@@ -236,21 +236,21 @@ class TrayTest(PresenceTestCase):
         self.choose("Settings…")
         eventually(lambda: x_windows("--name", "^Tarvik Settings$"), "the settings window opens")
 
-    def test_a_new_panel_gets_the_item_again(self):
+    def test_a_new_bar_gets_the_item_again(self):
         self.present()
         for restart in (["pkill", "-KILL", "-x", "xfce4-panel"], ["xfce4-panel", "--quit"]):
             subprocess.run(restart, check=True, capture_output=True)
-            eventually(lambda: read_property(*WATCHER, "RegisteredStatusNotifierItems") is None, "the panel's tray is gone")
-            # While it is still on the bus, another panel leaves at once.
-            eventually(lambda: owner("org.xfce.Panel") is None, "the panel is gone")
+            eventually(lambda: read_property(*WATCHER, "RegisteredStatusNotifierItems") is None, "the tray is gone")
+            # While it is still on the bus, another bar leaves at once.
+            eventually(lambda: owner("org.xfce.Panel") is None, "the bar is gone")
             eventually(lambda: not self.tarvik.status()["trayShown"], "Tarvik knows")
             successor = subprocess.Popen(
                 ["xfce4-panel", "--disable-wm-check"], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                stderr=subprocess.DEVNULL, env={**os.environ, "NO_AT_BRIDGE": "1", "XDG_CONFIG_DIRS": PANEL_CONFIGURATION})
+                stderr=subprocess.DEVNULL, env={**os.environ, "NO_AT_BRIDGE": "1", "XDG_CONFIG_DIRS": BAR_CONFIGURATION})
             # It serves the tests that follow and ends with the virtual desktop.
             successor.returncode = 0
             eventually(lambda: f"{self.item()}/StatusNotifierItem" in (read_property(*WATCHER, "RegisteredStatusNotifierItems") or []),
-                       "the new panel has the item")
+                       "the new bar has the item")
             self.open_panel()
             press("Escape")
             self.assert_panel_closes()

@@ -119,7 +119,7 @@ class PanelOnDesktopTest(WindowsTestCase):
                    "the window manager is up")
         eventually(lambda: is_composited() == (compositor == "on"), f"the compositor is {compositor}")
 
-    def test_its_shadow_may_lie_on_panels_and_beyond_the_screen(self):
+    def test_its_shadow_may_lie_on_bars_and_beyond_the_screen(self):
         self.addCleanup(self.run_window_manager, "off")
         self.run_window_manager("on")
         window = self.open(900, 790)

@@ -61,7 +61,7 @@ class PanelAtTheBottomTest(PanelTest):
 class PanelOnPlasma5Test(PanelTest):
     environment = {"KDE_SESSION_VERSION": "5"}
 
-    def test_keeps_clear_of_panels_that_only_plasma_knows_of(self):
+    def test_keeps_clear_of_bars_that_only_plasma_knows_of(self):
         plasma = self.start_fake("fake_plasmashell.py", "0", "50", "1280", "750")
         _x, y, _width, _height = self.open()
         self.assertEqual(plasma.stdout.readline(), "HEADLESS-1\n")

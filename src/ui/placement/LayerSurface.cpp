@@ -55,7 +55,7 @@ LayerSurface::LayerSurface(const LayerShell& shell, QWindow& window, const Place
     const QMargins margins = (QMarginsF(place.margins) * m_factor).toMargins();
     zwlr_layer_surface_v1_set_anchor(m_role.get(), anchorOf(place.edges));
     zwlr_layer_surface_v1_set_margin(m_role.get(), margins.top(), margins.right(), margins.bottom(), margins.left());
-    zwlr_layer_surface_v1_set_exclusive_zone(m_role.get(), place.avoidsPanels ? 0 : -1);
+    zwlr_layer_surface_v1_set_exclusive_zone(m_role.get(), place.avoidsBars ? 0 : -1);
     zwlr_layer_surface_v1_set_keyboard_interactivity(m_role.get(), place.keyboard == Keyboard::exclusive ? 1 : 0);
     resize(size);
     wl_surface_commit(m_surface);

@@ -30,8 +30,8 @@ public:
         Qt::Edges edges = {};
         /// To the edges that the window keeps to; negative ones reach beyond them.
         QMargins margins = {};
-        /// Whether the window leaves the desktop's panels free.
-        bool avoidsPanels = true;
+        /// Whether the window leaves the desktop's bars free.
+        bool avoidsBars = true;
         Keyboard keyboard = Keyboard::none;
     };
 

@@ -16,7 +16,7 @@ Qt::Edge edgeOf(QPoint click, const QRect& area)
         int pixels;
         Qt::Edge edge;
     };
-    // Panels are mostly horizontal: in a corner, these two win.
+    // Bars are mostly horizontal: in a corner, these two win.
     const std::array distances{
         Distance{click.y() - area.top(), Qt::TopEdge},
         Distance{area.bottom() - click.y(), Qt::BottomEdge},

@@ -13,7 +13,7 @@ namespace Tarvik::PanelPlacement {
 /// One screen as Qt sees it: its origin is in physical pixels, its size in logical ones.
 struct Screen {
     QRect geometry;
-    /// Without the space of panels.
+    /// Without the space of bars.
     QRect workArea;
     double devicePixelRatio = 1;
 };
@@ -26,7 +26,7 @@ bool contains(const Screen& screen, QPoint physical);
 /// A point in physical pixels in the screen's logical ones.
 QPoint toLogical(const Screen& screen, QPoint physical);
 
-/// Whether a desktop's panel may be at a point in logical pixels. The work area does not tell of panels that hide, nor,
+/// Whether a desktop's bar may be at a point in logical pixels. The work area does not tell of bars that hide, nor,
 /// as Qt knows it, of any when there are several screens.
 bool mayBeOnPanel(const Screen& screen, QPoint logical);
 
@@ -42,8 +42,8 @@ struct Anchored {
     QMargins margins;
 };
 
-/// As position(). The margins count from the edges of the space that whoever places the window keeps clear of panels,
-/// and `reserved` is what panels take that it does not know of.
+/// As position(). The margins count from the edges of the space that whoever places the window keeps clear of bars,
+/// and `reserved` is what bars take that it does not know of.
 Anchored anchored(QPoint click, QSize window, const QRect& screen, const QMargins& reserved = {});
 
 } // namespace Tarvik::PanelPlacement

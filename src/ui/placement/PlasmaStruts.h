@@ -11,8 +11,8 @@
 
 namespace Tarvik {
 
-/// What the panels of Plasma 5 take of a screen, by org.kde.PlasmaShell.StrutManager of plasmashell. Its compositor
-/// keeps windows of the layer shell clear of other such windows only, and its panels are none before Plasma 6.
+/// What the bars of Plasma 5 take of a screen, by org.kde.PlasmaShell.StrutManager of plasmashell. Its compositor
+/// keeps windows of the layer shell clear of other such windows only, and its bars are none before Plasma 6.
 class PlasmaStruts final {
 public:
     /// `sessionVersion` is what KDE_SESSION_VERSION says; nothing is asked unless it is "5".

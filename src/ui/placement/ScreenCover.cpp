@@ -14,11 +14,11 @@ namespace Tarvik {
 
 namespace {
 
-/// Above the panels of the desktop and the windows, below the window that is being covered for.
+/// Above the bars of the desktop and the windows, below the window that is being covered for.
 const LayerSurface::Place everywhere{
     .layer = ZWLR_LAYER_SHELL_V1_LAYER_TOP,
     .edges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge,
-    .avoidsPanels = false,
+    .avoidsBars = false,
 };
 
 QWindow& created(QWindow& window)

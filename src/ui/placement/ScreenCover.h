@@ -13,7 +13,7 @@
 
 namespace Tarvik {
 
-/// An invisible window over all of a screen, panels too. Only a window under the pointer learns on Wayland where the
+/// An invisible window over all of a screen, bars too. Only a window under the pointer learns on Wayland where the
 /// pointer is and whether it is pressed.
 class ScreenCover : public QWindow {
     Q_OBJECT

@@ -13,7 +13,7 @@ namespace Tarvik::X11Hints {
 void skipTaskbar(QWindow& window);
 
 /// Tells how much of a window that is not shown yet is shadow, in its logical pixels, so that the window manager does
-/// not keep that clear of panels and edges. By the hint that GTK has introduced.
+/// not keep that clear of bars and edges. By the hint that GTK has introduced.
 void setShadow(QWindow& window, const QMargins& shadow);
 
 /// Ties a window that is not shown yet to what the user did to open it, by the startup notification protocol. An empty

@@ -60,7 +60,7 @@ void X11PanelHost::locate(QPoint click)
     if (m_screen == nullptr)
         m_screen = QGuiApplication::primaryScreen();
     // A tray that does not know where it was clicked says 0, 0. One that counts from its own corner, as MATE's does, is
-    // found out by the pointer, which then is on a panel. Xwayland does not know where the pointer is.
+    // found out by the pointer, which then is on a bar. Xwayland does not know where the pointer is.
     const bool isPointerKnown = m_screen != nullptr && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     if (click.isNull() || (isPointerKnown && PanelPlacement::mayBeOnPanel(describe(*m_screen), m_click)))
         return;
@@ -84,7 +84,7 @@ void X11PanelHost::place()
 
 void X11PanelHost::insistOnPosition()
 {
-    // Some window managers move a new window so that all of it, the shadow too, keeps clear of the panels.
+    // Some window managers move a new window so that all of it, the shadow too, keeps clear of the bars.
     if (panel().isVisible() && panel().position() != m_position && m_insistence-- > 0)
         panel().setPosition(m_position);
 }

@@ -45,7 +45,7 @@ private Q_SLOTS:
         QVERIFY(workArea.contains(QRect(position, QSize(300, 260))));
     }
 
-    void panelsAreOutsideTheWorkAreaOrAtAnEdge_data()
+    void barsAreOutsideTheWorkAreaOrAtAnEdge_data()
     {
         QTest::addColumn<QPoint>("point");
         QTest::addColumn<bool>("expected");
@@ -57,7 +57,7 @@ private Q_SLOTS:
         QTest::newRow("in the middle") << QPoint(1280 + 900, 500) << false;
     }
 
-    void panelsAreOutsideTheWorkAreaOrAtAnEdge()
+    void barsAreOutsideTheWorkAreaOrAtAnEdge()
     {
         QFETCH(QPoint, point);
         const PanelPlacement::Screen screen{

@@ -12,7 +12,7 @@
 
 namespace Tarvik {
 
-/// The interface com.canonical.dbusmenu, version 3: a menu that the desktop's panel shows in its own style. It is on
+/// The interface com.canonical.dbusmenu, version 3: a menu that the desktop's tray shows in its own style. It is on
 /// the bus from construction to destruction.
 class DBusMenu final : public QObject, protected QDBusContext {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     QString status() const;
     QStringList iconThemePath() const { return {}; }
 
-    /// Panels are told once the main loop turns, and only of what has changed then.
+    /// Trays are told once the main loop turns, and only of what has changed then.
     void setMenu(const TrayMenu& menu);
 
     /// The user chose an enabled entry.
@@ -61,7 +61,7 @@ private:
     QDBusConnection m_bus;
     QString m_path;
     TrayMenuEntry m_root;
-    /// What panels have been told of.
+    /// What trays have been told of.
     TrayMenuEntry m_announced;
     uint m_revision = 1;
     bool m_isAnnouncing = false;

@@ -62,7 +62,7 @@ QString StatusNotifierItem::iconName() const
 
 QList<StatusNotifierPixmap> StatusNotifierItem::iconPixmap() const
 {
-    // Read anew each time: few panels ask, and they keep what they get.
+    // Read anew each time: few trays ask, and they keep what they get.
     return loadPixmaps(m_iconDirectory + u"/pixmaps"_s, iconName());
 }
 
@@ -109,7 +109,7 @@ void StatusNotifierItem::ContextMenu(int x, int y)
 
 void StatusNotifierItem::Scroll(int, const QString&)
 {
-    // There is nothing to scroll, but panels expect an answer.
+    // There is nothing to scroll, but trays expect an answer.
 }
 
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token)

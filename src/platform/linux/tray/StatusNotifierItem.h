@@ -13,7 +13,7 @@
 
 namespace Tarvik {
 
-/// The object /StatusNotifierItem with the interface org.kde.StatusNotifierItem: what a panel reads of an item and
+/// The object /StatusNotifierItem with the interface org.kde.StatusNotifierItem: what a tray reads of an item and
 /// tells it. It is on the bus from construction to destruction.
 class StatusNotifierItem final : public QObject {
     Q_OBJECT
@@ -47,7 +47,7 @@ public:
     QDBusObjectPath menu() const { return QDBusObjectPath(m_menuPath); }
     bool itemIsMenu() const { return false; }
 
-    /// Panels are told once the main loop turns, and only of what has changed then.
+    /// Trays are told once the main loop turns, and only of what has changed then.
     void setAppearance(const TrayAppearance& appearance);
 
     std::function<void(int x, int y, const QString& activationToken)> onActivate;
@@ -55,7 +55,7 @@ public:
 public Q_SLOTS:
     void Activate(int x, int y);
     void SecondaryActivate(int x, int y);
-    /// Only panels that show no menus of other programs call it.
+    /// Only trays that show no menus of other programs call it.
     void ContextMenu(int x, int y);
     void Scroll(int delta, const QString& orientation);
     /// For the click that follows.
@@ -74,7 +74,7 @@ private:
     QString m_iconDirectory;
     QString m_menuPath;
     TrayAppearance m_appearance;
-    /// What panels have been told of.
+    /// What trays have been told of.
     TrayAppearance m_announced;
     QString m_activationToken;
     bool m_isAnnouncing = false;

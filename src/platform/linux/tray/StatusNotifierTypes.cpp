@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// No panel is that high; a larger file is none of ours.
+/// No bar is that high; a larger file is none of ours.
 constexpr int maximumSize = 256;
 
 std::optional<StatusNotifierPixmap> loadPixmap(const QString& path, int size)

@@ -7,7 +7,7 @@
 
 namespace Tarvik {
 
-/// A picture for panels that do not load icons themselves: (iiay), ARGB32 in network byte order, row after row.
+/// A picture for trays that do not load icons themselves: (iiay), ARGB32 in network byte order, row after row.
 struct StatusNotifierPixmap {
     int width = 0;
     int height = 0;

@@ -100,7 +100,7 @@ void TrayHostRegistration::announce()
         m_announcement.reset();
         m_isAnnounced = answer.type() == QDBusMessage::ReplyMessage;
         if (!m_isAnnounced && m_repetitions == maximumRepetitions) {
-            qCWarning(logSystem, "the panel refused the tray item: %s", qUtf8Printable(answer.errorMessage()));
+            qCWarning(logSystem, "the tray refused the item: %s", qUtf8Printable(answer.errorMessage()));
             return;
         }
         checkSoon();
@@ -127,7 +127,7 @@ void TrayHostRegistration::check()
 void TrayHostRegistration::repeat()
 {
     if (m_repetitions == maximumRepetitions) {
-        qCWarning(logSystem, "the panel does not keep the tray item");
+        qCWarning(logSystem, "the tray does not keep the item");
         return;
     }
     ++m_repetitions;
@@ -150,7 +150,7 @@ void TrayHostRegistration::askWatcher(std::function<void()> onMissing)
     const QDBusMessage call = DBusProperties::getAll(watcherName, watcherPath, watcherName);
     m_watcherCall = callAsync(m_bus, call, [this, onMissing = std::move(onMissing)](const QDBusMessage& answer) {
         m_watcherCall.reset();
-        // A watcher that accepts items but cannot tell is taken for a panel.
+        // A watcher that accepts items but cannot tell is taken for a tray.
         const QVariantMap watcher = DBusProperties::propertiesIn(answer).value_or(QVariantMap());
         const auto items = DBusProperties::exactly<QStringList>(watcher[u"RegisteredStatusNotifierItems"_s]);
         const auto hasHost = DBusProperties::exactly<bool>(watcher[u"IsStatusNotifierHostRegistered"_s]);

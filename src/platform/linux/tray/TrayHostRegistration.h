@@ -13,7 +13,7 @@
 namespace Tarvik {
 
 /// Announces one org.kde.StatusNotifierItem to whichever org.kde.StatusNotifierWatcher there is, and again to each that
-/// appears later. The item is announced under a bus name of its own, so that panels drop it as soon as this object
+/// appears later. The item is announced under a bus name of its own, so that trays drop it as soon as this object
 /// ends. A watcher may refuse the item or lose one that it has accepted, as GNOME's does now and then while it is
 /// starting: it is asked a second later, and told again where the item is missing.
 class TrayHostRegistration final {
@@ -27,7 +27,7 @@ public:
     TrayHostRegistration(const TrayHostRegistration&) = delete;
     TrayHostRegistration& operator=(const TrayHostRegistration&) = delete;
 
-    /// A watcher lists the item and knows of a panel that shows items.
+    /// A watcher lists the item and knows of a tray that shows items.
     bool hasHost() const { return m_hasHost; }
 
     /// `hasHost` has changed.

@@ -87,7 +87,7 @@ private Q_SLOTS:
         other.vanish();
     }
 
-    void aWatcherWithoutAPanelIsNoHost()
+    void aWatcherWithoutATrayIsNoHost()
     {
         FakeStatusNotifierWatcher watcher(m_services);
         watcher.hasHost = false;
@@ -199,7 +199,7 @@ private Q_SLOTS:
             QTRY_COMPARE(watcher.items.size(), i);
             QTRY_COMPARE(m_clock.pending(), std::size_t{1});
             if (i == announcements)
-                expectLog(QtWarningMsg, u"^the panel does not keep the tray item$"_s);
+                expectLog(QtWarningMsg, u"^the tray does not keep the item$"_s);
             m_clock.advance(Seconds{1});
         }
         // The answer to each question has arrived when the watcher is asked the next one.
@@ -230,7 +230,7 @@ private Q_SLOTS:
         FakeStatusNotifierWatcher watcher(m_services);
         watcher.refuses = true;
         QVERIFY(watcher.appear());
-        expectLog(QtWarningMsg, u"^the panel refused the tray item: The panel is full$"_s);
+        expectLog(QtWarningMsg, u"^the tray refused the item: The tray is full$"_s);
         for (int repetitions = 0; repetitions < TrayHostRegistration::maximumRepetitions; ++repetitions) {
             QTRY_COMPARE(m_clock.pending(), std::size_t{1});
             m_clock.advance(Seconds{1});

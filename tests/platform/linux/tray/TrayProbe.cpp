@@ -11,7 +11,7 @@
 #include <iostream>
 #include <string>
 
-// TrayProbe ICON_DIRECTORY IMAGE: one item in the panel. Prints what happens to it, one line each; shows the image
+// TrayProbe ICON_DIRECTORY IMAGE: one item in the tray. Prints what happens to it, one line each; shows the image
 // named by each line that it reads, and ends with its input.
 
 using namespace Tarvik;
