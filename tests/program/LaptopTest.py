@@ -34,6 +34,15 @@ class LaptopTest(TarvikTestCase):
         eventually(is_held, "held again")
         self.wait_for_journal("on: Awake · 1 agent", "paused: Paused — on battery", "resumed: Awake · 1 agent")
 
+    def test_a_laptop_that_is_shut_goes_on_working_until_the_work_ends(self):
+        tarvik = self.start_working()
+        eventually(lambda: any("handle-lid-switch" in what for what in program.ours()), "a closed lid does not count")
+        hardware("lid", "close")
+        eventually(lambda: tarvik.status()["details"] == "charging 80% · lid closed", "the closed lid is seen")
+        self.programs.stop()
+        eventually(is_not_held, "nothing is held")
+        self.assertEqual(tarvik.log(), "")
+
     def test_draining_through_the_threshold_pauses_once(self):
         tarvik = self.start_working({"batteryLimitEnabled": True, "batteryThreshold": 30})
         eventually(is_held, "held")
