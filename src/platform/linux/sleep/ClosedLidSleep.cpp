@@ -5,6 +5,8 @@
 #include "core/Logging.h"
 #include "dbus/BusNames.h"
 
+#include <QEventLoop>
+
 #include <utility>
 
 namespace Tarvik {
@@ -21,6 +23,7 @@ ClosedLidSleep::ClosedLidSleep(QDBusConnection systemBus, QDBusConnection sessio
 void ClosedLidSleep::start()
 {
     stop();
+    m_isUnderWay = true;
     m_waitsLeft = waits;
     m_timer = m_clock.after(settlingTime, [this] { look(); });
 }
@@ -29,6 +32,23 @@ void ClosedLidSleep::stop()
 {
     m_timer.reset();
     m_reader.reset();
+    end();
+}
+
+void ClosedLidSleep::finish()
+{
+    if (!m_isUnderWay)
+        return;
+    QEventLoop wait;
+    const Subscription ended = m_ended.subscribe([&] { wait.quit(); });
+    const auto patience = m_clock.after(settlingTime + (waits + 1) * waitingTime, [&] { wait.quit(); });
+    wait.exec();
+}
+
+void ClosedLidSleep::end()
+{
+    m_isUnderWay = false;
+    m_ended();
 }
 
 void ClosedLidSleep::look()
@@ -41,10 +61,13 @@ void ClosedLidSleep::act(const std::optional<ClosedLidFacts>& facts)
 {
     switch (facts ? ClosedLidRules::afterLock(*facts) : ClosedLidRules::Step::nothing) {
     case ClosedLidRules::Step::nothing:
+        end();
         break;
     case ClosedLidRules::Step::wait:
         if (m_waitsLeft-- > 0)
             m_timer = m_clock.after(waitingTime, [this] { look(); });
+        else
+            end();
         break;
     case ClosedLidRules::Step::suspend:
         suspend();
@@ -62,6 +85,7 @@ void ClosedLidSleep::suspend()
         m_suspending.reset();
         if (answer.type() == QDBusMessage::ErrorMessage)
             qCWarning(logSystem, "The computer was not put to sleep: %ls", qUtf16Printable(answer.errorMessage()));
+        end();
     });
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/Clock.h"
 #include "platform/linux/sleep/ClosedLidFactsReader.h"
 
@@ -25,10 +26,14 @@ public:
     void start();
     void stop();
 
+    /// Returns when an attempt under way has come to its end, four seconds later at most; for the end of the program.
+    void finish();
+
 private:
     void look();
     void act(const std::optional<ClosedLidFacts>& facts);
     void suspend();
+    void end();
 
     QDBusConnection m_systemBus;
     QDBusConnection m_sessionBus;
@@ -36,6 +41,8 @@ private:
     std::unique_ptr<Timer> m_timer;
     std::optional<ClosedLidFactsReader> m_reader;
     int m_waitsLeft = 0;
+    bool m_isUnderWay = false;
+    Signal<void()> m_ended;
     DBusCall m_suspending;
 };
 

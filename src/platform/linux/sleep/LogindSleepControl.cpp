@@ -16,6 +16,11 @@ LogindSleepControl::LogindSleepControl(
 {
 }
 
+LogindSleepControl::~LogindSleepControl()
+{
+    m_closedLidSleep.finish();
+}
+
 void LogindSleepControl::takeOverride(OverrideReceiver done)
 {
     m_closedLidSleep.stop();

@@ -23,6 +23,10 @@ public:
         QDBusConnection sessionBus,
         Clock& clock,
         QStringList programDirectories = {QStringLiteral("/usr/bin"), QStringLiteral("/bin")});
+    /// Sees to the sleep that was asked for last, which may take seconds: nobody else would.
+    ~LogindSleepControl() override;
+    LogindSleepControl(const LogindSleepControl&) = delete;
+    LogindSleepControl& operator=(const LogindSleepControl&) = delete;
 
     /// As long as an administrator's password is being asked for, destroying the object takes the question back.
     void takeOverride(OverrideReceiver done) override;

@@ -12,6 +12,7 @@
 #include <QDBusVariant>
 #include <QProcess>
 #include <QSettings>
+#include <QTimer>
 
 #include <unistd.h>
 
@@ -204,6 +205,15 @@ private Q_SLOTS:
         QCOMPARE(m_logind->suspends.constFirst(), QVariantList{false});
         m_clock.advance(Seconds{60});
         waitForTheBus();
+        QCOMPARE(m_logind->suspends.size(), 1);
+    }
+
+    void sleepIsAskedForEvenWhenTheProgramEndsMeanwhile()
+    {
+        daemonHasTheLid();
+        m_control->sleepForClosedLid();
+        QTimer::singleShot(0, this, [this] { m_clock.advance(ClosedLidSleep::settlingTime); });
+        m_control.reset();
         QCOMPARE(m_logind->suspends.size(), 1);
     }
 
