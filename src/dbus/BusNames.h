@@ -17,6 +17,7 @@ inline const auto sessionManager = QStringLiteral("org.gnome.SessionManager");
 inline const auto kdePowerManager = QStringLiteral("org.kde.Solid.PowerManagement");
 inline const auto xfcePowerManager = QStringLiteral("org.xfce.PowerManager");
 inline const auto gnomePowerManager = QStringLiteral("org.gnome.SettingsDaemon.Power");
+inline const auto mutterDisplayConfig = QStringLiteral("org.gnome.Mutter.DisplayConfig");
 inline const auto matePowerManager = QStringLiteral("org.mate.PowerManager");
 inline const auto cinnamonPowerManager = QStringLiteral("org.cinnamon.SettingsDaemon.Power");
 inline const auto lxqtSession = QStringLiteral("org.lxqt.session");

@@ -13,10 +13,11 @@ class DisplayPower {
 public:
     virtual ~DisplayPower() = default;
 
-    /// Switches all displays off until the user does something. The error text comes later, empty on success.
+    /// Switches all displays off until the user does something. The error text comes later, empty on success; not at
+    /// all after `wake()` or another call.
     virtual void sleepNow(std::function<void(const QString& error)> done) = 0;
 
-    /// Switches displays on again that `sleepNow()` has switched off and that nothing else would switch on.
+    /// Switches displays on again that `sleepNow()` has switched off, or is about to, and that may stay off otherwise.
     virtual void wake() = 0;
 };
 
