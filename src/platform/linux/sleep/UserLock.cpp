@@ -4,6 +4,7 @@
 
 #include "dbus/BusNames.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Tarvik {
@@ -29,12 +30,14 @@ void UserLock::take(std::function<void(bool isGranted)> done)
 
 void UserLock::yieldTo(const QDBusConnection& sessionBus, const QStringList& names)
 {
-    m_daemons.emplace(sessionBus, names);
-    m_daemons->onOwnerChange = [this](const QString& name) {
+    const auto look = [this, names] {
         // Whoever is told may destroy this, which the watch would not survive.
-        if (m_daemons->isOwned(name))
+        if (std::ranges::any_of(names, [this](const QString& name) { return m_daemons->isOwned(name); }))
             m_loss = m_clock.after(Seconds::zero(), [this] { lose(); });
     };
+    m_daemons.emplace(sessionBus, names);
+    m_daemons->onKnown = look;
+    m_daemons->onOwnerChange = [look](const QString&) { look(); };
 }
 
 void UserLock::tell()

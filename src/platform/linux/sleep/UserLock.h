@@ -21,7 +21,7 @@ public:
     /// `done` gets later, once, whether logind has granted it; it may destroy the object.
     void take(std::function<void(bool isGranted)> done);
 
-    /// From now on the lock counts as lost when one of these names on `sessionBus` gets an owner.
+    /// From now on the lock counts as lost when one of these names on `sessionBus` has an owner.
     void yieldTo(const QDBusConnection& sessionBus, const QStringList& names);
 
 private:

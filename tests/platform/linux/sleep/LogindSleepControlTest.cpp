@@ -107,6 +107,18 @@ private Q_SLOTS:
         desktopIs({});
     }
 
+    void aDaemonThatComesMeanwhileDoesSo()
+    {
+        systemdRuns(u"252.39-1~deb12u1"_s);
+        take();
+        QTRY_COMPARE(m_answers, QStringList{u"taken"_s});
+        desktopIs(BusNames::matePowerManager);
+        QTRY_COMPARE(m_clock.pending(), std::size_t{1});
+        m_clock.advance(Seconds::zero());
+        QCOMPARE(m_answers, (QStringList{u"taken"_s, u"lost"_s}));
+        desktopIs({});
+    }
+
     void withoutLogindThereIsNone()
     {
         m_logind->vanish();
