@@ -21,6 +21,7 @@
 #include "platform/linux/power/UPowerPowerSources.h"
 #include "platform/linux/screenlock/DesktopScreenLock.h"
 #include "platform/linux/session/DisplaySessionLifetime.h"
+#include "platform/linux/sleep/DesktopDisplayPower.h"
 #include "platform/linux/sleep/LogindSleepControl.h"
 #include "platform/linux/thermal/SysfsThermalState.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
@@ -74,12 +75,6 @@ QString waylandSocket()
     return name.isEmpty() ? QString() : QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).absoluteFilePath(name);
 }
 
-class UnruledDisplay final : public DisplayPower {
-public:
-    void sleepNow(std::function<void(const QString&)>) override { }
-    void wake() override { }
-};
-
 /// The application's icon as other programs find it: by its name where that is installed, else by its place.
 QString findableIcon(const AppBundle& bundle)
 {
@@ -123,7 +118,9 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , screenLock(std::make_unique<DesktopScreenLock>(systemBus, sessionBus, clock))
     , helperService(systemdHelperService(systemBus, bundle))
     , sleepControl(std::make_unique<LogindSleepControl>(systemBus, sessionBus, clock))
-    , displayPower(std::make_unique<UnruledDisplay>())
+    , displayPower(std::make_unique<DesktopDisplayPower>(sessionBus,
+          DesktopDisplayPower::Display{.x11 = isWayland() ? nullptr : x11, .waylandSocket = waylandSocket()},
+          clock))
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory(), clock))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
     , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath(), clock))
