@@ -4,11 +4,10 @@
 
 #include "core/AppSettings.h"
 #include "core/Logging.h"
+#include "core/SessionChoices.h"
 #include "engine/AwakeCoordinator.h"
 
 #include <QCoreApplication>
-
-#include <array>
 
 namespace Tarvik {
 
@@ -31,20 +30,8 @@ enum Entry {
     separatorAboveSettings,
     openSettings,
     quit,
-    firstDuration = 100,
+    firstLength = 100,
 };
-
-struct Duration {
-    const char* label;
-    int minutes;
-};
-
-constexpr std::array<Duration, 4> durations{{
-    {QT_TRANSLATE_NOOP("TrayPresenter", "10 minutes"), 10},
-    {QT_TRANSLATE_NOOP("TrayPresenter", "1 hour"), 60},
-    {QT_TRANSLATE_NOOP("TrayPresenter", "2 hours"), 120},
-    {QT_TRANSLATE_NOOP("TrayPresenter", "All day (16 h)"), 960},
-}};
 
 TrayMenuEntry command(int id, const QString& label)
 {
@@ -132,17 +119,13 @@ TrayMenu TrayPresenter::menu() const
 TrayMenuEntry TrayPresenter::sessionEntry() const
 {
     const bool isRunning = m_coordinator.isTimedSessionActive();
-    TrayMenuEntry entry = command(Entry::session,
-        isRunning ? QCoreApplication::translate("TrayPresenter", "Change session…")
-                  : QCoreApplication::translate("TrayPresenter", "Keep awake for…"));
-    for (std::size_t i = 0; i < durations.size(); ++i) {
-        const int id = Entry::firstDuration + static_cast<int>(i);
-        entry.entries.push_back(command(id, QCoreApplication::translate("TrayPresenter", durations.at(i).label)));
-    }
+    TrayMenuEntry entry = command(Entry::session, SessionChoices::title(isRunning));
+    int id = Entry::firstLength;
+    for (const SessionChoices::Length& length : SessionChoices::lengths())
+        entry.entries.push_back(command(id++, length.text));
     if (isRunning) {
         entry.entries.push_back(separator(Entry::separatorAboveCancel));
-        entry.entries.push_back(
-            command(Entry::cancelTimer, QCoreApplication::translate("TrayPresenter", "Cancel timer")));
+        entry.entries.push_back(command(Entry::cancelTimer, SessionChoices::cancel()));
     }
     return entry;
 }
@@ -178,9 +161,10 @@ void TrayPresenter::carryOut(int id)
     default:
         break;
     }
-    const int duration = id - Entry::firstDuration;
-    if (duration >= 0 && duration < static_cast<int>(durations.size()))
-        m_coordinator.setTimedSession(durations.at(static_cast<std::size_t>(duration)).minutes);
+    const QList<SessionChoices::Length> lengths = SessionChoices::lengths();
+    const int index = id - Entry::firstLength;
+    if (index >= 0 && index < lengths.size())
+        m_coordinator.setTimedSession(lengths[index].minutes);
 }
 
 } // namespace Tarvik
