@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/WindowKeeper.h"
 
-#include "ui/mirror/Appearance.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
+#include "ui/mirror/Appearance.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/settings/SettingsWindow.h"

@@ -5,6 +5,7 @@
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusVariant>
+#include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -69,6 +70,16 @@ bool Appearance::isDark() const
         return m_colorScheme == 1;
     const QPalette palette = QGuiApplication::palette();
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+QString Appearance::fontFamily() const
+{
+    return QGuiApplication::font().family();
+}
+
+bool Appearance::isRightToLeft() const
+{
+    return QGuiApplication::isRightToLeft();
 }
 
 void Appearance::followOwner()

@@ -25,6 +25,8 @@ class Appearance : public QObject {
     Q_PROPERTY(bool isAnimated READ isAnimated NOTIFY changed)
     Q_PROPERTY(bool isHighContrast READ isHighContrast NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
+    Q_PROPERTY(QString fontFamily READ fontFamily CONSTANT)
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
 
 public:
     explicit Appearance(const QDBusConnection& bus);
@@ -36,6 +38,10 @@ public:
     bool isHighContrast() const { return m_isHighContrast; }
     /// 1 is the normal size of text; from 0.5 to 3.
     double textScale() const { return m_textScale; }
+    /// That of the application.
+    QString fontFamily() const;
+    /// The language of the texts is read so.
+    bool isRightToLeft() const;
 
     /// The portal has answered, or will not.
     bool isKnown() const { return m_isKnown; }

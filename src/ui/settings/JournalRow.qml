@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// One entry of the history: what happened, why, and when.
 Item {
@@ -17,6 +18,7 @@ Item {
     property bool isCurrent: false
 
     readonly property int inset: theme.scaled(12)
+    readonly property alias timeText: time.text
 
     implicitHeight: Math.max(theme.scaled(36), texts.implicitHeight + theme.scaled(16))
 
@@ -72,16 +74,9 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         color: root.isCurrent ? root.theme.secondaryText : root.theme.tertiaryText
         font.pixelSize: root.theme.captionSize
-        text: root.timeText()
+        text: Texts.time(root.at, new Date())
         theme: root.theme
 
         Accessible.ignored: true
-    }
-
-    function timeText(): string {
-        const clock = Qt.formatTime(root.at, Qt.locale().timeFormat(Locale.ShortFormat));
-        if (root.at.toDateString() === new Date().toDateString())
-            return qsTr("Today %1").arg(clock);
-        return qsTr("%1 %2").arg(Qt.formatDate(root.at, Qt.locale().dateFormat(Locale.ShortFormat))).arg(clock);
     }
 }

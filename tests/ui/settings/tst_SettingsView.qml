@@ -4,6 +4,7 @@ import QtQuick
 import QtTest
 import Tarvik.Design
 import Tarvik.Settings
+import Tarvik.Mirror
 import Tarvik.Test
 
 Item {
@@ -323,14 +324,7 @@ Item {
             tryVerify(() => find("entries").itemAtIndex(0) && find("entries").itemAtIndex(1));
             const rows = [0, 1].map(index => find("entries").itemAtIndex(index));
             compare(rows.map(row => row.reason), ["Awake · 1 agent", "Paused — on battery"]);
-            verify(!rows[0].timeText().startsWith("Today "));
-            // By now it may be tomorrow, if hardly twice.
-            let today, time;
-            do {
-                today = new Date().toDateString();
-                time = rows[1].timeText();
-            } while (new Date().toDateString() !== today);
-            compare(time.startsWith("Today "), rows[1].at.toDateString() === today, time);
+            compare(rows.map(row => row.timeText), rows.map(row => Texts.time(row.at, new Date())));
             mouseClick(find("copy"));
             tryCompare(view, "copied", tarvik.journalText());
             mouseClick(find("clear"));
@@ -357,27 +351,15 @@ Item {
             }
         }
 
-        function test_theLastCheckIsTold_data() {
-            return [
-                {tag: "now", seconds: 0, text: "Last checked 0 seconds ago"},
-                {tag: "a minute", seconds: 61, text: "Last checked 1 minute ago"},
-                {tag: "hours", seconds: 2 * 3600 + 1800, text: "Last checked 2 hours ago"},
-                {tag: "days", seconds: 6 * 86400, text: "Last checked 6 days ago"},
-                {tag: "a week", seconds: 7 * 86400, text: "Last checked 1 week ago"},
-                {tag: "years", seconds: 800 * 86400, text: "Last checked 2 years ago"},
-            ];
-        }
-
-        function test_theLastCheckIsTold(data) {
+        function test_theLastCheckIsTold() {
             show("Updates");
-            const now = new Date();
-            compare(view.currentPage.lastCheck(now), "Not checked yet.");
+            compare(find("version").caption, "Not checked yet.");
             tarvik.offerUpdates();
-            tarvik.setClock(new Date(now - data.seconds * 1000));
+            tarvik.setClock(new Date(Date.now() - 2.5 * 3600 * 1000));
             tarvik.updater.checkForUpdates();
             tryVerify(() => tarvik.updateChecks() === 1);
             tarvik.finishUpdateCheck();
-            compare(view.currentPage.lastCheck(now), data.text);
+            compare(find("version").caption, "Last checked 2 hours ago");
         }
     }
 }

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "ui/mirror/Texts.h"
+
+#include "core/SessionChoices.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace Tarvik {
+
+namespace {
+
+struct Unit {
+    qint64 seconds;
+    // English needs no translation, so its plurals are texts of their own.
+    const char* one;
+    const char* several;
+};
+
+constexpr std::array<Unit, 7> units{{
+    {31'536'000, QT_TRANSLATE_N_NOOP("Texts", "%n year ago"), QT_TRANSLATE_N_NOOP("Texts", "%n years ago")},
+    {2'592'000, QT_TRANSLATE_N_NOOP("Texts", "%n month ago"), QT_TRANSLATE_N_NOOP("Texts", "%n months ago")},
+    {604'800, QT_TRANSLATE_N_NOOP("Texts", "%n week ago"), QT_TRANSLATE_N_NOOP("Texts", "%n weeks ago")},
+    {86'400, QT_TRANSLATE_N_NOOP("Texts", "%n day ago"), QT_TRANSLATE_N_NOOP("Texts", "%n days ago")},
+    {3'600, QT_TRANSLATE_N_NOOP("Texts", "%n hour ago"), QT_TRANSLATE_N_NOOP("Texts", "%n hours ago")},
+    {60, QT_TRANSLATE_N_NOOP("Texts", "%n minute ago"), QT_TRANSLATE_N_NOOP("Texts", "%n minutes ago")},
+    {1, QT_TRANSLATE_N_NOOP("Texts", "%n second ago"), QT_TRANSLATE_N_NOOP("Texts", "%n seconds ago")},
+}};
+
+QString ago(qint64 seconds)
+{
+    const auto found = std::ranges::find_if(units, [&](const Unit& unit) { return seconds >= unit.seconds; });
+    const Unit& unit = found == units.end() ? units.back() : *found;
+    const int count = static_cast<int>(std::max<qint64>(0, seconds) / unit.seconds);
+    return QCoreApplication::translate("Texts", count == 1 ? unit.one : unit.several, nullptr, count);
+}
+
+} // namespace
+
+QVariantList Texts::sessionLengths()
+{
+    QVariantList lengths;
+    for (const SessionChoices::Length& length : SessionChoices::lengths())
+        lengths.append(QVariantMap{{u"minutes"_s, length.minutes}, {u"text"_s, length.text}});
+    return lengths;
+}
+
+QString Texts::cancelSession()
+{
+    return SessionChoices::cancel();
+}
+
+QString Texts::sessionTitle(bool isRunning)
+{
+    return SessionChoices::title(isRunning);
+}
+
+QString Texts::lastCheck(const QVariant& date, const QDateTime& now)
+{
+    const QDateTime at = date.toDateTime();
+    return at.isValid() ? QCoreApplication::translate("Texts", "Last checked %1").arg(ago(at.secsTo(now)))
+                        : QCoreApplication::translate("Texts", "Not checked yet.");
+}
+
+QString Texts::time(const QDateTime& at, const QDateTime& now)
+{
+    const QLocale locale;
+    const QDateTime local = at.toLocalTime();
+    const QString clock = locale.toString(local.time(), QLocale::ShortFormat);
+    if (local.date() == now.toLocalTime().date())
+        return QCoreApplication::translate("Texts", "Today %1").arg(clock);
+    return QCoreApplication::translate("Texts", "%1 %2")
+        .arg(locale.toString(local.date(), QLocale::ShortFormat), clock);
+}
+
+QVariantList Texts::matching(const QVariantList& applications, const QString& wanted)
+{
+    QVariantList found;
+    std::ranges::copy_if(
+        applications, std::back_inserter(found), [name = wanted.trimmed()](const QVariant& application) {
+            return application.toMap().value(u"name"_s).toString().contains(name, Qt::CaseInsensitive);
+        });
+    return found;
+}
+
+} // namespace Tarvik

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDateTime>
+#include <QObject>
+#include <QVariant>
+#include <QtQmlIntegration>
+
+namespace Tarvik {
+
+/// What the windows say of values, in the language of the user.
+class Texts : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QVariantList sessionLengths READ sessionLengths CONSTANT)
+    Q_PROPERTY(QString cancelSession READ cancelSession CONSTANT)
+
+public:
+    /// Objects with "minutes" and "text", see SessionChoices.
+    static QVariantList sessionLengths();
+    static QString cancelSession();
+    Q_INVOKABLE static QString sessionTitle(bool isRunning);
+
+    /// `date` is invalid when there was no check yet. In the largest unit of which at least one has passed.
+    Q_INVOKABLE static QString lastCheck(const QVariant& date, const QDateTime& now);
+    /// When something happened, short.
+    Q_INVOKABLE static QString time(const QDateTime& at, const QDateTime& now);
+
+    /// Those of the applications, objects with "bundleID" and "name", that have `wanted` in their names, in whatever
+    /// case.
+    Q_INVOKABLE static QVariantList matching(const QVariantList& applications, const QString& wanted);
+};
+
+} // namespace Tarvik
