@@ -59,8 +59,9 @@ T.TabBar {
         show((currentIndex + step + count) % count);
     }
 
+    /// The focus goes first: newer versions of Qt warn of a tab that the keyboard does not reach any more while it has it.
     function show(index: int) {
+        itemAt(index).forceActiveFocus(Qt.TabFocusReason);
         setCurrentIndex(index);
-        currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 }

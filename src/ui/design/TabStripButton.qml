@@ -15,7 +15,6 @@ T.TabButton {
     readonly property color contentColor: checked ? theme.accentOnSurface : theme.secondaryText
 
     bottomPadding: theme.scaled(6)
-    // Not taken back while it has the focus, which newer versions of Qt warn of.
     focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     font.family: theme.fontFamily
     font.pixelSize: theme.captionSize
@@ -27,13 +26,13 @@ T.TabButton {
     leftPadding: theme.scaled(2)
     rightPadding: theme.scaled(2)
     topPadding: theme.scaled(8)
-    width: T.TabBar.tabBar?.widthOf(this) ?? implicitWidth
+    width: (T.TabBar.tabBar as TabStrip)?.widthOf(this) ?? implicitWidth
 
     Accessible.name: text
     // See Pressable.
     Accessible.onPressAction: {
         if (enabled)
-            toggle();
+            (T.TabBar.tabBar as TabStrip).show(T.TabBar.index);
     }
     Accessible.role: Accessible.PageTab
     Accessible.selected: checked

@@ -14,7 +14,11 @@ T.Switch {
     implicitWidth: root.theme.scaled(36)
 
     Accessible.role: Accessible.CheckBox
-    Accessible.onPressAction: toggle()
+    // See Pressable.
+    Accessible.onPressAction: {
+        if (enabled)
+            toggle();
+    }
     Keys.onEnterPressed: toggle()
     Keys.onReturnPressed: toggle()
 
