@@ -13,7 +13,8 @@ Image {
 
     height: size
     source: name ? `image://icons/${name}/${color.toString().slice(-6)}` : ""
-    sourceSize: Qt.size(size * Screen.devicePixelRatio, size * Screen.devicePixelRatio)
+    sourceSize.height: size * Screen.devicePixelRatio
+    sourceSize.width: size * Screen.devicePixelRatio
     width: size
 
     Accessible.ignored: true

@@ -32,8 +32,6 @@ T.Menu {
         }
     }
     contentItem: ListView {
-        id: list
-
         LayoutMirroring.childrenInherit: true
         LayoutMirroring.enabled: root.isMirrored
         clip: contentHeight > height
@@ -42,13 +40,10 @@ T.Menu {
         keyNavigationEnabled: false
         model: root.contentModel
     }
-    delegate: PopupMenuItem {
-        theme: root.theme
-    }
 
     // The item of a popup is reached through what it holds only; without this, the menu has no name.
-    Component.onCompleted: list.parent.Accessible.name = Qt.binding(() => root.title)
-    onCurrentIndexChanged: list.positionViewAtIndex(currentIndex, ListView.Contain)
+    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => root.title)
+    onCurrentIndexChanged: (contentItem as ListView).positionViewAtIndex(currentIndex, ListView.Contain)
 
     function widestItem(): double {
         let widest = 0;

@@ -20,11 +20,7 @@ T.AbstractButton {
 
     /// Does what a click does.
     function press() {
-        if (!enabled)
-            return;
-        if (action)
-            action.trigger(root);
-        else
+        if (enabled)
             clicked();
     }
 }

@@ -21,12 +21,13 @@ T.Popup {
 
     onAboutToShow: {
         opener = parent.Window.activeFocusItem;
-        wasFocusVisible = opener?.visualFocus ?? false;
+        wasFocusVisible = (opener as T.Control)?.visualFocus ?? false;
     }
     onClosed: opener?.forceActiveFocus(wasFocusVisible ? Qt.TabFocusReason : Qt.PopupFocusReason)
 
+    // What a component names of its surroundings cannot be declared before Qt 6.5.
     T.Overlay.modal: Rectangle {
-        color: root.theme.isDark ? "#99000000" : "#59000000"
+        color: root.theme.isDark ? "#99000000" : "#59000000" // qmllint disable unqualified
     }
     background: Rectangle {
         border.color: root.theme.outline

@@ -13,6 +13,7 @@ QtObject {
     readonly property bool isDark: appearance.isDark
     readonly property bool isHighContrast: appearance.isHighContrast
     readonly property bool isAnimated: appearance.isAnimated
+    readonly property bool isRightToLeft: appearance.isRightToLeft
     readonly property double textScale: appearance.textScale
 
     readonly property color window: isDark ? "#1f2023" : "#f2f2f5"
@@ -47,7 +48,7 @@ QtObject {
     readonly property color knob: isHighContrast ? panel : "#ffffff"
     readonly property color accentKnob: luminance(accent) > 0.4 ? "#1a1a1c" : "#ffffff"
 
-    readonly property string fontFamily: Qt.application.font.family
+    readonly property string fontFamily: appearance.fontFamily
     readonly property int headlineSize: scaled(14)
     readonly property int bodySize: scaled(13)
     readonly property int subheadlineSize: scaled(12)

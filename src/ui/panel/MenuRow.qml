@@ -3,7 +3,7 @@
 import QtQuick
 import Tarvik.Design
 
-/// One clickable row of the panel; a click runs \c action.
+/// One clickable row of the panel.
 PanelRow {
     id: root
 

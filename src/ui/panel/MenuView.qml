@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Tarvik.Design
 import Tarvik.Mirror
 
@@ -13,7 +12,7 @@ FocusScope {
     required property StatusMirror status
     required property SettingsMirror settings
 
-    readonly property bool sessionHovered: sessionRow.hovered
+    readonly property bool sessionHovered: content.sessionRow.hovered
 
     signal lockScreen
     signal openSettings
@@ -22,9 +21,9 @@ FocusScope {
     signal dismissed
 
     LayoutMirroring.childrenInherit: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: theme.isRightToLeft
     focus: true
-    implicitHeight: column.implicitHeight
+    implicitHeight: content.implicitHeight
     implicitWidth: Math.max(300, theme.scaled(300))
 
     Keys.onDownPressed: moveFocus(true)
@@ -44,86 +43,23 @@ FocusScope {
         Accessible.name: "Tarvik"
         Accessible.role: Accessible.Pane
 
-        Column {
-            id: column
+        PanelContent {
+            id: content
 
-            readonly property int rowWidth: width - 2 * padding
-
-            padding: 6
-            spacing: 6
+            settings: root.settings
+            status: root.status
+            theme: root.theme
             width: parent.width
 
-            StatusHeader {
-                details: root.status.details
-                headline: root.status.reason
-                isAwake: root.status.isAwake
-                subtitle: root.status.subtitle
-                theme: root.theme
-                width: column.rowWidth
+            onLockScreen: {
+                root.lockScreen();
+                root.dismissed();
             }
-            EnableRow {
-                objectName: "enableRow"
-                settings: root.settings
-                theme: root.theme
-                width: column.rowWidth
+            onOpenSettings: {
+                root.openSettings();
+                root.dismissed();
             }
-            Separator {
-                theme: root.theme
-                width: column.rowWidth
-            }
-            SessionRow {
-                id: sessionRow
-
-                isTimedSessionActive: root.status.isTimedSessionActive
-                objectName: "sessionRow"
-                theme: root.theme
-                width: column.rowWidth
-
-                onChosen: minutes => root.status.setTimedSession(minutes)
-            }
-            MenuRow {
-                objectName: "lockRow"
-                systemImage: "lock.display"
-                theme: root.theme
-                title: qsTr("Lock & leave")
-                width: column.rowWidth
-
-                action: T.Action {
-                    onTriggered: {
-                        root.lockScreen();
-                        root.dismissed();
-                    }
-                }
-            }
-            Separator {
-                theme: root.theme
-                width: column.rowWidth
-            }
-            MenuRow {
-                objectName: "settingsRow"
-                systemImage: "gearshape"
-                theme: root.theme
-                title: qsTr("Settings…")
-                width: column.rowWidth
-
-                action: T.Action {
-                    onTriggered: {
-                        root.openSettings();
-                        root.dismissed();
-                    }
-                }
-            }
-            MenuRow {
-                objectName: "quitRow"
-                systemImage: "power"
-                theme: root.theme
-                title: qsTr("Quit Tarvik")
-                width: column.rowWidth
-
-                action: T.Action {
-                    onTriggered: root.quit()
-                }
-            }
+            onQuit: root.quit()
         }
     }
 
@@ -135,7 +71,7 @@ FocusScope {
 
     /// Leaves nothing of the last time: no focus ring, no open menu.
     function reset() {
-        sessionRow.menu.close();
+        content.sessionRow.menu.close();
         start.forceActiveFocus(Qt.ActiveWindowFocusReason);
     }
 }

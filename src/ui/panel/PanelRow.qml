@@ -11,7 +11,7 @@ Pressable {
     required property string systemImage
     property color tint: theme.secondaryText
     property bool isHighlighted: hovered && enabled
-    property alias farEnd: farEnd.data
+    property Item farEnd
 
     bottomPadding: 5
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -32,41 +32,12 @@ Pressable {
             visible: root.visualFocus
         }
     }
-    contentItem: Item {
-        implicitHeight: Math.max(icon.height, label.implicitHeight)
-        implicitWidth: icon.width + 8 + label.implicitWidth + 8 + farEnd.width
+    contentItem: PanelRowContent {
+        farEnd: root.farEnd
         opacity: root.enabled ? 1 : 0.5
-
-        Icon {
-            id: icon
-
-            anchors.left: parent.left
-            anchors.verticalCenter: parent.verticalCenter
-            color: root.tint
-            name: root.systemImage
-            theme: root.theme
-        }
-        Label {
-            id: label
-
-            anchors.left: icon.right
-            anchors.leftMargin: 8
-            anchors.right: farEnd.left
-            anchors.rightMargin: 8
-            anchors.verticalCenter: parent.verticalCenter
-            text: root.title
-            theme: root.theme
-            wrapMode: Text.Wrap
-
-            Accessible.ignored: true
-        }
-        Item {
-            id: farEnd
-
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            height: childrenRect.height
-            width: childrenRect.width
-        }
+        systemImage: root.systemImage
+        theme: root.theme
+        tint: root.tint
+        title: root.title
     }
 }

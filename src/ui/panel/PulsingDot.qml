@@ -29,7 +29,8 @@ Item {
         objectName: "halo"
         opacity: root.active ? (1 - root.phase) * 0.5 : 0
         scale: root.active ? 1 + 1.5 * root.phase : 1
-        sourceSize: Qt.size(2.5 * width * Screen.devicePixelRatio, 2.5 * height * Screen.devicePixelRatio)
+        sourceSize.height: 2.5 * height * Screen.devicePixelRatio
+        sourceSize.width: 2.5 * width * Screen.devicePixelRatio
         theme: root.theme
     }
     Icon {
@@ -37,7 +38,8 @@ Item {
         color: root.active ? root.theme.awake : root.theme.secondaryText
         name: "circle.fill"
         objectName: "core"
-        sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+        sourceSize.height: height * Screen.devicePixelRatio
+        sourceSize.width: width * Screen.devicePixelRatio
         theme: root.theme
     }
     Timer {

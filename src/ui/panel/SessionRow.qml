@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The row that starts, changes and cancels a timed session through a menu.
 PanelRow {
@@ -16,7 +16,7 @@ PanelRow {
 
     isHighlighted: hovered || sessionMenu.visible
     systemImage: "timer"
-    title: isTimedSessionActive ? qsTr("Change session…") : qsTr("Keep awake for…")
+    title: Texts.sessionTitle(isTimedSessionActive)
 
     Accessible.role: Accessible.ButtonMenu
     Keys.onLeftPressed: event => event.accepted = openTowards(true)
@@ -31,69 +31,24 @@ PanelRow {
 
     onClicked: sessionMenu.open()
 
-    PopupMenu {
+    SessionMenu {
         id: sessionMenu
 
         property bool wasOpenedByKeyboard: false
 
         isMirrored: root.mirrored
+        isTimedSessionActive: root.isTimedSessionActive
         theme: root.theme
         title: root.title
         x: root.mirrored ? 4 : root.width - width - 4
         y: root.height - 2
 
         onAboutToShow: wasOpenedByKeyboard = root.visualFocus
+        onChosen: minutes => root.chosen(minutes)
         onClosed: {
             if (wasOpenedByKeyboard)
                 root.forceActiveFocus(Qt.TabFocusReason);
         }
-
-        Duration {
-            minutes: 10
-            text: qsTr("10 minutes")
-        }
-        Duration {
-            minutes: 60
-            text: qsTr("1 hour")
-        }
-        Duration {
-            minutes: 120
-            text: qsTr("2 hours")
-        }
-        Duration {
-            minutes: 960
-            text: qsTr("All day (16 h)")
-        }
-    }
-    // Items of a menu keep their place when they are hidden, so these two come and go.
-    Instantiator {
-        active: root.isTimedSessionActive
-
-        PopupMenuSeparator {
-            theme: root.theme
-        }
-
-        onObjectAdded: (index, separator) => sessionMenu.insertItem(4, separator)
-        onObjectRemoved: (index, separator) => sessionMenu.removeItem(separator)
-    }
-    Instantiator {
-        active: root.isTimedSessionActive
-
-        Duration {
-            minutes: 0
-            text: qsTr("Cancel timer")
-        }
-
-        onObjectAdded: (index, entry) => sessionMenu.addItem(entry)
-        onObjectRemoved: (index, entry) => sessionMenu.removeItem(entry)
-    }
-
-    component Duration: PopupMenuItem {
-        required property int minutes
-
-        theme: root.theme
-
-        onTriggered: root.chosen(minutes)
     }
 
     /// An arrow key opens the menu when it points where the chevron points.

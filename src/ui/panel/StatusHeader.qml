@@ -26,7 +26,7 @@ Item {
         id: helpTip
 
         isMirrored: root.LayoutMirroring.enabled
-        text: [root.headline, root.subtitle, root.details].filter(line => line).join("\n")
+        text: `${root.headline}\n${root.subtitle}\n${root.details}`.trim()
         theme: root.theme
         visible: hover.hovered && root.isCut
         x: (root.width - width) / 2
@@ -62,54 +62,39 @@ Item {
         spacing: 1
         y: 4
 
-        Label {
+        StatusLine {
             id: headlineText
 
             readonly property double firstLineHeight: contentHeight / Math.max(1, lineCount)
 
             font.pixelSize: root.theme.headlineSize
             font.weight: Font.DemiBold
-            maximumLineCount: 3
             objectName: "headline"
             text: root.headline
             theme: root.theme
-            width: parent.width
-            wrapMode: Text.Wrap
 
-            Accessible.name: text
             Accessible.role: Accessible.Heading
         }
-        Label {
+        StatusLine {
             id: subtitleText
 
             color: root.theme.secondaryText
             font.pixelSize: root.theme.subheadlineSize
-            maximumLineCount: 3
             objectName: "subtitle"
             text: root.subtitle
             theme: root.theme
-            width: parent.width
-            wrapMode: Text.Wrap
-
-            Accessible.name: text
-            Accessible.role: Accessible.StaticText
         }
-        Label {
+        StatusLine {
             id: detailsText
 
             color: root.theme.tertiaryText
             font.pixelSize: root.theme.captionSize
-            maximumLineCount: 3
             objectName: "details"
             text: root.details
             theme: root.theme
             visible: text
-            width: parent.width
-            wrapMode: Text.Wrap
 
             Accessible.ignored: !visible
-            Accessible.name: text
-            Accessible.role: Accessible.StaticText
         }
     }
 }

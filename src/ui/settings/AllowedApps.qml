@@ -25,42 +25,23 @@ Section {
 
         model: root.settings.allowlist
 
-        CardRow {
-            id: row
-
-            required property int index
-            required property var modelData
-            readonly property alias removeButton: removeButton
-
+        // What a component names of its surroundings cannot be declared before Qt 6.5.
+        // qmllint disable unqualified
+        AllowedAppRow {
             theme: root.theme
-            title: modelData.name
 
-            IconButton {
-                id: removeButton
-
-                isDestructive: true
-                objectName: "remove"
-                systemImage: "minus.circle"
-                text: qsTr("Remove %1").arg(row.title)
-                theme: root.theme
-
-                // The icon, not what is around it, is in line with the controls of other rows.
-                transform: Translate {
-                    x: root.theme.scaled(removeButton.mirrored ? -4 : 4)
-                }
-
-                onClicked: {
-                    if (visualFocus)
-                        root.removedRow = row.index;
-                    root.settings.removeFromAllowlist(row.modelData.bundleID);
-                }
+            onRemoved: {
+                if (removeButton.visualFocus)
+                    root.removedRow = index;
+                root.settings.removeFromAllowlist(modelData.bundleID);
             }
         }
+        // qmllint enable unqualified
 
         onCountChanged: {
             if (root.removedRow < 0)
                 return;
-            const next = itemAt(Math.min(root.removedRow, count - 1));
+            const next = itemAt(Math.min(root.removedRow, count - 1)) as AllowedAppRow;
             root.removedRow = -1;
             (next ? next.removeButton : addButton).forceActiveFocus(Qt.TabFocusReason);
         }

@@ -24,6 +24,8 @@ Section {
 
         model: root.hooks.agents
 
+        // What a component names of its surroundings cannot be declared before Qt 6.5.
+        // qmllint disable unqualified
         SwitchRow {
             required property var modelData
 
@@ -38,13 +40,15 @@ Section {
 
             onSwitched: on => on ? root.hooks.install(modelData.id) : root.hooks.uninstall(modelData.id)
         }
+        // qmllint enable unqualified
     }
     Connections {
-        function onChanged(id, succeeded) {
+        function onChanged(id: string, succeeded: bool) {
             root.failed = root.failed.filter(other => other !== id).concat(succeeded ? [] : [id]);
             for (let index = 0; index < rows.count; ++index) {
-                if (rows.itemAt(index).objectName === id)
-                    rows.itemAt(index).restore();
+                const row = rows.itemAt(index) as SwitchRow;
+                if (row.objectName === id)
+                    row.restore();
             }
         }
 

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Tarvik.Design
 import Tarvik.Mirror
 
@@ -43,66 +42,14 @@ Item {
             Accessible.name: text
             Accessible.role: Accessible.StaticText
         }
-        ListView {
+        JournalList {
             id: list
 
-            /// Entries are being added to a list that is at its beginning, and stays there.
-            property bool staysAtBeginning: false
-
-            activeFocusOnTab: true
             anchors.fill: parent
             anchors.margins: 1
-            boundsBehavior: Flickable.StopAtBounds
-            // Rows that are still being made for later when the list is cleared make Qt complain.
-            cacheBuffer: 0
-            clip: true
-            keyNavigationEnabled: true
-            highlightMoveDuration: 0
             model: root.journal.entries
             objectName: "entries"
-
-            Accessible.name: qsTr("Journal")
-            Accessible.role: Accessible.List
-            T.ScrollBar.vertical: ScrollBar {
-                theme: root.theme
-            }
-
-            delegate: JournalRow {
-                isCurrent: ListView.isCurrentItem && list.activeFocus
-                theme: root.theme
-                width: list.width
-            }
-
-            onActiveFocusChanged: {
-                if (!activeFocus)
-                    return;
-                currentIndex = indexAt(1, contentY);
-                positionViewAtIndex(currentIndex, ListView.Contain);
-            }
-
-            onCountChanged: {
-                if (staysAtBeginning)
-                    positionViewAtBeginning();
-                staysAtBeginning = false;
-            }
-
-            /// By a page, or to an end.
-            function moveBy(key: int): bool {
-                const targets = {
-                    [Qt.Key_Home]: 0,
-                    [Qt.Key_End]: count - 1,
-                    [Qt.Key_PageUp]: Math.max(0, indexAt(1, contentY - height)),
-                    [Qt.Key_PageDown]: indexAt(1, contentY + 2 * height - 1)
-                };
-                if (!(key in targets))
-                    return false;
-                const target = targets[key] < 0 ? count - 1 : targets[key];
-                if (activeFocus)
-                    currentIndex = target;
-                else
-                    positionViewAtIndex(target, ListView.Contain);
-                return true;
-            }
+            theme: root.theme
         }
         FocusRing {
             radius: parent.radius
@@ -142,14 +89,7 @@ Item {
         }
     }
     Connections {
-        function onRowsAboutToBeInserted() {
-            list.staysAtBeginning = list.atYBeginning;
-        }
-
-        target: root.journal.entries
-    }
-    Connections {
-        function onExported(text) {
+        function onExported(text: string) {
             root.copyText(text);
         }
 

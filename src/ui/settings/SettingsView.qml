@@ -19,14 +19,16 @@ FocusScope {
     required property var applications
 
     property alias currentTab: tabs.currentIndex
-    readonly property Item currentPage: pages.children[currentTab].item
+    readonly property alias currentPage: pages.currentPage
 
     signal applicationsWanted
     signal copyText(string text)
 
     LayoutMirroring.childrenInherit: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: theme.isRightToLeft
 
+    // Qt 6.4 does not tell its tools of StandardKey.
+    // qmllint disable unqualified
     Shortcut {
         sequences: [StandardKey.NextChild, "Ctrl+PgDown"]
 
@@ -37,7 +39,8 @@ FocusScope {
 
         onActivated: tabs.showNext(-1)
     }
-    TabStrip {
+    // qmllint enable unqualified
+    SettingsTabs {
         id: tabs
 
         focus: true
@@ -46,98 +49,25 @@ FocusScope {
         Keys.forwardTo: [root.currentPage]
         theme: root.theme
         width: parent.width
-
-        TabStripButton {
-            systemImage: "gearshape"
-            text: qsTr("General")
-            theme: root.theme
-        }
-        TabStripButton {
-            systemImage: "bolt"
-            text: qsTr("Triggers")
-            theme: root.theme
-        }
-        TabStripButton {
-            systemImage: "battery.100"
-            text: qsTr("Power")
-            theme: root.theme
-        }
-        TabStripButton {
-            isDirectional: true
-            systemImage: "list.bullet.rectangle"
-            text: qsTr("Journal")
-            theme: root.theme
-        }
-        TabStripButton {
-            systemImage: "arrow.triangle.2.circlepath"
-            text: qsTr("Updates")
-            theme: root.theme
-        }
     }
-    Item {
+    SettingsPages {
         id: pages
 
+        agentCount: root.agentCount
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: tabs.bottom
+        applications: root.applications
+        currentTab: root.currentTab
+        hooks: root.hooks
+        journal: root.journal
+        settings: root.settings
+        status: root.status
+        theme: root.theme
+        updater: root.updater
 
-        Page {
-            tab: 0
-
-            sourceComponent: GeneralTab {
-                settings: root.settings
-                theme: root.theme
-            }
-        }
-        Page {
-            tab: 1
-
-            sourceComponent: TriggersTab {
-                agentCount: root.agentCount
-                applications: root.applications
-                hooks: root.hooks
-                settings: root.settings
-                theme: root.theme
-
-                onApplicationsWanted: root.applicationsWanted()
-            }
-        }
-        Page {
-            tab: 2
-
-            sourceComponent: PowerTab {
-                settings: root.settings
-                status: root.status
-                theme: root.theme
-            }
-        }
-        Page {
-            tab: 3
-
-            sourceComponent: JournalTab {
-                journal: root.journal
-                theme: root.theme
-
-                onCopyText: text => root.copyText(text)
-            }
-        }
-        Page {
-            tab: 4
-
-            sourceComponent: UpdatesTab {
-                theme: root.theme
-                updater: root.updater
-            }
-        }
-    }
-
-    /// Made when it is first looked at.
-    component Page: Loader {
-        required property int tab
-
-        active: visible || item
-        anchors.fill: parent
-        visible: tabs.currentIndex === tab
+        onApplicationsWanted: root.applicationsWanted()
+        onCopyText: text => root.copyText(text)
     }
 }

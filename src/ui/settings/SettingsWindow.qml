@@ -59,7 +59,8 @@ Window {
         onCopyText: text => root.copyText(text)
     }
     Shortcut {
-        sequences: [StandardKey.Close]
+        // Qt 6.4 does not tell its tools of StandardKey.
+        sequences: [StandardKey.Close] // qmllint disable unqualified
 
         onActivated: root.close()
     }
