@@ -88,7 +88,7 @@ class CheckTest(ScriptTest):
         super().setUp()
         for name in ("bash", "cat", "find", "grep", "nproc", "readlink", "dirname", "sed", "sort", "tr", "xargs"):
             (self.state / name).symlink_to(subprocess.check_output(["which", name], text=True).strip())
-        self.tool("pkg-config", "#!/bin/bash\necho -I/qt\n")
+        self.tool("pkg-config", '#!/bin/bash\n[[ $1 == --variable=bindir ]] && echo "$STATE" || echo -I/qt\n')
 
     def check(self):
         return self.run_script("check", path=str(self.state))
@@ -100,6 +100,7 @@ class CheckTest(ScriptTest):
             (
                 [
                     "check: Format is left out: there is no clang-format-14 here.",
+                    "check: QML is left out: there is no qmllint here.",
                     "check: clang and libc++ is left out: there is none of version 16 or newer here.",
                 ],
                 "",
@@ -110,6 +111,16 @@ class CheckTest(ScriptTest):
     def test_a_file_of_another_format_fails(self):
         self.tool("clang-format-14", "#!/bin/bash\nexit 1\n")
         self.assertNotEqual(self.check().returncode, 0)
+
+    def test_qml_that_is_warned_of_fails(self):
+        self.tool("qmllint", '#!/bin/bash\necho "$*" >>"$STATE/calls"\n[[ $1 == --help ]]\n')
+        self.assertNotEqual(self.check().returncode, 0)
+        self.assertIn("-I build/release/qml src/ui/", self.calls()[1])
+
+    def test_newer_versions_are_told_to_fail_on_warnings(self):
+        self.tool("qmllint", '#!/bin/bash\necho "$*" >>"$STATE/calls"\necho " --max-warnings <count>"\n')
+        self.assertEqual(self.check().returncode, 0)
+        self.assertIn("-I build/release/qml --max-warnings 0 src/ui/", self.calls()[1])
 
     def test_the_first_clang_with_a_new_libcxx_compiles(self):
         self.tool("clang++-15", "#!/bin/bash\nexit 1\n")
