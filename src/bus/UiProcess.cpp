@@ -40,8 +40,8 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
     m_names.onOwnerChange = [this](const QString&) {
         if (!m_names.isOwned(uiBusName))
             return;
-        if (const auto request = std::exchange(m_request, std::nullopt))
-            send(*request);
+        for (const Request& request : std::exchange(m_requests, {}))
+            send(request);
     };
 }
 
@@ -53,6 +53,21 @@ void UiProcess::showPanel(int x, int y, const QString& activationToken)
 void UiProcess::showSettings(const QString& activationToken)
 {
     send({.method = u"ShowSettings"_s, .arguments = {activationToken}});
+}
+
+void UiProcess::showOnboarding(const QString& activationToken)
+{
+    send({.method = u"ShowOnboarding"_s, .arguments = {activationToken}});
+}
+
+void UiProcess::showRestartAlert(const QString& activationToken)
+{
+    send({.method = u"ShowRestartAlert"_s, .arguments = {activationToken}});
+}
+
+void UiProcess::showHelperApproval(const QString& activationToken)
+{
+    send({.method = u"ShowHelperApproval"_s, .arguments = {activationToken}});
 }
 
 void UiProcess::send(const Request& request)
@@ -92,20 +107,23 @@ void UiProcess::noticeFailure(const Request& request, const QDBusError& error)
 void UiProcess::launchFor(Request request)
 {
     request.wasLaunchedFor = true;
-    m_request = request;
+    m_requests.removeIf([&request](const Request& other) { return other.method == request.method; });
+    m_requests.append(request);
     m_launcher.launch();
 }
 
 void UiProcess::noticeEnd(const QString& failure)
 {
-    auto request = std::exchange(m_request, std::nullopt);
+    const auto requests = std::exchange(m_requests, {});
     if (!failure.isEmpty()) {
         qCWarning(logSystem, "The UI process failed: %ls", qUtf16Printable(failure));
         return;
     }
-    // The request came while the process was on its way out.
-    if (request && !request->patience.hasExpired() && !std::exchange(request->wasLaunchedForAgain, true))
-        launchFor(*request);
+    // They came while the process was on its way out.
+    for (Request request : requests) {
+        if (!request.patience.hasExpired() && !std::exchange(request.wasLaunchedForAgain, true))
+            launchFor(request);
+    }
 }
 
 } // namespace Tarvik

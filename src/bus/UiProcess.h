@@ -7,9 +7,11 @@
 #include "dbus/DBusCalls.h"
 
 #include <QDeadlineTimer>
+#include <QList>
+#include <QString>
+#include <QVariantList>
 
 #include <chrono>
-#include <optional>
 
 class QDBusError;
 
@@ -30,6 +32,9 @@ public:
     /// Where the tray item was clicked, as the tray tells it; the token may be empty.
     void showPanel(int x, int y, const QString& activationToken);
     void showSettings(const QString& activationToken);
+    void showOnboarding(const QString& activationToken);
+    void showRestartAlert(const QString& activationToken);
+    void showHelperApproval(const QString& activationToken);
 
     /// The process has been called and has not answered yet.
     bool isCalling() const { return !m_calls.isEmpty(); }
@@ -54,8 +59,8 @@ private:
     QDBusConnection m_bus;
     BusNameWatch m_names;
     DBusCalls m_calls;
-    /// Waits for the process to come up.
-    std::optional<Request> m_request;
+    /// Wait for the process to come up; of each window the last.
+    QList<Request> m_requests;
     Subscription m_ends;
 };
 

@@ -49,16 +49,50 @@ private Q_SLOTS:
         QTRY_COMPARE(m_calls.size(), 1);
     }
 
-    void ofClicksWhileItStartsTheLastOneCounts()
+    void everyWindowCanBeAskedFor()
+    {
+        QVERIFY(m_windows->appear());
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showOnboarding(u"a"_s);
+        windows.showRestartAlert(u"b"_s);
+        windows.showHelperApproval(u"c"_s);
+        QTRY_COMPARE(m_calls.size(), 3);
+        QCOMPARE(m_calls,
+            (QStringList{call(u"ShowOnboarding"_s, {u"a"_s}),
+                call(u"ShowRestartAlert"_s, {u"b"_s}),
+                call(u"ShowHelperApproval"_s, {u"c"_s})}));
+    }
+
+    void ofClicksForTheSameWindowWhileItStartsTheLastOneCounts()
     {
         FakeUiLauncher launcher;
         UiProcess windows(launcher, m_client);
         windows.showPanel(1, 2, {});
-        windows.showSettings({});
+        windows.showPanel(3, 4, {});
         QTRY_COMPARE(launcher.launches, 2);
         QVERIFY(m_windows->appear());
         QTRY_COMPARE(m_calls.size(), 1);
-        QVERIFY(m_calls[0].startsWith("ShowSettings"_L1));
+        QCOMPARE(m_calls[0], call(u"ShowPanel"_s, {3, 4, QString()}));
+    }
+
+    void windowsThatAreWantedWhileItStartsAllComeInTheirOrder()
+    {
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        windows.showOnboarding({});
+        windows.showSettings({});
+        windows.showRestartAlert({});
+        QTRY_COMPARE(launcher.launches, 3);
+        // What was still on its way out when it was called is started again for all of them.
+        launcher.end({});
+        QCOMPARE(launcher.launches, 6);
+        QVERIFY(m_windows->appear());
+        QTRY_COMPARE(m_calls.size(), 3);
+        QCOMPARE(m_calls,
+            (QStringList{call(u"ShowOnboarding"_s, {QString()}),
+                call(u"ShowSettings"_s, {QString()}),
+                call(u"ShowRestartAlert"_s, {QString()})}));
     }
 
     void aProcessThatCannotStartIsLoggedAndTriedAgainAtTheNextClick()
@@ -196,9 +230,14 @@ private:
             QString::fromLatin1(UiWire::busName),
             QString::fromLatin1(UiWire::objectPath));
         m_windows->handler = [this](const QDBusMessage& call) {
-            m_calls.append(call.member() + u' ' + QDebug::toString(call.arguments()));
+            m_calls.append(UiProcessTest::call(call.member(), call.arguments()));
             return call.createReply();
         };
+    }
+
+    static QString call(const QString& method, const QVariantList& arguments)
+    {
+        return method + u' ' + QDebug::toString(arguments);
     }
 
     void startProcess()
