@@ -125,7 +125,7 @@ class InstallTest(unittest.TestCase):
         sizes = {}
         for picture in icons.glob("*/apps/com.morvanta.Tarvik.png"):
             sizes[picture.parents[1].name] = struct.unpack(">II", picture.read_bytes()[16:24])
-        self.assertEqual(sizes, {"48x48": (48, 48), "128x128": (128, 128)})
+        self.assertEqual(sizes, {"48x48": (48, 48), "128x128": (128, 128), "256x256": (256, 256)})
 
     def test_a_relative_prefix_is_made_absolute(self):
         subprocess.run([CMAKE, "--install", BUILD, "--prefix", "prefix"], check=True, stdout=subprocess.DEVNULL, cwd=self.directory)
