@@ -3,37 +3,26 @@
 import QtQuick
 
 /// One row of a card: a title, an optional caption below it, and a control at the far end.
-Item {
+CardPart {
     id: root
 
-    required property Theme theme
     required property string title
     property string caption
     /// The caption tells of something that went wrong.
     property bool isCaptionAlarming: false
     /// For a row whose control is named after it.
     property bool areTextsIgnored: false
-    readonly property int inset: theme.scaled(12)
     default property alias control: controlPlace.data
 
     /// A click beside the control.
     signal tapped
 
     implicitHeight: Math.max(theme.scaled(40), texts.height + theme.scaled(20), controlPlace.height + theme.scaled(12))
-    width: parent ? parent.width : implicitWidth
 
     TapHandler {
         gesturePolicy: TapHandler.ReleaseWithinBounds
 
         onTapped: root.tapped()
-    }
-    Separator {
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        inset: root.inset
-        theme: root.theme
-        visible: root.y > 0
     }
     Column {
         id: texts

@@ -8,6 +8,8 @@ Flickable {
     id: root
 
     required property Theme theme
+    /// In the middle of a page that is higher than they are.
+    property bool isCentered: false
     default property alias sections: column.data
 
     boundsBehavior: Flickable.StopAtBounds
@@ -26,7 +28,7 @@ Flickable {
         spacing: root.theme.scaled(20)
         width: Math.min(root.width - 2 * root.theme.scaled(20), root.theme.columnWidth)
         x: (root.width - width) / 2
-        y: root.theme.scaled(16)
+        y: Math.max(root.theme.scaled(16), root.isCentered ? Math.floor((root.height - height) / 2) : 0)
     }
     onContentHeightChanged: showFocus(root.Window.activeFocusItem)
 
@@ -38,11 +40,11 @@ Flickable {
         target: root.Window.window
     }
 
-    /// With the whole row of the control, whose caption may tell what came of using it.
+    /// With the whole part of the card that the control is in, whose caption may tell what came of using it.
     function showFocus(item: Item) {
         let shown = item;
         for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
-            if (ancestor instanceof CardRow)
+            if (ancestor instanceof CardPart)
                 shown = ancestor;
             if (ancestor === contentItem) {
                 show(shown);

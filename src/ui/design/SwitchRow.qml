@@ -26,8 +26,13 @@ CardRow {
         Accessible.name: root.title
 
         onCheckedChanged: {
-            if (checked !== root.isOn)
+            if (checked === root.isOn)
+                return;
+            // A screen reader reaches the switch all the same.
+            if (root.enabled)
                 root.switched(checked);
+            else
+                root.restore();
         }
     }
 

@@ -49,10 +49,15 @@ QtObject {
     readonly property color accentKnob: luminance(accent) > 0.4 ? "#1a1a1c" : "#ffffff"
 
     readonly property string fontFamily: appearance.fontFamily
+    readonly property int largeTitleSize: scaled(26)
+    readonly property int titleSize: scaled(22)
+    readonly property int subtitleSize: scaled(16)
     readonly property int headlineSize: scaled(14)
     readonly property int bodySize: scaled(13)
+    readonly property int calloutSize: scaled(13)
     readonly property int subheadlineSize: scaled(12)
     readonly property int captionSize: scaled(11)
+    readonly property int footnoteSize: scaled(11)
 
     /// What is wider is tiring to read.
     readonly property int columnWidth: scaled(560)
@@ -64,6 +69,7 @@ QtObject {
     readonly property int rowRadius: 5
     readonly property int iconSize: scaled(16)
     readonly property int slideDuration: isAnimated ? 120 : 0
+    readonly property int pageDuration: isAnimated ? 250 : 0
 
     /// Pixels that grow with the text.
     function scaled(pixels: int): int {
