@@ -38,8 +38,9 @@ ALLOWED = {
     "ui/design": {"core", "dbus"},
     "ui/placement": {"core", "dbus"},
     "ui/panel": {"core", "ui/mirror", "ui/design", "ui/placement"},
+    "ui/onboarding": {"core", "ui/mirror", "ui/placement"},
     "ui/settings": {"core", "ui/mirror", "ui/design", "ui/placement"},
-    "ui": {"core", "ui/mirror", "ui/design", "ui/panel", "ui/settings"},
+    "ui": {"core", "ui/mirror", "ui/design", "ui/onboarding", "ui/panel", "ui/placement", "ui/settings"},
     "app": {"core", CONTRACTS, "platform", LINUX, "monitors", "engine", "bus", "ui", "ui/mirror", "ui/design",
             "ui/placement"} | SERVICES,
 }

@@ -36,9 +36,9 @@ TarvikApp::TarvikApp(
               *m_platform.lidSensor,
               m_platform.clock},
           m_platform.bundle.version,
-          {.showOnboarding = [] {},
-              .showRestartAlert = [] {},
-              .showLoginItems = [] {},
+          {.showOnboarding = [this] { m_ui.showOnboarding({}); },
+              .showRestartAlert = [this] { m_ui.showRestartAlert({}); },
+              .showLoginItems = [this] { m_ui.showHelperApproval({}); },
               .relaunch = std::move(relaunch)})
     , m_coordinator({m_settings, m_power, m_process, m_thermal, m_journal, m_hooks, m_lidClosed},
           {*m_platform.powerAssertions,

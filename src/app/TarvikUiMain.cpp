@@ -8,6 +8,7 @@
 #include "ui/WindowKeeper.h"
 #include "ui/WindowsAdaptor.h"
 #include "ui/mirror/Appearance.h"
+#include "ui/mirror/LidClosedMirror.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"
@@ -93,11 +94,15 @@ int main(int argc, char** argv)
 
     Tarvik::StatusMirror status(bus);
     Tarvik::SettingsMirror settings(bus);
+    Tarvik::LidClosedMirror lidClosed(bus);
     Tarvik::Appearance appearance(bus);
     Tarvik::WindowKeeper keeper(
-        {status, settings, appearance, Tarvik::installedApplications, bundle.iconDirectory()}, bus, linger);
+        {status, settings, lidClosed, appearance, Tarvik::installedApplications, bundle.iconDirectory()}, bus, linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
+    windows->onShowOnboarding = [&](const QString& token) { keeper.showOnboarding(token); };
+    windows->onShowRestartAlert = [&](const QString& token) { keeper.showRestartAlert(token); };
+    windows->onShowHelperApproval = [&](const QString& token) { keeper.showHelperApproval(token); };
     QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);
     QObject::connect(&status, &Tarvik::PropertyMirror::lost, &application, &QCoreApplication::quit);
     return QGuiApplication::exec();

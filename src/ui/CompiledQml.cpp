@@ -11,7 +11,9 @@ void qml_register_types_Tarvik_Mirror();
 // Not in a namespace: the macro declares global functions.
 static void loadCompiledQml()
 {
+    Q_INIT_RESOURCE(qmlcache_tarvik_qml_alerts);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_design);
+    Q_INIT_RESOURCE(qmlcache_tarvik_qml_onboarding);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_panel);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_settings);
     // Registers itself where it is linked.

@@ -5,10 +5,15 @@
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
 #include "ui/mirror/Appearance.h"
+#include "ui/mirror/LidClosedMirror.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/settings/SettingsWindow.h"
 
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -27,6 +32,11 @@ WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chron
     : m_models(std::move(models))
     , m_bus(bus)
     , m_panel(m_engine, {m_models.status, m_models.settings, m_models.appearance}, bus)
+    , m_onboarding(m_engine, {m_models.lidClosed, m_models.appearance, m_models.iconDirectory})
+    , m_restartAlert(
+          m_engine, alert(u"RestartAlert"_s, {{u"lidClosed"_s, QVariant::fromValue<QObject*>(&m_models.lidClosed)}}))
+    , m_helperApproval(m_engine, alert(u"HelperApproval"_s))
+    , m_lidClosedWindows{&m_onboarding, &m_restartAlert, &m_helperApproval}
 {
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
     m_engine.addImageProvider(u"icons"_s, new IconProvider);
@@ -39,8 +49,15 @@ WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chron
     connect(&m_models.appearance, &Appearance::known, this, &WindowKeeper::openWhenReady);
     connect(&m_models.status, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_models.settings, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
+    connect(&m_models.lidClosed, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_panel, &Panel::visibleChanged, this, &WindowKeeper::followVisibility);
     connect(&m_panel, &Panel::settingsWanted, this, [this] { showSettings({}); });
+    for (KeptWindow* window : m_lidClosedWindows)
+        connect(window, &KeptWindow::visibleChanged, this, &WindowKeeper::followVisibility);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
+        if (window)
+            m_models.lidClosed.refreshHelperStatus();
+    });
     m_patience.start(patience);
     m_linger.start();
 }
@@ -61,6 +78,36 @@ void WindowKeeper::showSettings(const QString& activationToken)
     openWhenReady();
 }
 
+void WindowKeeper::showOnboarding(const QString& activationToken)
+{
+    want(m_onboarding, activationToken);
+}
+
+void WindowKeeper::showRestartAlert(const QString& activationToken)
+{
+    want(m_restartAlert, activationToken);
+}
+
+void WindowKeeper::showHelperApproval(const QString& activationToken)
+{
+    want(m_helperApproval, activationToken);
+}
+
+KeptWindow::Content WindowKeeper::alert(const QString& name, QVariantMap properties) const
+{
+    properties[u"appearance"_s] = QVariant::fromValue<QObject*>(&m_models.appearance);
+    return {.file = QUrl(u"qrc:/qt/qml/Tarvik/Alerts/%1.qml"_s.arg(name)),
+        .properties = properties,
+        .iconDirectory = m_models.iconDirectory,
+        .place = KeptWindow::Place::centered};
+}
+
+void WindowKeeper::want(KeptWindow& window, const QString& activationToken)
+{
+    m_wantedLidClosedWindows.append({&window, activationToken});
+    openWhenReady();
+}
+
 bool WindowKeeper::isReady() const
 {
     return m_models.status.isConnected() && m_models.settings.isConnected()
@@ -75,6 +122,10 @@ void WindowKeeper::openWhenReady()
         m_panel.open(click->point, click->activationToken);
     if (const auto activationToken = std::exchange(m_wantedSettings, std::nullopt))
         openSettings(*activationToken);
+    if (!m_models.lidClosed.isConnected())
+        return;
+    for (const auto& [window, activationToken] : std::exchange(m_wantedLidClosedWindows, {}))
+        window->show(activationToken);
 }
 
 void WindowKeeper::openSettings(const QString& activationToken)
@@ -83,6 +134,7 @@ void WindowKeeper::openSettings(const QString& activationToken)
         m_settings = std::make_unique<SettingsWindow>(m_engine,
             SettingsWindow::Models{m_models.settings,
                 m_models.status,
+                m_models.lidClosed,
                 m_models.appearance,
                 m_models.installedApplications,
                 m_models.iconDirectory},
@@ -94,7 +146,8 @@ void WindowKeeper::openSettings(const QString& activationToken)
 
 void WindowKeeper::followVisibility()
 {
-    if (m_panel.isVisible() || (m_settings && m_settings->isVisible())) {
+    if (m_panel.isVisible() || (m_settings && m_settings->isVisible())
+        || std::ranges::any_of(m_lidClosedWindows, &KeptWindow::isVisible)) {
         m_linger.stop();
         return;
     }

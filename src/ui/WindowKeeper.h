@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/AllowlistedApp.h"
+#include "ui/onboarding/OnboardingController.h"
 #include "ui/panel/Panel.h"
 
 #include <QDBusConnection>
@@ -11,10 +12,12 @@
 #include <QString>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace Tarvik {
 
@@ -30,6 +33,7 @@ public:
     struct Models {
         StatusMirror& status;
         SettingsMirror& settings;
+        LidClosedMirror& lidClosed;
         Appearance& appearance;
         /// Called when the user is about to choose one.
         std::function<QList<AllowlistedApp>()> installedApplications;
@@ -43,6 +47,9 @@ public:
     /// See com.morvanta.TarvikUi.Windows1.xml.
     void showPanel(QPoint click, const QString& activationToken);
     void showSettings(const QString& activationToken);
+    void showOnboarding(const QString& activationToken);
+    void showRestartAlert(const QString& activationToken);
+    void showHelperApproval(const QString& activationToken);
 
 Q_SIGNALS:
     /// No window has been open for a while.
@@ -54,7 +61,9 @@ private:
         QString activationToken;
     };
 
+    KeptWindow::Content alert(const QString& name, QVariantMap properties = {}) const;
     bool isReady() const;
+    void want(KeptWindow& window, const QString& activationToken);
     void openWhenReady();
     void openSettings(const QString& activationToken);
     void followVisibility();
@@ -64,9 +73,15 @@ private:
     QQmlEngine m_engine;
     Panel m_panel;
     std::unique_ptr<SettingsWindow> m_settings;
+    OnboardingController m_onboarding;
+    KeptWindow m_restartAlert;
+    KeptWindow m_helperApproval;
+    std::array<KeptWindow*, 3> m_lidClosedWindows;
     /// Wait until everything is known that all windows show.
     std::optional<Click> m_wantedPanel;
     std::optional<QString> m_wantedSettings;
+    /// With their activation tokens. These wait for what they alone show, too.
+    QList<std::pair<KeptWindow*, QString>> m_wantedLidClosedWindows;
     QTimer m_patience;
     QTimer m_linger;
 };

@@ -16,4 +16,22 @@ void WindowsAdaptor::ShowSettings(const QString& activationToken)
         onShowSettings(activationToken);
 }
 
+void WindowsAdaptor::ShowOnboarding(const QString& activationToken)
+{
+    if (onShowOnboarding)
+        onShowOnboarding(activationToken);
+}
+
+void WindowsAdaptor::ShowRestartAlert(const QString& activationToken)
+{
+    if (onShowRestartAlert)
+        onShowRestartAlert(activationToken);
+}
+
+void WindowsAdaptor::ShowHelperApproval(const QString& activationToken)
+{
+    if (onShowHelperApproval)
+        onShowHelperApproval(activationToken);
+}
+
 } // namespace Tarvik

@@ -22,10 +22,16 @@ public:
 
     std::function<void(int x, int y, const QString& activationToken)> onShowPanel;
     std::function<void(const QString& activationToken)> onShowSettings;
+    std::function<void(const QString& activationToken)> onShowOnboarding;
+    std::function<void(const QString& activationToken)> onShowRestartAlert;
+    std::function<void(const QString& activationToken)> onShowHelperApproval;
 
 public Q_SLOTS:
     void ShowPanel(int x, int y, const QString& activationToken);
     void ShowSettings(const QString& activationToken);
+    void ShowOnboarding(const QString& activationToken);
+    void ShowRestartAlert(const QString& activationToken);
+    void ShowHelperApproval(const QString& activationToken);
 };
 
 } // namespace Tarvik

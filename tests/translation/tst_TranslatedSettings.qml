@@ -36,6 +36,7 @@ Item {
         applications: []
         hooks: tarvik.hooks
         journal: tarvik.journal
+        lidClosed: tarvik.lidClosed
         status: tarvik.status
         settings: tarvik.settings
         theme: theme

@@ -225,7 +225,7 @@ class SettingsTest(AccessibleWindowTest):
 
     def parts(self):
         """What is shown of the window, without its layout."""
-        return [(part.getRoleName(), part.name, states(part) & {"checked", "selected"}) for part in self.everything()
+        return [(*described(part)[:2], states(part) & {"checked", "selected"}) for part in self.everything()
                 if part.name and "showing" in states(part)]
 
     def test_everything_has_its_role_and_name(self):
@@ -235,6 +235,11 @@ class SettingsTest(AccessibleWindowTest):
             *tabs,
             ("check box", "Also keep the display awake", {"checked"}),
             ("check box", "Launch Tarvik at login", {"checked"}),
+            ("heading", "Lid closed", set()),
+            ("check box", "Keep running with the lid closed", {"checked"}),
+            ("check box", "Turn the screen off when the lid closes", {"checked"}),
+            ("alert", "Background helper active — toggles no longer ask for your password.", set()),
+            ("push button", "Reinstall helper…", set()),
             ("heading", "Notifications", set()),
             ("check box", "Notify every time Tarvik starts or stops", {"checked"}),
             ("check box", "Notify when paused by battery or heat", {"checked"}),
@@ -263,6 +268,92 @@ class SettingsTest(AccessibleWindowTest):
     def test_escape_closes_it(self):
         press("Escape")
         await_told(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
+
+
+class OnboardingTest(AccessibleWindowTest):
+    title = "Set up lid-closed mode"
+    arguments = ("ShowOnboarding", "s", "")
+
+    def setUp(self):
+        super().setUp()
+        self.tell("helperInstalled=false")
+        self.tell("helperNeedsApproval=false")
+
+    def parts(self):
+        """What is shown, with what a screen reader says of it besides its name."""
+        shown = [part for part in self.everything() if part.name and "showing" in states(part)]
+        return [described(part)[:2] for part in shown]
+
+    def test_every_step_has_its_roles_and_names(self):
+        self.assertEqual(self.parts(), [
+            ("panel", "Keep working, lid closed"),
+            ("heading", "Keep working, lid closed"),
+            ("label", "Let agents, builds, and downloads keep running after you shut the lid."),
+            ("label", "macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small "
+                      "background helper first."),
+            ("push button", "Continue"),
+        ])
+        self.perform("Continue", "Press")
+        await_true(lambda: self.find("Install background helper…"), "the second step")
+        await_true(lambda: not self.find("Keep working, lid closed"), "the first step is gone")
+        self.assertEqual(self.parts()[:2], [("panel", "Skip the password prompts"), ("heading", "Skip the password prompts")])
+        self.assertEqual(self.parts()[-2:], [("push button", "Back"), ("push button", "Continue")])
+        self.perform("Continue", "Press")
+        await_true(lambda: not self.find("Skip the password prompts"), "the second step is gone")
+        self.assertEqual(self.parts(), [
+            ("panel", "You're all set"),
+            ("heading", "You're all set"),
+            ("label", "Nothing else to do. Whenever Tarvik is keeping your Mac awake, it now keeps going with the lid closed — turn that off "
+                      "under Keep running with the lid closed in Settings."),
+            ("push button", "Back"),
+            ("push button", "Done"),
+        ])
+        self.perform("Done", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "FinishOnboarding\n")
+
+    def follow(self, event):
+        """What is told of it from now on, as names."""
+        told = []
+
+        def listener(happened):
+            if happened.detail1 and happened.source:
+                told.append((happened.source.getRoleName(), happened.source.name, happened.source.description))
+        pyatspi.Registry.registerEventListener(listener, event)
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, listener, event)
+        return told
+
+    def test_a_new_step_is_told(self):
+        told = self.follow("object:state-changed:focused")
+        press("Return")
+        await_true(lambda: any(name == "Skip the password prompts" and text.startswith("Step 2 of 3. ") for _, name, text in told),
+                   "the step is told")
+
+    def test_what_becomes_of_the_helper_is_told(self):
+        press("Return")
+        self.perform("Install background helper…", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "InstallHelper\n")
+        told = self.follow("object:state-changed:showing")
+        for line, text in (("lastHelperError=\"The background helper isn’t responding.\"", "The background helper isn’t responding."),
+                           ("helperNeedsApproval=true", "Approve Tarvik under System Settings ▸ Login Items, then come back here."),
+                           ("helperInstalled=true", "Background helper installed and active.")):
+            self.tell(line)
+            await_true(lambda wanted=text: any(part[:2] == ("alert", wanted) for part in told), f"{text} is told: {told}")
+
+    def test_escape_closes_it(self):
+        press("Escape")
+        await_true(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
+
+
+class RestartAlertTest(AccessibleWindowTest):
+    title = "Tarvik"
+    arguments = ("ShowRestartAlert", "s", "")
+
+    def test_it_is_read_out_and_answered(self):
+        alert = await_true(lambda: self.find("Background helper enabled", "alert"), "the alert")
+        self.assertEqual(alert.description, "Restart Tarvik to finish connecting to the background helper.")
+        self.assertEqual(self.focused().name, "Restart Now")
+        self.perform("Restart Now", "Press")
+        self.assertEqual(self.fake.stdout.readline(), "Relaunch\n")
 
 
 if __name__ == "__main__":

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/Translation.h"
 #include "ui/TestDesktop.h"
+#include "ui/TestLidClosed.h"
 #include "ui/TestTarvik.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
@@ -27,6 +28,7 @@ public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine* engine)
     {
         qmlRegisterType<Tarvik::TestDesktop>("Tarvik.Test", 1, 0, "TestDesktop");
+        qmlRegisterType<Tarvik::TestLidClosed>("Tarvik.Test", 1, 0, "TestLidClosed");
         qmlRegisterType<Tarvik::TestTarvik>("Tarvik.Test", 1, 0, "TestTarvik");
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
         engine->addImageProvider(QStringLiteral("icons"), new Tarvik::IconProvider);

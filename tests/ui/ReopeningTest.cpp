@@ -4,6 +4,7 @@
 #include "support/TestSupport.h"
 #include "ui/WindowKeeper.h"
 #include "ui/mirror/Appearance.h"
+#include "ui/mirror/LidClosedMirror.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 
@@ -36,7 +37,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_keeper.emplace(WindowKeeper::Models{m_status, m_settings, m_appearance, {}, {}}, m_bus, 1h);
+        m_keeper.emplace(WindowKeeper::Models{m_status, m_settings, m_lidClosed, m_appearance, {}, {}}, m_bus, 1h);
     }
 
     void cleanup() { m_keeper.reset(); }
@@ -82,6 +83,7 @@ private:
         u"/com/morvanta/Tarvik"_s};
     StatusMirror m_status{m_bus};
     SettingsMirror m_settings{m_bus};
+    LidClosedMirror m_lidClosed{m_bus};
     Appearance m_appearance{m_bus};
     std::optional<WindowKeeper> m_keeper;
 };

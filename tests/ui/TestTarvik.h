@@ -7,6 +7,7 @@
 #include "support/TestSupport.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
+#include "ui/mirror/LidClosedMirror.h"
 #include "ui/mirror/MirrorTestSupport.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
@@ -25,6 +26,7 @@ class TestTarvik : public QObject {
     Q_OBJECT
     Q_PROPERTY(Tarvik::StatusMirror* status READ status CONSTANT)
     Q_PROPERTY(Tarvik::SettingsMirror* settings READ settings CONSTANT)
+    Q_PROPERTY(Tarvik::LidClosedMirror* lidClosed READ lidClosed CONSTANT)
     Q_PROPERTY(Tarvik::JournalMirror* journal READ journal CONSTANT)
     Q_PROPERTY(Tarvik::HooksMirror* hooks READ hooks CONSTANT)
     Q_PROPERTY(Tarvik::UpdaterMirror* updater READ updater CONSTANT)
@@ -32,6 +34,7 @@ class TestTarvik : public QObject {
 public:
     StatusMirror* status() { return &m_status; }
     SettingsMirror* settings() { return &m_settings; }
+    LidClosedMirror* lidClosed() { return &m_lidClosed; }
     JournalMirror* journal() { return &m_journal; }
     HooksMirror* hooks() { return &m_hooks; }
     UpdaterMirror* updater() { return &m_updater; }
@@ -183,10 +186,12 @@ private:
     QDBusConnection m_bus = mirrorConnection();
     StatusMirror m_status{m_bus};
     SettingsMirror m_settings{m_bus};
+    LidClosedMirror m_lidClosed{m_bus};
     JournalMirror m_journal{m_bus};
     HooksMirror m_hooks{m_bus};
     UpdaterMirror m_updater{m_bus};
-    std::array<PropertyMirror*, 5> m_mirrors{&m_status, &m_settings, &m_journal, &m_hooks, &m_updater};
+    std::array<PropertyMirror*, 6> m_mirrors{
+        &m_status, &m_settings, &m_lidClosed, &m_journal, &m_hooks, &m_updater};
     std::optional<ServedTarvik> m_served;
 };
 

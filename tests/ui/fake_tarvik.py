@@ -4,7 +4,8 @@
 """fake_tarvik.py [STATE]: offers on the session bus what the UI process observes, in one of a few states.
 
 STATE: awake (default), asleep, paused, off, session, long. "off" is also what becomes of any state when the windows set
-isEnabled to false. Prints "ready", and every request that it gets, one a line. Reads further states from its input, and
+isEnabled to false. Prints "ready", and every request that it gets, one a line, without those that come whenever a window becomes
+active. Reads further states from its input, and
 properties as NAME=JSON, each on a line of its own, and prints "entered" and the line for each.
 """
 import json
@@ -18,7 +19,7 @@ from gi.repository import Gio, GLib
 CONTRACTS = pathlib.Path(__file__).resolve().parents[2] / "src" / "dbus" / "contracts"
 STATUS = "com.morvanta.Tarvik.Status1"
 SETTINGS = "com.morvanta.Tarvik.Settings1"
-OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "Updater"))
+OTHERS = tuple(f"com.morvanta.Tarvik.{name}1" for name in ("Hooks", "Journal", "LidClosed", "Updater"))
 RESULTS = {
     "Install": GLib.Variant("(b)", (False,)),
     "Uninstall": GLib.Variant("(b)", (False,)),
@@ -93,7 +94,8 @@ class FakeTarvik:
         return True
 
     def called(self, _bus, _sender, _path, _interface, method, arguments, invocation):
-        self.say(method, *arguments.unpack())
+        if method != "RefreshHelperStatus":
+            self.say(method, *arguments.unpack())
         if method == "SetTimedSession":
             self.enter_state("session" if arguments.unpack()[0] > 0 else "awake")
         # No agent's file can be written.

@@ -24,14 +24,6 @@ namespace {
 /// A click on the tray takes the focus from the panel before the tray reports it.
 constexpr qint64 sameClickMilliseconds = 250;
 
-/// Lays out what would otherwise be laid out with the first frame, so that the window has its size before it is shown.
-void layOut(QQuickItem& item)
-{
-    for (QQuickItem* child : item.childItems())
-        layOut(*child);
-    item.ensurePolished();
-}
-
 } // namespace
 
 Panel::Panel(QQmlEngine& engine, const Models& models, const QDBusConnection& bus)

@@ -5,6 +5,7 @@
 #include "ui/placement/X11Hints.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QString>
 #include <QWindow>
 
@@ -19,6 +20,13 @@ void showAndActivate(QWindow& window, const QString& activationToken)
     if (!activationToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
     window.requestActivate();
+}
+
+void layOut(QQuickItem& item)
+{
+    for (QQuickItem* child : item.childItems())
+        layOut(*child);
+    item.ensurePolished();
 }
 
 void forgetFocus(QWindow& window)

@@ -4,11 +4,12 @@ import QtQuick
 import Tarvik.Design
 import Tarvik.Mirror
 
-/// What Tarvik keeps awake besides the computer, when it starts, and what it tells the user.
+/// What Tarvik keeps awake besides the computer, when it starts, how it deals with the lid, and what it tells the user.
 Form {
     id: root
 
     required property SettingsMirror settings
+    required property LidClosedMirror lidClosed
 
     Section {
         theme: root.theme
@@ -29,6 +30,11 @@ Form {
 
             onSwitched: on => root.settings.launchAtLogin = on
         }
+    }
+    LidClosedSection {
+        lidClosed: root.lidClosed
+        settings: root.settings
+        theme: root.theme
     }
     Section {
         footer: qsTr("Every change is recorded in the Journal tab either way.")

@@ -11,6 +11,7 @@ Item {
     required property Theme theme
     required property SettingsMirror settings
     required property StatusMirror status
+    required property LidClosedMirror lidClosed
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
@@ -30,6 +31,7 @@ Item {
         tab: 0
 
         sourceComponent: GeneralTab {
+            lidClosed: root.lidClosed
             settings: root.settings
             theme: root.theme
         }

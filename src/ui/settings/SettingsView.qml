@@ -11,6 +11,7 @@ FocusScope {
     required property Theme theme
     required property SettingsMirror settings
     required property StatusMirror status
+    required property LidClosedMirror lidClosed
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
@@ -62,6 +63,7 @@ FocusScope {
         currentTab: root.currentTab
         hooks: root.hooks
         journal: root.journal
+        lidClosed: root.lidClosed
         settings: root.settings
         status: root.status
         theme: root.theme

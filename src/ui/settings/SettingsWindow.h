@@ -6,18 +6,16 @@
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
 #include "ui/mirror/UpdaterMirror.h"
+#include "ui/placement/KeptWindow.h"
 
 #include <array>
 #include <functional>
-#include <memory>
 #include <optional>
-
-class QQmlEngine;
-class QQuickWindow;
 
 namespace Tarvik {
 
 class Appearance;
+class LidClosedMirror;
 class SettingsMirror;
 class StatusMirror;
 
@@ -30,6 +28,7 @@ public:
     struct Models {
         SettingsMirror& settings;
         StatusMirror& status;
+        LidClosedMirror& lidClosed;
         Appearance& appearance;
         std::function<QList<AllowlistedApp>()> installedApplications;
         /// Where the theme "hicolor" with the application's icon is.
@@ -37,9 +36,8 @@ public:
     };
 
     SettingsWindow(QQmlEngine& engine, Models models, const QDBusConnection& bus);
-    ~SettingsWindow() override;
 
-    bool isVisible() const;
+    bool isVisible() const { return m_window.isVisible(); }
     /// Once everything is known that the window shows; one that is open comes to the front.
     void show(const QString& activationToken);
 
@@ -52,15 +50,13 @@ private Q_SLOTS:
 
 private:
     void showWhenReady();
-    bool create();
 
-    QQmlEngine& m_engine;
     Models m_models;
     JournalMirror m_journal;
     HooksMirror m_hooks;
     UpdaterMirror m_updater;
-    std::array<PropertyMirror*, 3> m_mirrors;
-    std::unique_ptr<QQuickWindow> m_window;
+    std::array<PropertyMirror*, 4> m_mirrors;
+    KeptWindow m_window;
     /// The activation token of a window that is wanted but not shown yet.
     std::optional<QString> m_wanted;
 };

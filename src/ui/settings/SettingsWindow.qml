@@ -11,6 +11,7 @@ Window {
     required property Appearance appearance
     required property SettingsMirror settings
     required property StatusMirror status
+    required property LidClosedMirror lidClosed
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
@@ -49,6 +50,7 @@ Window {
         focus: true
         hooks: root.hooks
         journal: root.journal
+        lidClosed: root.lidClosed
         settings: root.settings
         status: root.status
         theme: theme

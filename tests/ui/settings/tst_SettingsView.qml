@@ -34,6 +34,7 @@ Item {
         anchors.fill: parent
         hooks: tarvik.hooks
         journal: tarvik.journal
+        lidClosed: tarvik.lidClosed
         status: tarvik.status
         settings: tarvik.settings
         theme: theme

@@ -25,6 +25,7 @@ Item {
         appearance: desktop.appearance
         hooks: tarvik.hooks
         journal: tarvik.journal
+        lidClosed: tarvik.lidClosed
         status: tarvik.status
         settings: tarvik.settings
         updater: tarvik.updater
@@ -162,7 +163,7 @@ Item {
             function test_tabReachesEveryControlInOrderAndShowsIt_data() {
                 const rows = [];
                 for (const textScale of [1, 2]) {
-                    rows.push({tab: "General", controls: ["keepDisplayAwake", "launchAtLogin", "notifyOnToggle", "notifyOnPause"]});
+                    rows.push({tab: "General", controls: ["keepDisplayAwake", "launchAtLogin", "clamshellEnabled", "screenOffOnLidClose", "helperButton", "notifyOnToggle", "notifyOnPause"]});
                     rows.push({tab: "Triggers", controls: ["watchAgents", "claude", "codex", "gemini", "qwen", "droid", "copilot", "watchEditors", "remove", "remove", "addApp"]});
                     rows.push({tab: "Power", controls: ["requireAC", "batteryLimitEnabled", "batteryThreshold", "enableOnAC", "pauseWhenHot"]});
                     rows.push({tab: "Journal", controls: ["entries", "copy", "clear"]});
