@@ -26,9 +26,21 @@ target_compile_definitions(tarvik-options INTERFACE
   # What newer versions advise against may be all that the oldest one has.
   QT_WARN_DEPRECATED_UP_TO=0x060400)
 
+# What most sources include, compiled once: tarvik-core does it for all that is compiled as it is. Every source includes what
+# it needs all the same; scripts/check and the sanitizers' preset compile without this.
+set(TARVIK_PRECOMPILED_HEADERS
+  <QCoreApplication> <QDateTime> <QDir> <QFile> <QHash> <QJsonArray> <QJsonDocument> <QJsonObject> <QLoggingCategory> <QMap>
+  <QObject> <QPointer> <QProcess> <QRegularExpression> <QSet> <QSocketNotifier> <QStringList> <QTimer> <QUrl> <QUuid> <QVariant>
+  <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <ranges> <string> <string_view> <utility> <variant> <vector>)
+
 # tarvik_library(FOLDER SOURCES...): the static library of one folder of src/.
 function(tarvik_library folder)
   string(REPLACE "/" "-" name "tarvik-${folder}")
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PUBLIC tarvik-base Qt6::Core)
+  if(folder STREQUAL "core")
+    target_precompile_headers(${name} PRIVATE ${TARVIK_PRECOMPILED_HEADERS})
+  else()
+    target_precompile_headers(${name} REUSE_FROM tarvik-core)
+  endif()
 endfunction()

@@ -40,7 +40,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("action");
         QTest::addColumn<QByteArray>("payload");
 
-        QFile file(QFINDTESTDATA("payloads.txt"));
+        QFile file(QStringLiteral(TARVIK_PAYLOADS));
         QVERIFY(file.open(QIODevice::ReadOnly));
         int count = 0;
         for (const QByteArray& line : file.readAll().split('\n')) {
