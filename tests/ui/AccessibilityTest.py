@@ -242,9 +242,13 @@ class SettingsTest(AccessibleWindowTest):
             ("push button", "Reinstall helper…", set()),
             ("heading", "Notifications", set()),
             ("check box", "Notify every time Tarvik starts or stops", {"checked"}),
+        ])
+        press("End")
+        last = [
             ("check box", "Notify when paused by battery or heat", {"checked"}),
             ("label", "Every change is recorded in the Journal tab either way.", set()),
-        ])
+        ]
+        await_told(lambda: self.parts()[-2:] == last, "the rest is shown")
 
     def test_a_switch_writes_its_setting(self):
         self.perform("Also keep the display awake", "Toggle")
@@ -294,12 +298,12 @@ class OnboardingTest(AccessibleWindowTest):
             ("push button", "Continue"),
         ])
         self.perform("Continue", "Press")
-        await_true(lambda: self.find("Install background helper…"), "the second step")
-        await_true(lambda: not self.find("Keep working, lid closed"), "the first step is gone")
+        await_told(lambda: self.find("Install background helper…"), "the second step")
+        await_told(lambda: self.parts()[:1] == [("panel", "Skip the password prompts")], "the first step is gone")
         self.assertEqual(self.parts()[:2], [("panel", "Skip the password prompts"), ("heading", "Skip the password prompts")])
         self.assertEqual(self.parts()[-2:], [("push button", "Back"), ("push button", "Continue")])
         self.perform("Continue", "Press")
-        await_true(lambda: not self.find("Skip the password prompts"), "the second step is gone")
+        await_told(lambda: self.parts()[:1] == [("panel", "You're all set")], "the second step is gone")
         self.assertEqual(self.parts(), [
             ("panel", "You're all set"),
             ("heading", "You're all set"),
@@ -325,7 +329,7 @@ class OnboardingTest(AccessibleWindowTest):
     def test_a_new_step_is_told(self):
         told = self.follow("object:state-changed:focused")
         press("Return")
-        await_true(lambda: any(name == "Skip the password prompts" and text.startswith("Step 2 of 3. ") for _, name, text in told),
+        await_told(lambda: any(name == "Skip the password prompts" and text.startswith("Step 2 of 3. ") for _, name, text in told),
                    "the step is told")
 
     def test_what_becomes_of_the_helper_is_told(self):
@@ -337,11 +341,11 @@ class OnboardingTest(AccessibleWindowTest):
                            ("helperNeedsApproval=true", "Approve Tarvik under System Settings ▸ Login Items, then come back here."),
                            ("helperInstalled=true", "Background helper installed and active.")):
             self.tell(line)
-            await_true(lambda wanted=text: any(part[:2] == ("alert", wanted) for part in told), f"{text} is told: {told}")
+            await_told(lambda wanted=text: any(part[:2] == ("alert", wanted) for part in told), f"{text} is told: {told}")
 
     def test_escape_closes_it(self):
         press("Escape")
-        await_true(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
+        await_told(lambda: not ((frame := self.frame()) and "showing" in states(frame)), "the window is closed")
 
 
 class RestartAlertTest(AccessibleWindowTest):
@@ -349,7 +353,7 @@ class RestartAlertTest(AccessibleWindowTest):
     arguments = ("ShowRestartAlert", "s", "")
 
     def test_it_is_read_out_and_answered(self):
-        alert = await_true(lambda: self.find("Background helper enabled", "alert"), "the alert")
+        alert = await_told(lambda: self.find("Background helper enabled", "alert"), "the alert")
         self.assertEqual(alert.description, "Restart Tarvik to finish connecting to the background helper.")
         self.assertEqual(self.focused().name, "Restart Now")
         self.perform("Restart Now", "Press")

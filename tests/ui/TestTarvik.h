@@ -190,8 +190,7 @@ private:
     JournalMirror m_journal{m_bus};
     HooksMirror m_hooks{m_bus};
     UpdaterMirror m_updater{m_bus};
-    std::array<PropertyMirror*, 6> m_mirrors{
-        &m_status, &m_settings, &m_lidClosed, &m_journal, &m_hooks, &m_updater};
+    std::array<PropertyMirror*, 6> m_mirrors{&m_status, &m_settings, &m_lidClosed, &m_journal, &m_hooks, &m_updater};
     std::optional<ServedTarvik> m_served;
 };
 

@@ -47,7 +47,7 @@ Window {
         width: root.fullWidth
 
         LayoutMirroring.childrenInherit: true
-        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.enabled: theme.isRightToLeft
 
         Accessible.description: root.informativeText
         Accessible.name: root.message
@@ -102,7 +102,8 @@ Window {
         }
     }
     Shortcut {
-        sequences: [StandardKey.Close]
+        // Qt 6.4 does not tell its tools of StandardKey.
+        sequences: [StandardKey.Close] // qmllint disable unqualified
 
         onActivated: root.close()
     }

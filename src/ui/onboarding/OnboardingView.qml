@@ -23,7 +23,7 @@ FocusScope {
     implicitWidth: theme.scaled(480)
 
     LayoutMirroring.childrenInherit: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: theme.isRightToLeft
 
     Keys.forwardTo: [currentPage]
     Keys.onEnterPressed: proceed()

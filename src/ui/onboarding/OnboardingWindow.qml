@@ -53,7 +53,8 @@ Window {
         }
     }
     Shortcut {
-        sequences: [StandardKey.Close]
+        // Qt 6.4 does not tell its tools of StandardKey.
+        sequences: [StandardKey.Close] // qmllint disable unqualified
 
         onActivated: root.close()
     }

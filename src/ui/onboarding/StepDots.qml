@@ -16,6 +16,8 @@ Row {
     Repeater {
         model: root.lastStep + 1
 
+        // What a component names of its surroundings cannot be declared before Qt 6.5.
+        // qmllint disable unqualified
         Rectangle {
             required property int index
 
@@ -27,5 +29,6 @@ Row {
             radius: height / 2
             width: height
         }
+        // qmllint enable unqualified
     }
 }

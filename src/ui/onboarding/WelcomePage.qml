@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tarvik.Design
 
 /// What lid-closed mode is for.
 OnboardingPage {
@@ -16,7 +15,8 @@ OnboardingPage {
         anchors.horizontalCenter: parent.horizontalCenter
         height: width
         source: root.applicationIcon
-        sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+        sourceSize.height: height * Screen.devicePixelRatio
+        sourceSize.width: width * Screen.devicePixelRatio
         width: root.theme.scaled(88)
 
         Accessible.ignored: true

@@ -40,6 +40,7 @@ CardPart {
         }
         Caption {
             objectName: "notInstalled"
+            theme: root.theme
             text: qsTr("Install a background helper so toggling never asks for your admin password. Restored automatically when keep-awake ends or Tarvik quits.")
             visible: !root.isInstalled && !root.needsApproval
         }
@@ -56,6 +57,7 @@ CardPart {
             id: error
 
             objectName: "helperError"
+            theme: root.theme
             text: root.lidClosed.lastHelperError
             visible: text
 
@@ -65,9 +67,8 @@ CardPart {
     }
 
     component Caption: Label {
-        color: root.theme.secondaryText
-        font.pixelSize: root.theme.captionSize
-        theme: root.theme
+        color: theme.secondaryText
+        font.pixelSize: theme.captionSize
         width: parent ? parent.width : implicitWidth
         wrapMode: Text.Wrap
 
