@@ -24,13 +24,8 @@ BackgroundHelper::BackgroundHelper(HelperManager& manager, SettingsStore& store,
     , m_store(store)
     , m_build(std::move(build))
 {
-    m_manager.onStatusChange = [this] { noticeStatus(); };
+    connect(&m_manager, &HelperManager::statusChanged, this, &BackgroundHelper::noticeStatus);
     noticeStatus();
-}
-
-BackgroundHelper::~BackgroundHelper()
-{
-    m_manager.onStatusChange = nullptr;
 }
 
 bool BackgroundHelper::isUsable() const

@@ -15,11 +15,9 @@ class BackgroundHelper : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes over `manager.onStatusChange`. As soon as the status is known, a helper that has not been seen by this
-    /// build of the application must answer, or is installed anew; `build` is CFBundleVersion. Both must outlive the
-    /// object.
+    /// As soon as the status is known, a helper that has not been seen by this build of the application must answer, or
+    /// is installed anew; `build` is CFBundleVersion. Both must outlive the object.
     BackgroundHelper(HelperManager& manager, SettingsStore& store, QString build);
-    ~BackgroundHelper() override;
 
     /// The system has said how far the helper is installed.
     bool isKnown() const { return m_isKnown; }

@@ -12,17 +12,11 @@ namespace Tarvik {
 HelperManager::HelperManager(HelperService& service, Clock& clock)
     : m_service(service)
     , m_clock(clock)
+    , m_statusChanges(service.statusChanged.subscribe([this] { Q_EMIT statusChanged(); }))
 {
-    m_service.onStatusChange = [this] {
-        if (onStatusChange)
-            onStatusChange();
-    };
 }
 
-HelperManager::~HelperManager()
-{
-    m_service.onStatusChange = nullptr;
-}
+HelperManager::~HelperManager() = default;
 
 HelperConnection* HelperManager::proxy()
 {
@@ -33,8 +27,8 @@ HelperConnection* HelperManager::proxy()
         return nullptr;
     m_connection->onInvalidated = [this, connection = m_connection.get()] { dropConnection(connection); };
     m_connection->onInterrupted = [this, connection = m_connection.get()] {
-        if (connection == m_connection.get() && onLost)
-            onLost();
+        if (connection == m_connection.get())
+            Q_EMIT lost();
     };
     return m_connection.get();
 }
@@ -46,8 +40,7 @@ void HelperManager::dropConnection(const HelperConnection* dropped)
     // It is the one that is speaking, and must live until it has finished.
     QMetaObject::invokeMethod(
         this, [connection = std::exchange(m_connection, nullptr)] {}, Qt::QueuedConnection);
-    if (onLost)
-        onLost();
+    Q_EMIT lost();
 }
 
 void HelperManager::setKeepAwake(bool enabled, Completion done)

@@ -30,7 +30,7 @@ public:
     /// From the end of the removal to the new registration.
     static constexpr Seconds reinstallPause{0.5};
 
-    /// Takes over the callback of `service`; both must outlive the manager.
+    /// Both must outlive the manager.
     HelperManager(HelperService& service, Clock& clock);
     ~HelperManager() override;
 
@@ -56,11 +56,11 @@ public:
     /// Asks the system for the status anew.
     void refresh() { m_service.refresh(); }
 
+Q_SIGNALS:
     /// The status is known for the first time, or has changed.
-    std::function<void()> onStatusChange;
-
+    void statusChanged();
     /// Whatever the helper was asked for is void: it has ended, or the way to it is lost.
-    std::function<void()> onLost;
+    void lost();
 
 private:
     struct Call {
@@ -78,6 +78,7 @@ private:
 
     HelperService& m_service;
     Clock& m_clock;
+    Subscription m_statusChanges;
     std::shared_ptr<HelperConnection> m_connection;
     /// Those without an answer yet.
     std::map<quint64, Call> m_calls;

@@ -24,7 +24,7 @@ LidClosedMode::LidClosedMode(
     , m_screen(services.display, services.lid, services.clock)
     , m_onboarding(store, m_actions.showOnboarding)
 {
-    m_manager.onLost = [this] { noticeHelperLoss(); };
+    connect(&m_manager, &HelperManager::lost, this, &LidClosedMode::noticeHelperLoss);
     connect(&m_helper, &BackgroundHelper::changed, this, &LidClosedMode::helperChanged);
     connect(&m_helper, &BackgroundHelper::evaluationNeeded, this, &LidClosedMode::evaluationNeeded);
     connect(&m_helper, &BackgroundHelper::restartNeeded, this, [this] { m_actions.showRestartAlert(); });

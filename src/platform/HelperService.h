@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/HelperConnection.h"
 
 #include <QString>
@@ -32,7 +33,7 @@ public:
     virtual std::optional<HelperStatus> status() const = 0;
 
     /// The status is known for the first time, or has changed.
-    std::function<void()> onStatusChange;
+    Signal<void()> statusChanged;
 
     /// Asks the system anew, for what changes without an announcement.
     virtual void refresh() = 0;

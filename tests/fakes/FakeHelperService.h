@@ -44,8 +44,7 @@ public:
     void setStatus(HelperStatus status)
     {
         current = status;
-        if (onStatusChange)
-            onStatusChange();
+        statusChanged();
     }
 
     /// The registration, or its removal, has come to an end; `error` is empty on success.

@@ -74,7 +74,7 @@ private Q_SLOTS:
     void anUnknownStatusStaysUnknown()
     {
         start();
-        m_service->onStatusChange();
+        m_service->statusChanged();
         QVERIFY(!m_helper->isKnown());
     }
 

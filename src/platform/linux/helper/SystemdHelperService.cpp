@@ -27,10 +27,7 @@ SystemdHelperService::SystemdHelperService(const QDBusConnection& systemBus, QSt
     , m_places(std::move(places))
     , m_availability(m_bus, m_label)
 {
-    m_availability.onChange = [this] {
-        if (onStatusChange)
-            onStatusChange();
-    };
+    m_availability.onChange = [this] { statusChanged(); };
 }
 
 std::optional<HelperStatus> SystemdHelperService::status() const

@@ -378,7 +378,7 @@ private:
     void makeService(const QDBusConnection& bus)
     {
         m_service = std::make_unique<SystemdHelperService>(bus, label, m_places);
-        m_service->onStatusChange = [this] { m_statuses.append(*m_service->status()); };
+        m_statusChanges = m_service->statusChanged.subscribe([this] { m_statuses.append(*m_service->status()); });
     }
 
     void registerService()
@@ -409,6 +409,7 @@ private:
     std::unique_ptr<FakeBusObject> m_systemd;
     std::unique_ptr<FakeBusObject> m_polkit;
     std::unique_ptr<SystemdHelperService> m_service;
+    Subscription m_statusChanges;
     QList<HelperStatus> m_statuses;
     QStringList m_errors;
 };
