@@ -22,7 +22,7 @@ struct ClosedLidFacts {
     /// themselves when it is being closed.
     bool hasLidDaemon = false;
     /// As logind lists them, our own included.
-    QList<LogindInhibitor> inhibitors;
+    QList<LogindInhibitor> inhibitors = {};
     /// The ids of this process and of its user.
     std::uint32_t ownProcess = 0;
     std::uint32_t ownUser = 0;
@@ -30,7 +30,7 @@ struct ClosedLidFacts {
     /// There is a dock or another display, as logind counts them.
     bool isDocked = false;
     /// Whether the desktop's daemon is set to suspend; nothing where that cannot be read.
-    std::optional<bool> daemonSuspends;
+    std::optional<bool> daemonSuspends = {};
 
     bool operator==(const ClosedLidFacts&) const = default;
 };
