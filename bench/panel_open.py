@@ -18,9 +18,9 @@ import time
 from gi.repository import Gio, GLib
 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "support"))
+from offline import Offline  # noqa: E402
 from waiting import eventually  # noqa: E402
 
-FAKE = str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "ui" / "fake_tarvik.py")
 NAME = "com.morvanta.TarvikUi"
 EXPOSE_WAIT = 10
 # What is measured is as exact as this.
@@ -142,15 +142,9 @@ def cost(*processes):
 
 
 def main(executable, openings):
-    fake = subprocess.Popen(["/usr/bin/python3", FAKE, "awake"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-    fake.stdout.readline()
+    tarvik = Offline(executable)
     screen, ui = Screen(), Ui(executable)
     server = Process(int(subprocess.run(["pgrep", "-x", "Xvfb"], capture_output=True, text=True, check=True).stdout))
-
-    def enter(state):
-        fake.stdin.write(state + "\n")
-        fake.stdin.flush()
-        fake.stdout.readline()
 
     def open_panel():
         ui.click()
@@ -178,11 +172,11 @@ def main(executable, openings):
     row("Open, the dot pulsing: CPU", f"{cpu:.1f} %, {wakeups:.0f} wake-ups/s", "at most 2 %")
     row("  the X server meanwhile", f"{server_cpu:.1f} %")
     row("Open: PSS", f"{process.pss():.1f} MB")
-    enter("asleep")
+    tarvik.enter("asleep")
     settle(process)
     (cpu, wakeups), (server_cpu, _) = cost(process, server)
     row("Open, nothing moving: CPU", f"{cpu:.2f} %, {wakeups:.1f} wake-ups/s", "none")
-    enter("awake")
+    tarvik.enter("awake")
     close_panel()
     settle(process)
     (cpu, wakeups), (server_cpu, _) = cost(process, server)
@@ -198,7 +192,7 @@ def main(executable, openings):
     row(f"Click to first frame, process lingering (of {openings})", summary(warm), "at most 30 ms")
     row(f"Own memory after {openings // 10} openings, and after {openings}", f"{sizes[0]:.2f} MB, {sizes[1]:.2f} MB", "the same")
     ui.stop()
-    fake.kill()
+    tarvik.end()
 
 
 if __name__ == "__main__":

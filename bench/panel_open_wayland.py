@@ -12,9 +12,10 @@ import subprocess
 import sys
 import tempfile
 
-from panel_open import CLICK, EXPOSE_WAIT, FAKE, Ui, milliseconds, row, summary
+from panel_open import CLICK, EXPOSE_WAIT, Ui, milliseconds, row, summary
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "ui"))
+from offline import Offline  # noqa: E402
 from sway import Sway  # noqa: E402
 from waiting import eventually  # noqa: E402
 
@@ -62,10 +63,10 @@ if __name__ == "__main__":
     with tempfile.TemporaryDirectory() as runtime:
         os.environ["XDG_RUNTIME_DIR"] = runtime
         session = Sway()
-        tarvik = session.start("/usr/bin/python3", FAKE, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        tarvik = Offline(sys.argv[1])
         try:
-            tarvik.stdout.readline()
             session.seat.move(*CLICK)
             main(sys.argv[1])
         finally:
+            tarvik.end()
             session.close()

@@ -12,9 +12,26 @@
 #include "fakes/FakeUpdateDriver.h"
 #include "updates/Updater.h"
 
+#include <functional>
 #include <optional>
 
 namespace Tarvik {
+
+/// Tarvik's object, which also says what it is asked for.
+class ObservedBusObject final : public BusObject {
+public:
+    using BusObject::BusObject;
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
+    {
+        if (onMessage)
+            onMessage(message);
+        return BusObject::handleMessage(message, connection);
+    }
+
+    /// Called before the message is answered.
+    std::function<void(const QDBusMessage& message)> onMessage;
+};
 
 /// The whole model on fakes, offered on the session bus; on a connection of its own, because QtDBus short-cuts calls
 /// within one.
@@ -70,7 +87,7 @@ public:
     FakeUpdateDriver updateDriver;
     std::optional<Updater> updater;
     std::optional<StatusObject> status;
-    std::optional<BusObject> object;
+    std::optional<ObservedBusObject> object;
     /// What has been asked for that is not the model's own to do.
     QStringList asked;
 

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "CoordinatedMachine.h"
-
+#include "engine/SteeredMachine.h"
 #include "support/TestSupport.h"
 
 #include <QDir>
@@ -12,113 +11,38 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A machine that does what the lines of a trace say.
+/// A machine that does what the lines of a trace say, and looks at what they say it should have done.
 class TracedMachine {
 public:
     void play(const QString& line)
     {
         const QString word = line.section(u' ', 0, 0);
         const QString value = line.section(u' ', 1);
-        if (word == u"set"_s)
-            setSetting(value.section(u' ', 0, 0), value.section(u' ', 1));
-        else if (word == u"mains"_s)
-            setPower(oneOf(value, {u"off"_s, u"on"_s}) == 1, m_percent);
-        else if (word == u"battery"_s)
-            setPower(m_isOnAC, value == u"none"_s ? std::nullopt : std::optional(number(value)));
-        else if (word == u"heat"_s)
-            m.setHeat(static_cast<ThermalLevel>(oneOf(value, {u"nominal"_s, u"fair"_s, u"serious"_s, u"critical"_s})));
-        else if (word == u"lid"_s)
-            m.lid.closed = oneOf(value, {u"open"_s, u"closed"_s}) == 1;
-        else if (word == u"helper"_s)
-            setHelper(static_cast<HelperStatus>(oneOf(value, {u"missing"_s, u"installed"_s, u"unapproved"_s})));
-        else if (word == u"work"_s)
-            setWork(oneOf(value, {u"off"_s, u"on"_s}) == 1);
-        else if (word == u"start"_s)
-            m.start();
-        else if (word == u"wait"_s)
-            m.clock.advance(Seconds{number(value)});
-        else if (word == u"held"_s)
+        if (word == u"held"_s)
             QCOMPARE(held(), value);
         else if (word == u"journal"_s)
             m_expected.append(value);
         else
-            QFAIL(qPrintable(u"unknown line: "_s + line));
-        while (m.helper.living > 0 && m.helper.connection->waiting() > 0)
-            m.helper.connection->reply(true);
+            QVERIFY(m_steering.play(line));
     }
 
-    void compareJournal() const { QCOMPARE(m.journalLines(), m_expected); }
+    void compareJournal() const { QCOMPARE(m_machine.journalLines(), m_expected); }
 
 private:
-    static int number(const QString& text)
-    {
-        bool isNumber = false;
-        const int result = text.toInt(&isNumber);
-        if (!isNumber)
-            qFatal("not a number: %s", qPrintable(text));
-        return result;
-    }
-
-    static int oneOf(const QString& word, const QStringList& words)
-    {
-        const auto index = static_cast<int>(words.indexOf(word));
-        if (index < 0)
-            qFatal("unknown word: %s", qPrintable(word));
-        return index;
-    }
-
-    void setSetting(const QString& key, const QString& text)
-    {
-        const bool isFlag = text == u"true"_s || text == u"false"_s;
-        const QVariant value = isFlag ? QVariant(text == u"true"_s) : QVariant(qint64{number(text)});
-        if (m.settings) {
-            QVERIFY(m.settings->setProperty(key.toLatin1().constData(), value));
-            CoordinatedMachine::settle();
-        } else {
-            m.store.values[key] = value;
-        }
-    }
-
-    void setPower(bool isOnAC, std::optional<int> percent)
-    {
-        m_isOnAC = isOnAC;
-        m_percent = percent;
-        m.setPower(isOnAC, percent);
-        CoordinatedMachine::settle();
-    }
-
-    /// Of a machine with a lid.
-    void setHelper(HelperStatus status)
-    {
-        m.lid.setPresent(true);
-        m.helper.setStatus(status);
-        CoordinatedMachine::settle();
-    }
-
-    void setWork(bool isWorking)
-    {
-        const QByteArray processes = isWorking ? "claude\n" : "";
-        if (m.process)
-            m.run(processes);
-        else
-            m.processTable.output = processes;
-    }
-
     QString held() const
     {
         QStringList words;
-        if (m.assertions.isSystemHeld())
+        if (m_machine.assertions.isSystemHeld())
             words.append(u"system"_s);
-        if (m.assertions.isDisplayHeld())
+        if (m_machine.assertions.isDisplayHeld())
             words.append(u"display"_s);
-        if (m.coordinator->clamshellActive())
+        if (m_machine.coordinator->clamshellActive())
             words.append(u"override"_s);
         return words.isEmpty() ? u"nothing"_s : words.join(u' ');
     }
 
-    CoordinatedMachine m;
-    bool m_isOnAC = true;
-    std::optional<int> m_percent;
+    CoordinatedMachine m_machine;
+    SteeredMachine m_steering{m_machine};
     QStringList m_expected;
 };
 

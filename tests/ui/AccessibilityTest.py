@@ -78,10 +78,12 @@ class AccessibleWindowTest(WindowsTestCase):
     maxDiff = None
     title: str
     arguments: tuple
+    lines = ()
 
     def setUp(self):
         Atspi.set_timeout(DEADLINE * 1000, DEADLINE * 1000)
         self.start_windows()
+        self.tarvik.tell(*self.lines)
         self.show(*self.arguments)
         await_told(lambda: self.focused() is not None, "the window has the focus")
         # Something in it has the focus before the window has it.
@@ -139,7 +141,7 @@ class PanelTest(AccessibleWindowTest):
         self.assertEqual([described(part) for part in descendants(panel)], [
             ("heading", "Awake · 2 agents, 1 app", "", set()),
             ("label", "Claude Code, Codex +1 more", "", {"focusable", "read only"}),
-            ("label", "charging 80% · lid closed", "", {"focusable", "read only"}),
+            ("label", "charging 80%", "", {"focusable", "read only"}),
             ("check box", "Tarvik", HELP, {"checked", "focusable"}),
             ("push button", "Keep awake for…", "", {"focusable"}),
             ("push button", "Lock & leave", "", {"focusable"}),
@@ -148,12 +150,12 @@ class PanelTest(AccessibleWindowTest):
         ])
 
     def test_what_is_shown_and_said_is_the_same(self):
-        self.tell("asleep")
+        self.tarvik.enter("asleep")
         await_told(lambda: self.find("Dozing — nothing to watch", "heading"), "the new headline")
         self.assertEqual([part.name for part in self.everything() if part.getRoleName() == "label"], ["Nothing running to keep awake for"])
-        self.tell("session")
+        self.tarvik.enter("session")
         await_told(lambda: self.find("Change session…"), "the new title")
-        self.tell("off")
+        self.tarvik.enter("off")
         await_told(lambda: self.is_unchecked("Tarvik"), "unchecked")
 
     def test_the_keyboards_focus_is_told(self):
@@ -170,7 +172,7 @@ class PanelTest(AccessibleWindowTest):
             await_told(lambda wanted=name: wanted in told, f"the focus of {name} is announced: {told}")
 
     def test_the_menu_has_a_name_and_its_entries_get_the_focus(self):
-        self.tell("session")
+        self.tarvik.enter("session")
         await_told(lambda: self.find("Change session…"), "a session")
         press("Down", "Down", "Return")
         menu = await_told(lambda: next((part for part in self.everything() if part.getRoleName() == "popup menu"), None), "the menu")
@@ -187,21 +189,21 @@ class PanelTest(AccessibleWindowTest):
 
     def test_a_screen_reader_flips_the_switch(self):
         self.perform("Tarvik", "Toggle")
-        self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
+        self.assertEqual(self.tarvik.request(), "set isEnabled false")
         await_told(lambda: self.is_unchecked("Tarvik"), "unchecked")
         self.perform("Tarvik", "Press")
-        self.assertEqual(self.fake.stdout.readline(), "set isEnabled True\n")
+        self.assertEqual(self.tarvik.request(), "set isEnabled true")
 
     def test_a_screen_reader_starts_a_session(self):
         self.perform("Keep awake for…", "Press")
         await_told(lambda: self.find("2 hours"), "the menu opens")
         self.perform("2 hours", "Press")
-        self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 120\n")
+        self.assertEqual(self.tarvik.request(), "SetTimedSession 120")
         await_told(lambda: not self.find("2 hours"), "the menu closes")
 
     def test_a_screen_reader_locks_and_leaves(self):
         self.perform("Lock & leave", "Press")
-        self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
+        self.assertEqual(self.tarvik.request(), "LockScreen")
         await_told(lambda: not ((part := self.find("Lock & leave")) and "showing" in states(part)), "the panel is closed")
 
     def test_a_screen_reader_sets_the_focus(self):
@@ -217,11 +219,13 @@ class PanelTest(AccessibleWindowTest):
 class SettingsTest(AccessibleWindowTest):
     title = "Tarvik Settings"
     arguments = ("ShowSettings", "s", "")
+    lines = ("set keepDisplayAwake true", "set notifyOnToggle true", "set notifyOnPause true", "set batteryThreshold 20",
+             "set batteryLimitEnabled true", "hooks fail", "helper installed", "set clamshellEnabled true")
 
     def setUp(self):
         super().setUp()
         # Whether updates can be had is found out when somebody may want to know.
-        self.assertEqual(self.fake.stdout.readline(), "Prepare\n")
+        self.assertEqual(self.tarvik.request(), "Prepare")
 
     def parts(self):
         """What is shown of the window, without its layout."""
@@ -252,13 +256,13 @@ class SettingsTest(AccessibleWindowTest):
 
     def test_a_switch_writes_its_setting(self):
         self.perform("Also keep the display awake", "Toggle")
-        self.assertEqual(self.fake.stdout.readline(), "set keepDisplayAwake False\n")
+        self.assertEqual(self.tarvik.request(), "set keepDisplayAwake false")
 
     def test_a_hook_is_installed_and_a_failure_told(self):
         self.perform("Triggers", "Press")
         await_told(lambda: self.find("Claude Code", "check box"), "the tab is shown")
         self.perform("Claude Code", "Toggle")
-        self.assertEqual(self.fake.stdout.readline(), "Install claude\n")
+        self.assertEqual(self.tarvik.request(), "Install claude")
         row = await_told(lambda: (part := self.find("Claude Code", "check box")) and part.description and part, "the failure is told")
         self.assertIn("Couldn't write ~/.claude/settings.json.", row.description)
         await_told(lambda: self.is_unchecked("Claude Code"), "the switch is back")
@@ -277,11 +281,7 @@ class SettingsTest(AccessibleWindowTest):
 class OnboardingTest(AccessibleWindowTest):
     title = "Set up lid-closed mode"
     arguments = ("ShowOnboarding", "s", "")
-
-    def setUp(self):
-        super().setUp()
-        self.tell("helperInstalled=false")
-        self.tell("helperNeedsApproval=false")
+    lines = ("helper missing",)
 
     def parts(self):
         """What is shown, with what a screen reader says of it besides its name."""
@@ -313,7 +313,7 @@ class OnboardingTest(AccessibleWindowTest):
             ("push button", "Done"),
         ])
         self.perform("Done", "Press")
-        self.assertEqual(self.fake.stdout.readline(), "FinishOnboarding\n")
+        self.assertEqual(self.tarvik.request(), "FinishOnboarding")
 
     def follow(self, event):
         """What is told of it from now on, as names."""
@@ -335,12 +335,13 @@ class OnboardingTest(AccessibleWindowTest):
     def test_what_becomes_of_the_helper_is_told(self):
         press("Return")
         self.perform("Install background helper…", "Press")
-        self.assertEqual(self.fake.stdout.readline(), "InstallHelper\n")
+        self.assertEqual(self.tarvik.request(), "InstallHelper")
         told = self.follow("object:state-changed:showing")
-        for line, text in (("lastHelperError=\"The background helper isn’t responding.\"", "The background helper isn’t responding."),
-                           ("helperNeedsApproval=true", "Approve Tarvik under System Settings ▸ Login Items, then come back here."),
-                           ("helperInstalled=true", "Background helper installed and active.")):
-            self.tell(line)
+        for lines, text in ((["installed-helper The background helper isn’t responding."], "The background helper isn’t responding."),
+                            (["install-helper", "helper unapproved", "installed-helper"],
+                             "Approve Tarvik under System Settings ▸ Login Items, then come back here."),
+                            (["helper installed"], "Background helper installed and active.")):
+            self.tarvik.tell(*lines)
             await_told(lambda wanted=text: any(part[:2] == ("alert", wanted) for part in told), f"{text} is told: {told}")
 
     def test_escape_closes_it(self):
@@ -357,7 +358,7 @@ class RestartAlertTest(AccessibleWindowTest):
         self.assertEqual(alert.description, "Restart Tarvik to finish connecting to the background helper.")
         self.assertEqual(self.focused().name, "Restart Now")
         self.perform("Restart Now", "Press")
-        self.assertEqual(self.fake.stdout.readline(), "Relaunch\n")
+        self.assertEqual(self.tarvik.request(), "Relaunch")
 
 
 if __name__ == "__main__":

@@ -92,7 +92,7 @@ class PanelOnDesktopTest(WindowsTestCase):
 
     def height_in(self, state):
         """How high the panel is when it has nothing to adapt to."""
-        self.tell(state)
+        self.tarvik.enter(state)
         window = self.open()
         height = self.surface(window)[3]
         self.press("Escape")
@@ -104,7 +104,7 @@ class PanelOnDesktopTest(WindowsTestCase):
         self.assertGreater(enough, little)
         window = self.open()
         for state, height in (("long", enough), ("asleep", little), ("long", enough)):
-            self.tell(state)
+            self.tarvik.enter(state)
             eventually(lambda wanted=height: self.surface(window)[3] == wanted, f"the panel is as high as {state} needs")
 
     @staticmethod
@@ -157,17 +157,17 @@ class PanelOnDesktopTest(WindowsTestCase):
         self.open()
         self.press("Down", "Down", "Return")
         self.press("Down", "Down", "Return")
-        self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 60\n")
+        self.assertEqual(self.tarvik.request(), "SetTimedSession 60")
 
     def test_the_switch_is_flipped_by_mouse(self):
         x, y, width, _height = self.surface(self.open())
         subprocess.run(["xdotool", "mousemove", str(x + width - 34), str(y + 80), "click", "1"], check=True, timeout=DEADLINE)
-        self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
+        self.assertEqual(self.tarvik.request(), "set isEnabled false")
 
     def test_lock_and_leave_locks_and_closes(self):
         self.open()
         self.press("Down", "Down", "Down", "Return")
-        self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
+        self.assertEqual(self.tarvik.request(), "LockScreen")
         self.assert_closed()
 
     def colour_at(self, x, y):
@@ -190,7 +190,7 @@ class PanelOnDesktopTest(WindowsTestCase):
     def test_quit_ends_tarvik_and_with_it_the_windows(self):
         self.open()
         self.press("Up", "space")
-        self.assertEqual(self.fake.stdout.readline(), "Quit\n")
+        self.assertEqual(self.tarvik.request(), "Quit")
         self.assertEqual(self.ui.wait(DEADLINE), 0)
 
 

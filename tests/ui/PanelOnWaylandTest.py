@@ -53,7 +53,7 @@ class PanelAtTheBottomTest(PanelTest):
     def test_opens_above_the_bar_and_keeps_to_it(self):
         _x, y, _width, height = self.open(600, 790)
         self.assertEqual(y + height, 800 - BAR_HEIGHT - MARGIN)
-        self.tell("asleep")
+        self.tarvik.enter("asleep")
         _x, y, _width, smaller = eventually(lambda: (now := self.surface()) and now[3] < height and now, "the panel shrinks")
         self.assertEqual(y + smaller, 800 - BAR_HEIGHT - MARGIN)
 
@@ -97,10 +97,10 @@ class PanelAtTheTopTest(PanelTest):
 
     def test_follows_the_height_of_its_content(self):
         x, y, width, height = self.open()
-        self.tell("asleep")
+        self.tarvik.enter("asleep")
         smaller = eventually(lambda: (now := self.surface()) and now[3] < height and now, "the panel shrinks")
         self.assertEqual(smaller[:3], (x, y, width))
-        self.tell("awake")
+        self.tarvik.enter("awake")
         eventually(lambda: self.surface() == (x, y, width, height), "the panel grows again")
 
     def test_opens_at_the_pointer_when_the_tray_counts_from_its_own_corner(self):
@@ -151,24 +151,24 @@ class PanelAtTheTopTest(PanelTest):
     def test_the_switch_is_flipped_by_mouse(self):
         x, y, width, _height = self.open()
         self.sway.seat.click(x + width - 34, y + 80)
-        self.assertEqual(self.fake.stdout.readline(), "set isEnabled False\n")
+        self.assertEqual(self.tarvik.request(), "set isEnabled false")
 
     def test_the_keyboard_starts_a_session(self):
         self.open()
         self.press("Down", "Down", "Return")
         self.press("Down", "Down", "Return")
-        self.assertEqual(self.fake.stdout.readline(), "SetTimedSession 60\n")
+        self.assertEqual(self.tarvik.request(), "SetTimedSession 60")
 
     def test_lock_and_leave_locks_and_closes(self):
         self.open()
         self.press("Down", "Down", "Down", "Return")
-        self.assertEqual(self.fake.stdout.readline(), "LockScreen\n")
+        self.assertEqual(self.tarvik.request(), "LockScreen")
         self.assert_closed()
 
     def test_quit_ends_tarvik_and_with_it_the_windows(self):
         self.open()
         self.press("Up", "space")
-        self.assertEqual(self.fake.stdout.readline(), "Quit\n")
+        self.assertEqual(self.tarvik.request(), "Quit")
         self.assertEqual(self.ui.wait(DEADLINE), 0)
         # Nor has the compositor anything to complain of.
         self.assertNotIn("error", self.ui_log.read_text(encoding="utf-8"))

@@ -1,17 +1,20 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""The built UI process on a private bus, against a fake Tarvik: when it comes, and when it leaves."""
+"""The built UI process on a private bus, with tarvik-offline: when it comes, and when it leaves."""
 import os
 import pathlib
 import subprocess
+import sys
 import tempfile
 import unittest
 
 from gi.repository import Gio, GLib
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from offline import Offline
+
 UI = os.environ["TARVIK_UI"]
-FAKE = str(pathlib.Path(__file__).parent / "fake_tarvik.py")
 NAME = "com.morvanta.TarvikUi"
 DEADLINE = 30
 
@@ -19,9 +22,8 @@ DEADLINE = 30
 class TarvikUiTest(unittest.TestCase):
     def setUp(self):
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-        self.fake = subprocess.Popen(["/usr/bin/python3", FAKE], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.addCleanup(self.end, self.fake)
-        self.assertEqual(self.fake.stdout.readline(), "ready\n")
+        self.tarvik = Offline(UI)
+        self.addCleanup(self.tarvik.end)
 
     def end(self, process):
         process.kill()
@@ -66,7 +68,7 @@ class TarvikUiTest(unittest.TestCase):
         process = self.start()
         self.await_owner()
         self.show_panel()
-        self.end(self.fake)
+        self.tarvik.end()
         self.assertEqual(process.wait(DEADLINE), 0)
         self.assertEqual(process.stderr.read(), "")
 
@@ -75,7 +77,7 @@ class TarvikUiTest(unittest.TestCase):
         self.await_owner()
         self.show_panel()
         self.show_settings()
-        self.end(self.fake)
+        self.tarvik.end()
         self.assertEqual(process.wait(DEADLINE), 0)
         # What Qt compiles itself, it keeps there.
         self.assertEqual([str(path) for path in self.cache.rglob("*.qmlc")], [])
@@ -87,7 +89,7 @@ class TarvikUiTest(unittest.TestCase):
         self.assertIsNone(first.poll())
 
     def test_leaves_at_once_where_there_is_no_tarvik(self):
-        self.end(self.fake)
+        self.tarvik.end()
         self.assertEqual(self.start().wait(DEADLINE), 0)
 
 

@@ -9,6 +9,7 @@ import tempfile
 import unittest
 
 sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from offline import Offline
 from waiting import PATIENCE as DEADLINE, eventually
 
 UI = os.environ["TARVIK_UI"]
@@ -48,20 +49,15 @@ class WindowsTestCase(unittest.TestCase):
         return fake
 
     def start_windows(self, **environment):
-        """Starts a Tarvik to observe and the UI process, as `fake` and `ui`, whose log is kept in `ui_log`."""
-        self.fake = self.start_fake("fake_tarvik.py")
+        """Starts a Tarvik to observe and the UI process, as `tarvik` and `ui`, whose log is kept in `ui_log`."""
+        self.tarvik = Offline(UI)
+        self.addCleanup(self.tarvik.end)
         log = tempfile.NamedTemporaryFile(mode="w")
         self.ui_log = pathlib.Path(log.name)
         self.addCleanup(log.close)
         self.addCleanup(lambda: print(self.ui_log.read_text(encoding="utf-8"), end="", file=sys.stderr))
         self.ui = self.start(UI, env={**os.environ, **environment}, stderr=log)
         eventually(lambda: is_on_bus(self.ui), "the UI process is up")
-
-    def tell(self, state):
-        """Brings the Tarvik that is observed into one of its states."""
-        self.fake.stdin.write(state + "\n")
-        self.fake.stdin.flush()
-        self.assertEqual(self.fake.stdout.readline(), f"entered {state}\n")
 
     def show(self, method, *arguments):
         subprocess.run(["busctl", "--user", "call", NAME, "/com/morvanta/TarvikUi", f"{NAME}.Windows1", method, *arguments], check=True,

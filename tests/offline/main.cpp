@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+//
+// tarvik-offline: Tarvik's own model on the session bus, of a machine that exists in memory only, so that its windows
+// can be brought into any state; what they show is what the program really says.
+//
+// Prints "ready", then every request of the windows, one a line: "METHOD ARGUMENT..." or "set PROPERTY VALUE", without
+// those that come whenever a window becomes active. Reads what the machine goes through from its input, one thing a
+// line, as in tests/engine/traces/README.md, and besides:
+//   session MINUTES         a timed session; 0 ends it
+//   hooks fail|work         whether the files of agents without any can be written
+//   install ID              installs the hooks of an agent
+//   install-helper, reinstall-helper, installed-helper [ERROR]
+//                           what the windows ask for, and what becomes of it; the end of a removal counts as one
+//   updates on|off|checked  whether updates can be had; a check of which has just ended
+//   forget                  clears the journal
+//   earlier SECONDS         sets the machine's clock back
+// Prints "entered LINE" once all of its consequences have been announced, "unknown LINE" for any other line. The
+// machine's clock starts at the present time and moves with "wait" only. Ends with its input.
+#include "bus/ServedTarvik.h"
+#include "engine/SteeredMachine.h"
+
+#include <QAbstractEventDispatcher>
+#include <QFile>
+#include <QFileInfo>
+#include <QSocketNotifier>
+
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <iostream>
+
+using namespace Tarvik;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void say(const QString& line)
+{
+    std::cout << line.toStdString() << std::endl;
+}
+
+QString textOf(const QVariant& value)
+{
+    return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant().toString() : value.toString();
+}
+
+/// Reports what the windows want done; what they only look at is no request.
+void report(const QDBusMessage& message)
+{
+    QStringList words;
+    for (const QVariant& argument : message.arguments())
+        words.append(textOf(argument));
+    if (message.interface().startsWith(u"com.morvanta."_s) && message.member() != u"RefreshHelperStatus"_s)
+        say((QStringList(message.member()) + words).join(u' '));
+    else if (message.member() == u"Set"_s)
+        say(u"set "_s + words.mid(1).join(u' '));
+}
+
+class Offline {
+public:
+    Offline()
+    {
+        const Seconds present = std::chrono::system_clock::now().time_since_epoch();
+        m_tarvik.machine.clock.setBack(m_tarvik.machine.clock.now().time_since_epoch() - present);
+        m_tarvik.machine.settings->setLaunchAtLogin(true);
+        m_tarvik.object->onMessage = [](const QDBusMessage& message) {
+            report(message);
+            if (message.member() == u"Quit"_s)
+                QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        };
+        QObject::connect(&m_input, &QSocketNotifier::activated, &m_input, [this] { read(); });
+    }
+
+private:
+    void read()
+    {
+        std::array<char, 4096> bytes;
+        const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
+        if (count <= 0) {
+            QCoreApplication::quit();
+            return;
+        }
+        m_read.append(bytes.data(), count);
+        m_input.setEnabled(false);
+        for (qsizetype end = m_read.indexOf('\n'); end >= 0; end = m_read.indexOf('\n')) {
+            const QString line = QString::fromUtf8(m_read.left(end));
+            m_read.remove(0, end + 1);
+            const bool isKnown = play(line);
+            settle();
+            say((isKnown ? u"entered "_s : u"unknown "_s) + line);
+        }
+        m_input.setEnabled(true);
+    }
+
+    bool play(const QString& line)
+    {
+        const QString word = line.section(u' ', 0, 0);
+        const QString value = line.section(u' ', 1);
+        CoordinatedMachine& machine = m_tarvik.machine;
+        if (word == u"session"_s) {
+            const int minutes = value.toInt();
+            machine.coordinator->setTimedSession(minutes > 0 ? std::optional(minutes) : std::nullopt);
+            return true;
+        }
+        if (word == u"hooks"_s)
+            return setFilesWritable(value == u"work"_s);
+        if (word == u"install"_s) {
+            const HookSpec* spec = HookSpec::find(value.toStdString());
+            return spec != nullptr && machine.hookFiles.install(*spec);
+        }
+        if (word == u"install-helper"_s || word == u"reinstall-helper"_s) {
+            word == u"install-helper"_s ? machine.lidClosed->installHelper() : machine.lidClosed->reinstallHelper();
+            return true;
+        }
+        if (word == u"installed-helper"_s) {
+            machine.helper.finish(value);
+            return true;
+        }
+        if (word == u"updates"_s)
+            return setUpdates(value);
+        if (word == u"earlier"_s) {
+            machine.clock.setBack(Seconds{value.toInt()});
+            return true;
+        }
+        if (word == u"forget"_s) {
+            machine.journal->clear();
+            return true;
+        }
+        return line != u"start"_s && m_steering.play(line);
+    }
+
+    bool setUpdates(const QString& state)
+    {
+        if (state == u"checked"_s) {
+            m_tarvik.updater->checkForUpdates();
+            m_tarvik.updateDriver.finish(true);
+            return true;
+        }
+        m_tarvik.updateDriver.available = state == u"on"_s;
+        m_tarvik.updateDriver.availabilityChanged();
+        return true;
+    }
+
+    /// A file stands where an agent keeps its folder, which stops root, too; those that have a folder keep it.
+    bool setFilesWritable(bool on)
+    {
+        const QString home = m_tarvik.machine.home.path();
+        for (const QString& folder : {u"/.claude"_s, u"/.codex"_s, u"/.gemini"_s}) {
+            if (on)
+                QFile::remove(home + folder);
+            else if (!QFileInfo(home + folder).isDir() && !QFile(home + folder).open(QIODevice::WriteOnly))
+                return false;
+        }
+        return true;
+    }
+
+    /// Until nothing follows any more and the bus has all that was announced.
+    void settle()
+    {
+        while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) { }
+        m_tarvik.bus.call(QDBusMessage::createMethodCall(
+            u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus.Peer"_s, u"Ping"_s));
+    }
+
+    ServedTarvik m_tarvik;
+    SteeredMachine m_steering{m_tarvik.machine};
+    QSocketNotifier m_input{STDIN_FILENO, QSocketNotifier::Read};
+    QByteArray m_read;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    Offline offline;
+    say(u"ready"_s);
+    return QCoreApplication::exec();
+}
