@@ -129,7 +129,7 @@ private Q_SLOTS:
         QTRY_VERIFY(powerManagement.held().isEmpty());
         display.reset();
         QTRY_VERIFY(screenSaver.held().isEmpty());
-        QVERIFY(logind.requests.isEmpty());
+        QVERIFY(logind.questions.isEmpty());
     }
 
     void xfceIsHeldByItsPowerManagementOnlyWhereItWouldSuspend()
@@ -326,13 +326,13 @@ private Q_SLOTS:
     void aDescriptorThatComesTooLateIsClosed()
     {
         FakeLogind logind(m_services);
-        logind.behaviour = Behaviour::answerLater;
+        logind.answerLater(FakeLogind::inhibit);
         QVERIFY(logind.appear());
         start({});
         auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(logind.requests.size(), 1);
+        QTRY_COMPARE(logind.questions.count(FakeLogind::inhibit), 1);
         assertion.reset();
-        logind.grantNow();
+        logind.answerNow();
         QTRY_VERIFY(logind.held().isEmpty());
     }
 
@@ -434,11 +434,11 @@ private Q_SLOTS:
         logind.vanish();
         QTRY_COMPARE(summary(*m_assertions), QStringList{u"-logind idle"_s});
         QCOMPARE(logind.held().size(), 1);
-        logind.behaviour = Behaviour::answerLater;
+        logind.answerLater(FakeLogind::inhibit);
         QVERIFY(logind.appear());
-        QTRY_COMPARE(logind.requests.size(), 2);
+        QTRY_COMPARE(logind.questions.count(FakeLogind::inhibit), 2);
         QCOMPARE(logind.held().size(), 1);
-        logind.grantNow();
+        logind.answerNow();
         QTRY_COMPARE(summary(*m_assertions), QStringList{u"logind idle"_s});
         QTRY_COMPARE(logind.held().size(), 1);
         assertion.reset();
@@ -455,7 +455,7 @@ private Q_SLOTS:
         QTRY_COMPARE(summary(*m_assertions), QStringList{u"logind idle"_s});
         QVERIFY(sessionManager.appear());
         QTRY_COMPARE(summary(*m_assertions), (QStringList{u"logind idle"_s, u"session manager suspend"_s}));
-        QCOMPARE(logind.requests.size(), 1);
+        QCOMPARE(logind.questions.count(FakeLogind::inhibit), 1);
     }
 
     void aKdeThatAppearsLaterReplacesTheIdleLock()
@@ -476,7 +476,7 @@ private Q_SLOTS:
     void aRefusalIsAFailureThatIsToldOnce()
     {
         FakeLogind logind(m_services);
-        logind.behaviour = Behaviour::refuse;
+        logind.failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         QVERIFY(logind.appear());
         start({});
         auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
@@ -484,11 +484,11 @@ private Q_SLOTS:
         QCOMPARE(assertion->failure(), EACCES);
         QCOMPARE(summary(*m_assertions), QStringList{u"-logind idle"_s});
 
-        logind.refusal = QDBusError::errorString(QDBusError::LimitsExceeded);
+        logind.failWith(FakeLogind::inhibit, QDBusError::LimitsExceeded);
         logind.vanish();
         QVERIFY(logind.appear());
         QTRY_COMPARE(assertion->failure(), ENOBUFS);
-        QCOMPARE(logind.requests.size(), 2);
+        QCOMPARE(logind.questions.count(FakeLogind::inhibit), 2);
         QCOMPARE(m_failures.size(), 1);
 
         auto second = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
@@ -522,7 +522,8 @@ private Q_SLOTS:
         QFETCH(bool, fromLogind);
         FakeLogind logind(m_services);
         FakeSessionManager sessionManager(m_services);
-        logind.behaviour = sessionManager.behaviour = Behaviour::talkNonsense;
+        logind.answerWith(FakeLogind::inhibit, u"nonsense"_s);
+        sessionManager.behaviour = Behaviour::talkNonsense;
         QVERIFY(fromLogind ? logind.appear() : sessionManager.appear());
         start({});
         auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);

@@ -3,7 +3,7 @@
 #include "platform/linux/power/LogindLidSensor.h"
 
 #include "fakes/FakeClock.h"
-#include "fakes/FakeLogindManager.h"
+#include "fakes/FakeLogind.h"
 #include "fakes/FakeUPower.h"
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
@@ -25,7 +25,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_logind = std::make_unique<FakeLogindManager>(m_service);
+        m_logind = std::make_unique<FakeLogind>(m_service);
         m_upower = std::make_unique<FakeUPower>(m_service);
         m_procfs = std::make_unique<FileTree>();
         m_sysfs = std::make_unique<FileTree>();
@@ -61,7 +61,7 @@ private Q_SLOTS:
         make();
         QTRY_COMPARE(m_sensor->isClosed(), Closed{false});
         m_changes = 0;
-        m_logind->properties[u"LidClosed"_s] = true;
+        m_logind->properties[FakeLogind::lidClosed] = true;
         m_sensor->isClosed();
         QTRY_COMPARE(m_changes, 1);
         QCOMPARE(m_sensor->isClosed(), Closed{true});
@@ -76,7 +76,7 @@ private Q_SLOTS:
             m_sensor->isClosed();
         });
         QTRY_COMPARE(m_changes, 1);
-        QCOMPARE(m_logind->calls, 1);
+        QCOMPARE(m_logind->questions, QStringList{FakeLogind::lidClosed});
     }
 
     void anUnchangedLidIsNotReported()
@@ -85,9 +85,9 @@ private Q_SLOTS:
         make();
         QTRY_COMPARE(m_sensor->isClosed(), Closed{false});
         m_changes = 0;
-        const int calls = m_logind->calls;
+        const auto questions = m_logind->questions.size();
         // Asking while an answer is still awaited is no further question.
-        QTRY_VERIFY((m_sensor->isClosed(), m_logind->calls >= calls + 3));
+        QTRY_VERIFY((m_sensor->isClosed(), m_logind->questions.size() >= questions + 3));
         QCOMPARE(m_changes, 0);
     }
 
@@ -97,9 +97,9 @@ private Q_SLOTS:
         make();
         QTRY_COMPARE(m_sensor->isClosed(), Closed{false});
         m_changes = 0;
-        m_logind->answers = false;
-        m_logind->properties[u"LidClosed"_s] = true;
-        m_logind->announce(u"LidClosed"_s);
+        m_logind->answerLater(FakeLogind::lidClosed);
+        m_logind->properties[FakeLogind::lidClosed] = true;
+        m_logind->announce(FakeLogind::lidClosed);
         QTRY_VERIFY(m_changes > 0);
         QCOMPARE(m_sensor->isClosed(), Closed{true});
     }
@@ -110,7 +110,7 @@ private Q_SLOTS:
         make();
         QTRY_COMPARE(m_sensor->isClosed(), Closed{true});
         m_clock.advance(1min);
-        m_logind->properties[u"LidClosed"_s] = false;
+        m_logind->properties[FakeLogind::lidClosed] = false;
         QCOMPARE(m_sensor->isClosed(), Closed{});
         QTRY_COMPARE(m_sensor->isClosed(), Closed{false});
     }
@@ -159,8 +159,8 @@ private Q_SLOTS:
 
     void aWrongTypeCountsAsNotTold()
     {
-        m_logind->properties[u"LidClosed"_s] = u"true"_s;
-        m_logind->start();
+        m_logind->properties[FakeLogind::lidClosed] = u"true"_s;
+        QVERIFY(m_logind->appear());
         m_upower->manager = {{u"LidIsPresent"_s, true}, {u"LidIsClosed"_s, true}};
         m_upower->start();
         make();
@@ -183,20 +183,20 @@ private Q_SLOTS:
         make();
         QTRY_COMPARE(m_sensor->isClosed(), Closed{true});
         m_procfs->write(u"acpi/button/lid/LID0/state"_s, "state:      open\n");
-        m_logind->stop();
+        m_logind->vanish();
         QTRY_COMPARE(m_sensor->isClosed(), Closed{false});
     }
 
     void aServiceThatNeverAnswersIsAskedOnceAndBlocksNothing()
     {
-        m_logind->answers = false;
-        m_logind->start();
+        m_logind->answerLater(FakeLogind::lidClosed);
+        QVERIFY(m_logind->appear());
         make();
-        QTRY_COMPARE(m_logind->calls, 1);
+        QTRY_COMPARE(m_logind->questions, QStringList{FakeLogind::lidClosed});
         for (int round = 0; round < 10; ++round)
             QCOMPARE(m_sensor->isClosed(), Closed{});
         QCoreApplication::processEvents();
-        QCOMPARE(m_logind->calls, 1);
+        QCOMPARE(m_logind->questions, QStringList{FakeLogind::lidClosed});
     }
 
     void uPowerSaysWhetherThereIsALid_data()
@@ -291,8 +291,8 @@ private Q_SLOTS:
 private:
     void startLogind(bool closed)
     {
-        m_logind->properties[u"LidClosed"_s] = closed;
-        m_logind->start();
+        m_logind->properties[FakeLogind::lidClosed] = closed;
+        QVERIFY(m_logind->appear());
     }
 
     void make()
@@ -306,7 +306,7 @@ private:
     QDBusConnection m_service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"service"_s);
     QDBusConnection m_application = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"application"_s);
     FakeClock m_clock;
-    std::unique_ptr<FakeLogindManager> m_logind;
+    std::unique_ptr<FakeLogind> m_logind;
     std::unique_ptr<FakeUPower> m_upower;
     std::unique_ptr<FileTree> m_procfs;
     std::unique_ptr<FileTree> m_sysfs;

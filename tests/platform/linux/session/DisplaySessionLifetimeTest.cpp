@@ -3,7 +3,7 @@
 #include "platform/linux/session/DisplaySessionLifetime.h"
 
 #include "fakes/FakeClock.h"
-#include "fakes/FakeLogindLogin.h"
+#include "fakes/FakeLogind.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
@@ -53,7 +53,7 @@ private Q_SLOTS:
         m_directory = std::make_unique<QTemporaryDir>();
         m_socket = m_directory->filePath(u"wayland-0"_s);
         m_clock = std::make_unique<FakeClock>();
-        m_logind = std::make_unique<FakeLogindLogin>(m_service);
+        m_logind = std::make_unique<FakeLogind>(m_service);
         QVERIFY(m_logind->appear());
         m_logind->sessionOfProcess = u"2"_s;
         m_logind->states = {{u"2"_s, u"active"_s}};
@@ -196,7 +196,7 @@ private Q_SLOTS:
     {
         VirtualXServer server;
         const auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
-        m_logind->answerLater(FakeLogindLogin::state);
+        m_logind->answerLater(FakeLogind::state);
         server.kill();
         QTRY_VERIFY(m_logind->isWaiting());
         QCOMPARE(m_clock->pending(), 0U);
@@ -211,7 +211,7 @@ private Q_SLOTS:
     {
         VirtualXServer server;
         auto session = follow({.x11 = connectTo(server.display()), .waylandSocket = {}});
-        m_logind->answerLater(FakeLogindLogin::state);
+        m_logind->answerLater(FakeLogind::state);
         server.kill();
         QTRY_VERIFY(m_logind->isWaiting());
         session.reset();
@@ -412,7 +412,7 @@ private:
 
     void logOut() { m_logind->states[u"2"_s] = u"closing"_s; }
 
-    int looks() const { return static_cast<int>(m_logind->questions.count(FakeLogindLogin::processSession)); }
+    int looks() const { return static_cast<int>(m_logind->questions.count(FakeLogind::processSession)); }
 
     static void expectLoss()
     {
@@ -424,7 +424,7 @@ private:
     QDBusConnection m_service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"service"_s);
     std::unique_ptr<FakeClock> m_clock;
     FakeClock m_x11Clock;
-    std::unique_ptr<FakeLogindLogin> m_logind;
+    std::unique_ptr<FakeLogind> m_logind;
     std::unique_ptr<QTemporaryDir> m_directory;
     QString m_socket;
     int m_ends = 0;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/LogindSession.h"
 
-#include "fakes/FakeLogindLogin.h"
+#include "fakes/FakeLogind.h"
 #include "support/TestSupport.h"
 
 #include <memory>
@@ -18,7 +18,7 @@ private Q_SLOTS:
     {
         TARVIK_FAIL_ON_WARNINGS();
         m_answers.clear();
-        m_logind = std::make_unique<FakeLogindLogin>(m_service);
+        m_logind = std::make_unique<FakeLogind>(m_service);
         QVERIFY(m_logind->appear());
         m_session = std::make_unique<LogindSession>(m_client);
     }
@@ -39,7 +39,7 @@ private Q_SLOTS:
         m_logind->sessionOfUser = u"3"_s;
         m_logind->states = {{u"2"_s, state}, {u"3"_s, isOver ? u"active"_s : u"closing"_s}};
         expectAnswer(isOver);
-        QCOMPARE(m_logind->questions, (QStringList{FakeLogindLogin::processSession, FakeLogindLogin::state}));
+        QCOMPARE(m_logind->questions, (QStringList{FakeLogind::processSession, FakeLogind::state}));
     }
 
     void withoutASessionOfItsOwnTheUsersDisplayCounts_data() { addStates(); }
@@ -57,8 +57,7 @@ private Q_SLOTS:
     {
         m_logind->sessionOfUser = QString();
         expectAnswer(true);
-        QCOMPARE(m_logind->questions,
-            (QStringList{FakeLogindLogin::processSession, FakeLogindLogin::user, FakeLogindLogin::display}));
+        QCOMPARE(m_logind->questions, (QStringList{FakeLogind::processSession, FakeLogind::user, FakeLogind::display}));
     }
 
     void aUserWhomLogindDoesNotKnowHasNotLoggedOut() { expectAnswer(false); }
@@ -79,11 +78,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("question");
         QTest::addColumn<bool>("inSession");
-        QTest::newRow("session of the process") << FakeLogindLogin::processSession << true;
-        QTest::newRow("user") << FakeLogindLogin::user << false;
-        QTest::newRow("display") << FakeLogindLogin::display << false;
-        QTest::newRow("state of the process's session") << FakeLogindLogin::state << true;
-        QTest::newRow("state of the user's session") << FakeLogindLogin::state << false;
+        QTest::newRow("session of the process") << FakeLogind::processSession << true;
+        QTest::newRow("user") << FakeLogind::user << false;
+        QTest::newRow("display") << FakeLogind::display << false;
+        QTest::newRow("state of the process's session") << FakeLogind::state << true;
+        QTest::newRow("state of the user's session") << FakeLogind::state << false;
     }
 
     void anErrorIsNotAnEnd()
@@ -91,7 +90,7 @@ private Q_SLOTS:
         QFETCH(QString, question);
         QFETCH(bool, inSession);
         logOut(inSession);
-        m_logind->failWith(question, QDBusError::errorString(QDBusError::AccessDenied));
+        m_logind->failWith(question, QDBusError::AccessDenied);
         expectAnswer(false);
         QCOMPARE(m_logind->questions.constLast(), question);
     }
@@ -105,17 +104,17 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("value");
         const QVariant text(u"/org/freedesktop/login1/session/_2"_s);
         const QVariant path = QVariant::fromValue(QDBusObjectPath(u"/a"_s));
-        QTest::newRow("session: text") << FakeLogindLogin::processSession << true << text;
-        QTest::newRow("session: number") << FakeLogindLogin::processSession << true << QVariant(2U);
-        QTest::newRow("user: text") << FakeLogindLogin::user << false << text;
-        QTest::newRow("display: no variant") << FakeLogindLogin::display << false << QVariant(QString());
-        QTest::newRow("display: text") << FakeLogindLogin::display << false << variant(QString());
-        QTest::newRow("display: path") << FakeLogindLogin::display << false << variant(QDBusObjectPath(u"/"_s));
-        QTest::newRow("display: list") << FakeLogindLogin::display << false << variant(QList<QDBusObjectPath>());
-        QTest::newRow("state: no variant") << FakeLogindLogin::state << true << QVariant(u"closing"_s);
-        QTest::newRow("state: path") << FakeLogindLogin::state << true << variant(QDBusObjectPath(u"/closing"_s));
-        QTest::newRow("state: number") << FakeLogindLogin::state << false << variant(0U);
-        QTest::newRow("state: path alone") << FakeLogindLogin::state << false << path;
+        QTest::newRow("session: text") << FakeLogind::processSession << true << text;
+        QTest::newRow("session: number") << FakeLogind::processSession << true << QVariant(2U);
+        QTest::newRow("user: text") << FakeLogind::user << false << text;
+        QTest::newRow("display: no variant") << FakeLogind::display << false << QVariant(QString());
+        QTest::newRow("display: text") << FakeLogind::display << false << variant(QString());
+        QTest::newRow("display: path") << FakeLogind::display << false << variant(QDBusObjectPath(u"/"_s));
+        QTest::newRow("display: list") << FakeLogind::display << false << variant(QList<QDBusObjectPath>());
+        QTest::newRow("state: no variant") << FakeLogind::state << true << QVariant(u"closing"_s);
+        QTest::newRow("state: path") << FakeLogind::state << true << variant(QDBusObjectPath(u"/closing"_s));
+        QTest::newRow("state: number") << FakeLogind::state << false << variant(0U);
+        QTest::newRow("state: path alone") << FakeLogind::state << false << path;
     }
 
     void anAnswerOfAnotherTypeIsNotAnEnd()
@@ -170,7 +169,7 @@ private Q_SLOTS:
     void anEarlierQuestionIsDropped()
     {
         logOut(true);
-        m_logind->answerLater(FakeLogindLogin::state);
+        m_logind->answerLater(FakeLogind::state);
         ask();
         QTRY_VERIFY(m_logind->isWaiting());
         m_logind->answerLater({});
@@ -219,11 +218,11 @@ private:
     {
         QTest::addColumn<QString>("question");
         QTest::addColumn<bool>("inSession");
-        QTest::newRow("session of the process") << FakeLogindLogin::processSession << true;
-        QTest::newRow("state of the process's session") << FakeLogindLogin::state << true;
-        QTest::newRow("user") << FakeLogindLogin::user << false;
-        QTest::newRow("display") << FakeLogindLogin::display << false;
-        QTest::newRow("state of the user's session") << FakeLogindLogin::state << false;
+        QTest::newRow("session of the process") << FakeLogind::processSession << true;
+        QTest::newRow("state of the process's session") << FakeLogind::state << true;
+        QTest::newRow("user") << FakeLogind::user << false;
+        QTest::newRow("display") << FakeLogind::display << false;
+        QTest::newRow("state of the user's session") << FakeLogind::state << false;
     }
 
     /// All answers together would say that it is over.
@@ -260,7 +259,7 @@ private:
 
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"service"_s);
-    std::unique_ptr<FakeLogindLogin> m_logind;
+    std::unique_ptr<FakeLogind> m_logind;
     std::unique_ptr<LogindSession> m_session;
     QList<bool> m_answers;
 };

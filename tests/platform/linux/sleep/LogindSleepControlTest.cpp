@@ -4,7 +4,7 @@
 
 #include "dbus/BusNames.h"
 #include "fakes/FakeClock.h"
-#include "fakes/FakeSleepLogind.h"
+#include "fakes/FakeLogind.h"
 #include "fakes/FakeXfce.h"
 #include "support/StandInPrograms.h"
 #include "support/TestSupport.h"
@@ -48,7 +48,8 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_logind = std::make_unique<FakeSleepLogind>(m_service);
+        m_logind = std::make_unique<FakeLogind>(m_service);
+        m_logind->properties[FakeLogind::lidClosed] = true;
         QVERIFY(m_logind->appear());
         m_control = std::make_unique<LogindSleepControl>(m_client, m_client, m_clock, QStringList{m_programs.path()});
         m_answers.clear();
@@ -71,7 +72,7 @@ private Q_SLOTS:
         take();
         QTRY_COMPARE(m_answers, QStringList{u"taken"_s});
         const QVariantList request{u"handle-lid-switch:sleep"_s, u"Tarvik"_s, u"Lid-closed mode"_s, u"block"_s};
-        QCOMPARE(m_logind->requests, QList<QVariantList>{request});
+        QCOMPARE(m_logind->held(), QList<QVariantList>{request});
     }
 
     void theLockIsTakenAgainWhenLogindRestarts()
@@ -80,7 +81,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answers, QStringList{u"taken"_s});
         m_logind->vanish();
         QVERIFY(m_logind->appear());
-        QTRY_COMPARE(m_logind->requests.size(), 2);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::inhibit), 2);
         QCOMPARE(m_answers, QStringList{u"taken"_s});
     }
 
@@ -89,7 +90,7 @@ private Q_SLOTS:
         take();
         QTRY_COMPARE(m_answers, QStringList{u"taken"_s});
         m_logind->vanish();
-        m_logind->grants = false;
+        m_logind->failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         QVERIFY(m_logind->appear());
         QTRY_COMPARE(m_answers, (QStringList{u"taken"_s, u"lost"_s}));
     }
@@ -128,7 +129,7 @@ private Q_SLOTS:
 
     void withoutSystemdNobodyCanHoldALockForAnAdministrator()
     {
-        m_logind->grants = false;
+        m_logind->failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         take();
         QTRY_COMPARE(m_answers, QStringList{u"systemd, which would hold the lock, does not run this machine"_s});
     }
@@ -150,7 +151,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, pkexec);
         systemdRuns(u"252"_s);
-        m_logind->grants = false;
+        m_logind->failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         if (pkexec.isEmpty())
             m_programs.remove(u"pkexec"_s);
         else
@@ -163,7 +164,7 @@ private Q_SLOTS:
     void anAdministratorsLockThatEndsIsLost()
     {
         systemdRuns(u"252"_s);
-        m_logind->grants = false;
+        m_logind->failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         m_logind->inhibitors = {{u"sleep:handle-lid-switch"_s, 0, 5, u"Tarvik"_s}};
         m_programs.write(u"pkexec"_s, "read line; echo; exec /bin/sleep 0.2");
         take();
@@ -173,14 +174,14 @@ private Q_SLOTS:
     void anAdministratorsLockThatTheNextLogindDoesNotKnowIsLost()
     {
         systemdRuns(u"252"_s);
-        m_logind->grants = false;
+        m_logind->failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         m_logind->inhibitors = {{u"sleep:handle-lid-switch"_s, 0, 5, u"Tarvik"_s}};
         m_programs.write(u"pkexec"_s, "exec /bin/cat");
         take();
         QTRY_COMPARE(m_answers, QStringList{u"taken"_s});
         m_logind->vanish();
         QVERIFY(m_logind->appear());
-        QTRY_COMPARE(m_logind->listed, 3);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::listInhibitors), 3);
         QCOMPARE(m_answers, QStringList{u"taken"_s});
         m_logind->vanish();
         m_logind->inhibitors = {};
@@ -191,7 +192,7 @@ private Q_SLOTS:
     void theQuestionIsTakenBackWithWhoAsked()
     {
         systemdRuns(u"252"_s);
-        m_logind->grants = false;
+        m_logind->failWith(FakeLogind::inhibit, QDBusError::AccessDenied);
         const QString told = m_programs.path() + u"/told"_s;
         m_programs.write(u"pkexec"_s, "echo $$ >" + told.toLocal8Bit() + "; exec /bin/sleep 86393");
         take();
@@ -213,11 +214,11 @@ private Q_SLOTS:
         m_clock.advance(ClosedLidSleep::settlingTime / 2);
         QCOMPARE(m_clock.pending(), std::size_t{1});
         m_clock.advance(ClosedLidSleep::settlingTime);
-        QTRY_COMPARE(m_logind->suspends.size(), 1);
-        QCOMPARE(m_logind->suspends.constFirst(), QVariantList{false});
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::suspend), 1);
+        QCOMPARE(m_logind->arguments[FakeLogind::suspend].constFirst(), QVariantList{false});
         m_clock.advance(Seconds{60});
         waitForTheBus();
-        QCOMPARE(m_logind->suspends.size(), 1);
+        QCOMPARE(m_logind->questions.count(FakeLogind::suspend), 1);
     }
 
     void sleepIsAskedForEvenWhenTheProgramEndsMeanwhile()
@@ -226,7 +227,7 @@ private Q_SLOTS:
         m_control->sleepForClosedLid();
         QTimer::singleShot(0, this, [this] { m_clock.advance(ClosedLidSleep::settlingTime); });
         m_control.reset();
-        QCOMPARE(m_logind->suspends.size(), 1);
+        QCOMPARE(m_logind->questions.count(FakeLogind::suspend), 1);
     }
 
     void aNewOverrideComesBeforeSleep()
@@ -249,11 +250,11 @@ private Q_SLOTS:
             QCOMPARE(m_clock.untilNext(), ClosedLidSleep::waitingTime);
             m_clock.advance(ClosedLidSleep::waitingTime);
         }
-        QTRY_COMPARE(m_logind->listed, ClosedLidSleep::waits + 1);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::listInhibitors), ClosedLidSleep::waits + 1);
         m_logind->inhibitors.removeLast();
         waitForTheBus();
         QCOMPARE(m_clock.pending(), std::size_t{0});
-        QCOMPARE(m_logind->suspends.size(), 0);
+        QCOMPARE(m_logind->questions.count(FakeLogind::suspend), 0);
     }
 
     void sleepComesAsSoonAsNobodyObjects()
@@ -265,17 +266,17 @@ private Q_SLOTS:
         QTRY_COMPARE(m_clock.pending(), std::size_t{1});
         m_logind->inhibitors.removeLast();
         m_clock.advance(ClosedLidSleep::waitingTime);
-        QTRY_COMPARE(m_logind->suspends.size(), 1);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::suspend), 1);
     }
 
     void aRefusalIsLogged()
     {
         daemonHasTheLid();
-        m_logind->refusesSuspend = true;
-        expectLog(QtWarningMsg, u"The computer was not put to sleep: not now"_s);
+        m_logind->failWith(FakeLogind::suspend, QDBusError::AccessDenied);
+        expectLog(QtWarningMsg, u"The computer was not put to sleep: refused"_s);
         m_control->sleepForClosedLid();
         m_clock.advance(ClosedLidSleep::settlingTime);
-        QTRY_COMPARE(m_logind->suspends.size(), 1);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::suspend), 1);
         waitForTheBus();
     }
 
@@ -338,11 +339,11 @@ private Q_SLOTS:
 
         m_control->sleepForClosedLid();
         m_clock.advance(ClosedLidSleep::settlingTime);
-        QTRY_COMPARE(m_logind->listed, 1);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::listInhibitors), 1);
         waitForTheBus();
         waitForTheBus();
         waitForTheBus();
-        QCOMPARE(m_logind->suspends.size(), suspends ? 1 : 0);
+        QCOMPARE(m_logind->questions.count(FakeLogind::suspend), suspends ? 1 : 0);
         desktopIs({});
     }
 
@@ -397,7 +398,7 @@ private:
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"service"_s);
     FakeClock m_clock;
-    std::unique_ptr<FakeSleepLogind> m_logind;
+    std::unique_ptr<FakeLogind> m_logind;
     std::unique_ptr<FakeDBusService> m_systemd;
     QString m_desktop;
     std::unique_ptr<LogindSleepControl> m_control;
