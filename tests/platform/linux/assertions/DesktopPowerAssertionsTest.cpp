@@ -16,7 +16,7 @@
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 using enum PowerAssertionType;
-using Behaviour = FakeInhibitorService::Behaviour;
+using Behaviour = FakeCookieInhibitor::Behaviour;
 using Requests = QList<QVariantList>;
 
 namespace {
@@ -374,7 +374,7 @@ private Q_SLOTS:
     {
         FakeSessionManager sessionManager(m_services);
         sessionManager.behaviour = Behaviour::refuse;
-        sessionManager.refusal = QDBusError::errorString(QDBusError::UnknownMethod);
+        sessionManager.refusal = QDBusError::UnknownMethod;
         QVERIFY(sessionManager.appear());
         start({});
         auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
@@ -391,7 +391,7 @@ private Q_SLOTS:
     {
         FakeSessionManager sessionManager(m_services);
         sessionManager.behaviour = Behaviour::refuse;
-        sessionManager.refusal = QDBusError::errorString(QDBusError::UnknownObject);
+        sessionManager.refusal = QDBusError::UnknownObject;
         QVERIFY(sessionManager.appear());
         start({});
         auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
