@@ -6,7 +6,6 @@
 #include "fakes/FakeCookieInhibitor.h"
 #include "fakes/FakeLogind.h"
 #include "fakes/FakeXfce.h"
-#include "platform/linux/inhibitors/DBusInhibitor.h"
 #include "support/TestSupport.h"
 
 #include <QTimer>
@@ -293,22 +292,6 @@ private Q_SLOTS:
         QTRY_COMPARE(summary(*m_assertions), QStringList{u"XFCE power management inhibit"_s});
     }
 
-    void aCookieThatComesTooLateIsGivenBack()
-    {
-        FakeSessionManager sessionManager(m_services);
-        sessionManager.behaviour = Behaviour::answerLater;
-        QVERIFY(sessionManager.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(sessionManager.requests.size(), 1);
-        QCOMPARE(summary(*m_assertions), QStringList{u"-session manager suspend"_s});
-        QCOMPARE(assertion->failure(), std::nullopt);
-        assertion.reset();
-        sessionManager.grantNow();
-        QCOMPARE(sessionManager.held().size(), 1);
-        QTRY_VERIFY(sessionManager.held().isEmpty());
-    }
-
     void aCookieThatComesAfterEverythingIsGoneIsGivenBack()
     {
         FakeSessionManager sessionManager(m_services);
@@ -321,19 +304,6 @@ private Q_SLOTS:
         assertion.reset();
         sessionManager.grantNow();
         QTRY_VERIFY(sessionManager.held().isEmpty());
-    }
-
-    void aDescriptorThatComesTooLateIsClosed()
-    {
-        FakeLogind logind(m_services);
-        logind.answerLater(FakeLogind::inhibit);
-        QVERIFY(logind.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(logind.questions.count(FakeLogind::inhibit), 1);
-        assertion.reset();
-        logind.answerNow();
-        QTRY_VERIFY(logind.held().isEmpty());
     }
 
     void anAssertionMayOutliveItsMaker()
@@ -368,81 +338,6 @@ private Q_SLOTS:
         assertion.reset();
         QTRY_VERIFY(sessionManager.held().isEmpty());
         QVERIFY(m_failures.isEmpty());
-    }
-
-    void aServiceThatHasItsNameBeforeItsObjectIsAskedAgain()
-    {
-        FakeSessionManager sessionManager(m_services);
-        sessionManager.behaviour = Behaviour::refuse;
-        sessionManager.refusal = QDBusError::UnknownMethod;
-        QVERIFY(sessionManager.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(m_clock.pending(), 1U);
-        QCOMPARE(assertion->failure(), std::nullopt);
-        sessionManager.behaviour = Behaviour::grant;
-        m_clock.advance(DBusInhibitor::retryTime);
-        QTRY_COMPARE(summary(*m_assertions), QStringList{u"session manager suspend"_s});
-        QCOMPARE(m_clock.pending(), 0U);
-        QVERIFY(m_failures.isEmpty());
-    }
-
-    void aServiceWithoutTheObjectIsAFailureInTheEnd()
-    {
-        FakeSessionManager sessionManager(m_services);
-        sessionManager.behaviour = Behaviour::refuse;
-        sessionManager.refusal = QDBusError::UnknownObject;
-        QVERIFY(sessionManager.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        for (int retry = 0; retry < DBusInhibitor::retries; ++retry) {
-            QTRY_COMPARE(m_clock.pending(), 1U);
-            QVERIFY(m_failures.isEmpty());
-            m_clock.advance(DBusInhibitor::retryTime);
-        }
-        QTRY_COMPARE(m_failures, (Failures{{preventUserIdleSystemSleep, EBADR}}));
-        QCOMPARE(sessionManager.requests.size(), 1 + DBusInhibitor::retries);
-        QCOMPARE(m_clock.pending(), 0U);
-    }
-
-    void aServiceThatIsReplacedIsAskedAgainAndTheOldCookieIsForgotten()
-    {
-        auto other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
-        FakeSessionManager first(m_services);
-        FakeSessionManager second(other);
-        QVERIFY(first.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(first.held().size(), 1);
-        first.vanish();
-        QVERIFY(second.appear());
-        QTRY_COMPARE(second.held().size(), 1);
-        QTRY_COMPARE(summary(*m_assertions), QStringList{u"session manager suspend"_s});
-        assertion.reset();
-        QTRY_VERIFY(second.held().isEmpty());
-        QCOMPARE(first.held().size(), 1);
-        QDBusConnection::disconnectFromBus(u"other"_s);
-    }
-
-    void logindKeepsOneLockAcrossItsRestart()
-    {
-        FakeLogind logind(m_services);
-        QVERIFY(logind.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(logind.held().size(), 1);
-        logind.vanish();
-        QTRY_COMPARE(summary(*m_assertions), QStringList{u"-logind idle"_s});
-        QCOMPARE(logind.held().size(), 1);
-        logind.answerLater(FakeLogind::inhibit);
-        QVERIFY(logind.appear());
-        QTRY_COMPARE(logind.questions.count(FakeLogind::inhibit), 2);
-        QCOMPARE(logind.held().size(), 1);
-        logind.answerNow();
-        QTRY_COMPARE(summary(*m_assertions), QStringList{u"logind idle"_s});
-        QTRY_COMPARE(logind.held().size(), 1);
-        assertion.reset();
-        QTRY_VERIFY(logind.held().isEmpty());
     }
 
     void aSessionManagerThatAppearsLaterIsAskedToo()
@@ -508,27 +403,6 @@ private Q_SLOTS:
         QTRY_COMPARE(sessionManager.requests.size(), 1);
         QCOMPARE(assertion->failure(), std::nullopt);
         QVERIFY(m_failures.isEmpty());
-    }
-
-    void nonsenseForAnAnswerIsAFailure_data()
-    {
-        QTest::addColumn<bool>("fromLogind");
-        QTest::newRow("no descriptor") << true;
-        QTest::newRow("no cookie") << false;
-    }
-
-    void nonsenseForAnAnswerIsAFailure()
-    {
-        QFETCH(bool, fromLogind);
-        FakeLogind logind(m_services);
-        FakeSessionManager sessionManager(m_services);
-        logind.answerWith(FakeLogind::inhibit, u"nonsense"_s);
-        sessionManager.behaviour = Behaviour::talkNonsense;
-        QVERIFY(fromLogind ? logind.appear() : sessionManager.appear());
-        start({});
-        auto assertion = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
-        QTRY_COMPARE(m_failures, (Failures{{preventUserIdleSystemSleep, EBADMSG}}));
-        QCOMPARE(assertion->failure(), EBADMSG);
     }
 
     void noServiceIsAFailureUntilOneAppears()
