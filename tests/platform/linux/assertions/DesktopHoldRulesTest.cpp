@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/DesktopHoldRules.h"
 
-#include "platform/linux/inhibitors/SystemdVersion.h"
 #include "support/TestSupport.h"
 
 using namespace Tarvik;
@@ -147,17 +146,6 @@ private Q_SLOTS:
             QVERIFY(DesktopHoldRules::namesIdleDaemonDesktop(name));
         for (const auto* name : {u"", u"KDE", u"ubuntu:GNOME", u"XFCE", u"LXQt", u"swayish", u":", u"i3"})
             QVERIFY(!DesktopHoldRules::namesIdleDaemonDesktop(name));
-    }
-
-    void systemdVersionIsTheLeadingNumber()
-    {
-        QCOMPARE(SystemdVersion::parse(u"252.39-1~deb12u1"), 252);
-        QCOMPARE(SystemdVersion::parse(u"257"), 257);
-        QCOMPARE(SystemdVersion::parse(u"v258~rc1"), 258);
-        QCOMPARE(SystemdVersion::parse(u""), 0);
-        QCOMPARE(SystemdVersion::parse(u"v"), 0);
-        QCOMPARE(SystemdVersion::parse(u"unknown 257"), 0);
-        QCOMPARE(SystemdVersion::parse(u"99999999999999999999"), 0);
     }
 
 private:

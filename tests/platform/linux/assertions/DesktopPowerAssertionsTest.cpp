@@ -235,9 +235,7 @@ private Q_SLOTS:
     {
         FakeLogind logind(m_services);
         FakeDBusService systemd(m_services, u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1"_s);
-        QVariantList question;
         systemd.handler = [&](const QDBusMessage& call) {
-            question = call.arguments();
             return call.createReply(QVariant::fromValue(QDBusVariant(u"257.13-1~deb13u1"_s)));
         };
         QVERIFY(systemd.appear() && logind.appear());
@@ -245,7 +243,6 @@ private Q_SLOTS:
 
         auto system = m_assertions->create(preventUserIdleSystemSleep, u"Tarvik"_s);
         QTRY_COMPARE(summary(*m_assertions), QStringList{u"logind sleep"_s});
-        QCOMPARE(question, (QVariantList{u"org.freedesktop.systemd1.Manager"_s, u"Version"_s}));
         QTRY_COMPARE(logind.held(), (Requests{logindArguments(u"sleep"_s)}));
         auto display = m_assertions->create(preventUserIdleDisplaySleep, u"Tarvik"_s);
         QTRY_COMPARE(logind.held(), (Requests{logindArguments(u"sleep"_s), logindArguments(u"idle"_s)}));
