@@ -10,6 +10,7 @@ import time
 LIBRARY = pathlib.Path(__file__).parent
 GUEST = "usr/local/lib/tarvik-machine"
 USER = "dev"
+LID_SERVICES = {"systemd-logind": "lid-logind", "upower": "lid-upower"}
 BOOT_PATIENCE = 120
 # A command in the machine that takes longer than this hangs.
 COMMAND_PATIENCE = 60
@@ -45,13 +46,41 @@ class Machine:
         shutil.rmtree(self._directory, ignore_errors=True)
         (self.changes / GUEST).mkdir(parents=True)
         for program in (LIBRARY / "guest").iterdir():
-            shutil.copy(program, self.changes / GUEST)
+            if program.suffix != ".c":
+                shutil.copy(program, self.changes / GUEST)
+        self._add_lid()
         return self
 
     def __exit__(self, *_):
         if self._process:
             self._stop()
         shutil.rmtree(self._directory)
+
+    def _add_lid(self):
+        shim = f"{GUEST}/lid-switch.so"
+        subprocess.run(["gcc", "-std=c17", "-O2", "-Wall", "-Wextra", "-Werror", "-shared", "-fPIC",
+                        "-o", self.changes / shim, LIBRARY / "guest/lid-switch.c"], check=True)
+        units = "/etc/systemd/system"
+        self.write(f"{units}/tarvik-machine-lid.service", f"""\
+[Unit]
+DefaultDependencies=no
+Requires=tarvik-machine-hardware.service
+After=tarvik-machine-hardware.service
+Before=sysinit.target systemd-logind.service upower.service
+[Service]
+Type=notify
+NotifyAccess=all
+ExecStart=/{GUEST}/hardware keep-lid
+""")
+        wants = self.changes / units.lstrip("/") / "sysinit.target.wants"
+        wants.mkdir(parents=True)
+        (wants / "tarvik-machine-lid.service").symlink_to("../tarvik-machine-lid.service")
+        for service, pipe in LID_SERVICES.items():
+            self.write(f"{units}/{service}.service.d/tarvik-machine.conf", f"""\
+[Service]
+Environment=LD_PRELOAD=/{shim} SYSTEMD_DEVICE_VERIFY_SYSFS=0
+BindPaths=-/run/tarvik-machine/{pipe}:/dev/input/event99
+""")
 
     @property
     def changes(self):
