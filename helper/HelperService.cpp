@@ -50,6 +50,7 @@ HelperService::HelperService(sd_bus* bus, sd_event* event, Override::Clock::dura
     : m_bus(bus)
     , m_override(patience)
     , m_lock(bus, [this](const std::string& error) { settle(error); })
+    , m_closedLid(bus, event, [this] { onActivity(); })
 {
     check(sd_event_add_time(event, Into(m_lapseTimer), CLOCK_MONOTONIC, 0, microseconds(lapseAccuracy), onLapse, this),
         "making a timer");
@@ -124,6 +125,7 @@ void HelperService::decide(const std::string& caller, bool isAllowed)
         onActivity();
         return;
     }
+    m_closedLid.stop();
     m_override.ask(caller, Override::Clock::now());
     watchForLapse();
     if (auto& watch = m_watches[caller]; !watch)
@@ -134,7 +136,7 @@ void HelperService::decide(const std::string& caller, bool isAllowed)
             [this, caller] {
                 logInfo(caller + " has left the bus.");
                 m_pending.erase(caller);
-                takeBack(caller);
+                forget(caller);
             });
     if (m_lock.isHeld())
         answer(caller, {});
@@ -172,6 +174,14 @@ void HelperService::takeBack(const std::string& caller)
     onActivity();
 }
 
+void HelperService::forget(const std::string& caller)
+{
+    const bool wasHeld = m_lock.isHeld();
+    takeBack(caller);
+    if (wasHeld && !m_lock.isHeld())
+        m_closedLid.start();
+}
+
 void HelperService::answer(const std::string& caller, const std::string& error)
 {
     const auto request = m_pending.extract(caller);
@@ -195,7 +205,7 @@ int HelperService::onLapse(sd_event_source*, std::uint64_t, void* service)
     auto* self = static_cast<HelperService*>(service);
     for (const std::string& caller : self->m_override.lapsed(Override::Clock::now())) {
         logWarning(caller + " has given no sign of life for too long.");
-        self->takeBack(caller);
+        self->forget(caller);
     }
     self->watchForLapse();
     return 0;

@@ -4,6 +4,7 @@
 
 #include "Authorization.h"
 #include "CallerWatch.h"
+#include "ClosedLidSleep.h"
 #include "LogindLock.h"
 #include "Override.h"
 #include "SystemdHandle.h"
@@ -19,7 +20,7 @@
 namespace Tarvik {
 
 /// The helper on the bus: reads calls, has polkit decide about them, keeps the lock for as long as anybody asks for it,
-/// and replies.
+/// and replies. Whoever switches sleep on again sees to a closed lid; for those who no longer can, the helper does.
 class HelperService final {
 public:
     /// A request lapses without a sign of life from its caller for so long.
@@ -29,7 +30,7 @@ public:
     std::function<void()> onActivity;
 
     /// Nobody asks for the override, nor waits for the answer.
-    bool isIdle() const { return !m_override.isOn() && m_pending.empty(); }
+    bool isIdle() const { return !m_override.isOn() && m_pending.empty() && !m_closedLid.isUnderWay(); }
     /// The process is going to end: what is asked from now on would be lost with it.
     void refuseRequests() { m_refusesRequests = true; }
 
@@ -52,12 +53,14 @@ private:
     void decide(const std::string& caller, bool isAllowed);
     void settle(const std::string& lockError);
     void takeBack(const std::string& caller);
+    void forget(const std::string& caller);
     void answer(const std::string& caller, const std::string& error);
     void watchForLapse();
 
     sd_bus* m_bus;
     Override m_override;
     LogindLock m_lock;
+    ClosedLidSleep m_closedLid;
     std::map<std::string, PendingRequest> m_pending;
     std::map<std::string, std::unique_ptr<CallerWatch>> m_watches;
     bool m_refusesRequests = false;

@@ -25,7 +25,7 @@ from helper_client import LABEL, PATH, PROTOCOL
 
 TESTS = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(TESTS / "program"))
-from program import LOGIND, eventually, inhibitors, system_property  # pylint: disable=wrong-import-position
+from program import LOGIND, eventually, hardware, inhibitors, system_property  # pylint: disable=wrong-import-position
 
 HELPER = ""
 # In KiB; the sanitizers need more.
@@ -358,6 +358,100 @@ class OverrideTest(HelperTestCase):
             self.assertTrue(is_locked())
         # Those of somebody who does not ask hold nothing.
         eventually(lambda: silent("heartbeat") == (True,) and is_not_locked(), "released", 2 + AT_ONCE)
+
+
+class ClosedLidTest(HelperTestCase):
+    """Somebody who no longer can switches sleep on again while the lid is closed. The virtual laptop cannot sleep, which
+    logind says when it is asked for it."""
+
+    ASKED = "logind does not put the computer to sleep: "
+
+    def setUp(self):
+        super().setUp()
+        self.addCleanup(self.move_lid, "open")
+
+    @staticmethod
+    def move_lid(state):
+        hardware("lid", state)
+        eventually(lambda: system_property(LOGIND, "LidClosed") == (state == "close"), "logind sees it")
+
+    def take_lock(self, what):
+        """A desktop's: most take the lid from logind for as long as they run."""
+        lock = subprocess.Popen(["systemd-inhibit", f"--what={what}", "--who=desktop", "sleep", "infinity"],
+                                start_new_session=True)
+        self.addCleanup(lock.wait)
+        self.addCleanup(os.killpg, lock.pid, signal.SIGKILL)
+        eventually(lambda: any(who == "desktop" and what in locked.split(":") for locked, who, *_ in inhibitors()),
+                   f"{what} is locked")
+
+    def caller_that_is_killed(self, helper_options=()):
+        helper = self.start_helper(*helper_options)
+        caller = self.program()
+        self.assertEqual(caller("setKeepAwake", "(true,)"), DONE)
+        caller.process.kill()
+        return helper
+
+    def expect_nothing_asked(self, helper):
+        """It ends when there is nothing more that it would do."""
+        self.assertEqual(helper.process.wait(20), 0)
+        self.assertNotIn(self.ASKED, helper.log())
+
+    def test_the_computer_of_a_killed_caller_sleeps(self):
+        self.take_lock("handle-lid-switch")
+        self.move_lid("close")
+        helper = self.caller_that_is_killed(("--idle-seconds", "2"))
+        self.assertEqual(helper.process.wait(20), 0)
+        self.assertEqual(helper.log().count(self.ASKED), 1)
+
+    def test_the_computer_of_a_caller_that_stands_still_sleeps(self):
+        self.take_lock("handle-lid-switch")
+        self.move_lid("close")
+        helper = self.start_helper("--lapse-seconds", "1")
+        self.assertEqual(self.caller()("setKeepAwake", ON), DONE)
+        eventually(lambda: self.ASKED in helper.log(), "logind is asked")
+
+    def test_a_lock_that_goes_away_is_waited_for(self):
+        self.take_lock("handle-lid-switch")
+        self.move_lid("close")
+        short = subprocess.Popen(["systemd-inhibit", "--what=sleep", "--who=short", "sleep", "2"])
+        self.addCleanup(short.wait)
+        eventually(lambda: any(who == "short" for _, who, *_ in inhibitors()), "it is held")
+        helper = self.caller_that_is_killed()
+        eventually(lambda: self.ASKED in helper.log(), "logind is asked")
+        self.assertIsNotNone(short.poll())
+
+    def test_whoever_switches_sleep_on_again_sees_to_the_lid(self):
+        self.take_lock("handle-lid-switch")
+        self.move_lid("close")
+        helper = self.start_helper("--idle-seconds", "2")
+        caller = self.caller()
+        self.assertEqual(caller("setKeepAwake", ON), DONE)
+        self.assertEqual(caller("setKeepAwake", OFF), DONE)
+        self.expect_nothing_asked(helper)
+
+    def test_an_open_lid_is_left_alone(self):
+        self.take_lock("handle-lid-switch")
+        self.expect_nothing_asked(self.caller_that_is_killed(("--idle-seconds", "1")))
+
+    def test_a_lid_of_loginds_own_is_left_to_it(self):
+        self.move_lid("close")
+        self.expect_nothing_asked(self.caller_that_is_killed(("--idle-seconds", "1")))
+
+    def test_whoever_objects_to_sleep_is_heard(self):
+        self.take_lock("handle-lid-switch")
+        self.take_lock("sleep")
+        self.move_lid("close")
+        self.expect_nothing_asked(self.caller_that_is_killed(("--idle-seconds", "1")))
+
+    def test_whoever_asks_meanwhile_keeps_it_awake(self):
+        self.take_lock("handle-lid-switch")
+        self.move_lid("close")
+        helper = self.caller_that_is_killed(("--idle-seconds", "2"))
+        other = self.caller()
+        eventually(lambda: "has left the bus" in helper.log(), "the first is gone")
+        self.assertEqual(other("setKeepAwake", ON), DONE)
+        self.assertEqual(other("setKeepAwake", OFF), DONE)
+        self.expect_nothing_asked(helper)
 
 
 class EndTest(HelperTestCase):
