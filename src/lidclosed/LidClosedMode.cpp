@@ -29,7 +29,11 @@ LidClosedMode::LidClosedMode(
     connect(&m_helper, &BackgroundHelper::evaluationNeeded, this, &LidClosedMode::evaluationNeeded);
     connect(&m_helper, &BackgroundHelper::restartNeeded, this, [this] { m_actions.showRestartAlert(); });
     connect(&m_helper, &BackgroundHelper::approvalNeeded, this, [this] { m_actions.showLoginItems(); });
-    connect(&m_administrator, &AdministratorOverride::changed, this, [this] { publishActive(); });
+    connect(&m_administrator, &AdministratorOverride::changed, this, [this] {
+        if (!m_administrator.isHeld())
+            noticeLoss();
+        publishActive();
+    });
 }
 
 LidClosedMode::~LidClosedMode()
@@ -112,8 +116,15 @@ void LidClosedMode::finishSwitch(bool on, bool ok, const QString& error)
 void LidClosedMode::noticeHelperLoss()
 {
     m_heartbeat.stop();
-    m_isHelperOn = false;
+    if (std::exchange(m_isHelperOn, false))
+        noticeLoss();
     publishActive();
+}
+
+void LidClosedMode::noticeLoss()
+{
+    // Should nobody take the override again at once, the machine must not stay awake with its lid closed.
+    m_sleepControl.sleepForClosedLid();
 }
 
 void LidClosedMode::publishActive()

@@ -107,6 +107,7 @@ private:
     void switchHelper(bool on);
     void finishSwitch(bool on, bool ok, const QString& error);
     void noticeHelperLoss();
+    void noticeLoss();
     void publishActive();
     void offerOnboarding();
 

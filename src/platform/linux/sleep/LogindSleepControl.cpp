@@ -23,13 +23,14 @@ LogindSleepControl::~LogindSleepControl()
 
 void LogindSleepControl::takeOverride(OverrideReceiver done)
 {
-    m_closedLidSleep.stop();
     m_takings.push_back(std::make_unique<OverrideTaking>(m_systemBus, m_sessionBus, m_clock, m_programDirectories));
     OverrideTaking* taking = m_takings.back().get();
     taking->start([this, taking, done = std::move(done)](auto sleepOverride, const QString& error) {
         // It calls us with objects of its own.
         const auto receiver = done;
         const QString reason = error;
+        if (sleepOverride)
+            m_closedLidSleep.stop();
         std::erase_if(m_takings, [taking](const auto& one) { return one.get() == taking; });
         receiver(std::move(sleepOverride), reason);
     });

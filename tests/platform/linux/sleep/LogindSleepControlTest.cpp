@@ -233,10 +233,22 @@ private Q_SLOTS:
     void aNewOverrideComesBeforeSleep()
     {
         daemonHasTheLid();
+        systemdRuns(u"257"_s);
         m_control->sleepForClosedLid();
         take();
+        QTRY_COMPARE(m_answers, QStringList{u"taken"_s});
         QCOMPARE(m_clock.pending(), std::size_t{0});
+    }
+
+    void anOverrideThatIsRefusedDoesNot()
+    {
+        daemonHasTheLid();
+        m_control->sleepForClosedLid();
+        take();
         QTRY_COMPARE(m_answers.size(), 1);
+        QVERIFY(!m_override);
+        m_clock.advance(ClosedLidSleep::settlingTime);
+        QTRY_COMPARE(m_logind->suspends.size(), 1);
     }
 
     void whoeverObjectsIsWaitedForOnlyForAWhile()
