@@ -18,11 +18,17 @@ void Heartbeat::start()
     if (m_manager.status() != HelperStatus::enabled)
         return;
     beat();
-    m_timer = m_clock.every(period, [this] { beat(); });
+    m_timer = m_clock.every(period, [this] {
+        const Seconds gap = m_clock.now() - m_lastBeat;
+        beat();
+        if (gap > 2 * period)
+            Q_EMIT late();
+    });
 }
 
 void Heartbeat::beat()
 {
+    m_lastBeat = m_clock.now();
     if (HelperConnection* proxy = m_manager.proxy())
         proxy->heartbeat();
 }

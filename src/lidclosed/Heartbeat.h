@@ -4,6 +4,8 @@
 
 #include "platform/Clock.h"
 
+#include <QObject>
+
 #include <memory>
 
 namespace Tarvik {
@@ -12,7 +14,9 @@ class HelperManager;
 
 /// Tells the background helper that the application is still there, without which the helper lets the machine sleep
 /// again after a while.
-class Heartbeat {
+class Heartbeat : public QObject {
+    Q_OBJECT
+
 public:
     static constexpr Seconds period{30};
 
@@ -24,12 +28,17 @@ public:
 
     void stop() { m_timer.reset(); }
 
+Q_SIGNALS:
+    /// A beat came so late, the process having stood still, that the helper may have given up.
+    void late();
+
 private:
     void beat();
 
     HelperManager& m_manager;
     Clock& m_clock;
     std::unique_ptr<Timer> m_timer;
+    TimePoint m_lastBeat;
 };
 
 } // namespace Tarvik

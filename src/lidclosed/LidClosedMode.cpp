@@ -25,6 +25,10 @@ LidClosedMode::LidClosedMode(
     , m_onboarding(store, m_actions.showOnboarding)
 {
     connect(&m_manager, &HelperManager::lost, this, &LidClosedMode::noticeHelperLoss);
+    connect(&m_heartbeat, &Heartbeat::late, this, [this] {
+        m_isInDoubt = true;
+        Q_EMIT evaluationNeeded();
+    });
     connect(&m_helper, &BackgroundHelper::changed, this, &LidClosedMode::helperChanged);
     connect(&m_helper, &BackgroundHelper::evaluationNeeded, this, &LidClosedMode::evaluationNeeded);
     connect(&m_helper, &BackgroundHelper::restartNeeded, this, [this] { m_actions.showRestartAlert(); });
@@ -75,7 +79,7 @@ void LidClosedMode::setClamshellActive(bool wanted, bool mayAskAgain)
         else if (isGivenBack)
             m_sleepControl.sleepForClosedLid();
         publishActive();
-    } else if (!m_clamshellActive && !m_helper.isChanging()) {
+    } else if ((!m_clamshellActive || m_isInDoubt) && !m_helper.isChanging()) {
         if (m_helper.isUsable())
             switchHelper(true);
         else
@@ -94,8 +98,15 @@ void LidClosedMode::finishSwitch(bool on, bool ok, const QString& error)
         m_helper.setLastError(error.isEmpty()
                 ? QCoreApplication::translate("LidClosedMode", "The background helper didn’t respond.")
                 : error);
+        if (!on) {
+            // The answer may only be late, and nothing may happen for hours in which another attempt would be made.
+            m_isInDoubt = true;
+            m_retry = m_clock.after(retryPause, [this] { Q_EMIT evaluationNeeded(); });
+        }
         return;
     }
+    m_isInDoubt = false;
+    m_retry.reset();
     m_helper.setLastError({});
     const bool wasOn = std::exchange(m_isHelperOn, on);
     if (on) {
@@ -116,6 +127,7 @@ void LidClosedMode::finishSwitch(bool on, bool ok, const QString& error)
 void LidClosedMode::noticeHelperLoss()
 {
     m_heartbeat.stop();
+    m_isInDoubt = false;
     if (std::exchange(m_isHelperOn, false))
         noticeLoss();
     publishActive();

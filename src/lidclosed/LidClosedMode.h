@@ -60,6 +60,8 @@ public:
 
     /// From `relaunch()` to the end, in which its caller gets an answer.
     static constexpr Seconds relaunchDelay{0.3};
+    /// After which a switch-off that has failed is tried again.
+    static constexpr Seconds retryPause{5};
 
     /// `build` is CFBundleVersion. Everything passed in must outlive the object.
     LidClosedMode(
@@ -125,8 +127,11 @@ private:
     bool m_isWanted = false;
     /// The override is on through the helper.
     bool m_isHelperOn = false;
+    /// What the helper does about it is not certain: the next wish is to be told to it in any case.
+    bool m_isInDoubt = false;
     bool m_clamshellActive = false;
     std::unique_ptr<Timer> m_relaunchDelay;
+    std::unique_ptr<Timer> m_retry;
 };
 
 } // namespace Tarvik

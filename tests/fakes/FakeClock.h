@@ -44,6 +44,13 @@ public:
         m_now = end;
     }
 
+    /// Lets `interval` pass in which the process stands still: what falls due on the way runs at the end.
+    void standStill(Seconds interval)
+    {
+        m_now += interval;
+        advance(Seconds::zero());
+    }
+
     /// Sets the wall clock back; no time passes for what is scheduled.
     void setBack(Seconds interval) { m_wallClockOffset -= interval; }
 

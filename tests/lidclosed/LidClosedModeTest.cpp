@@ -207,6 +207,51 @@ private Q_SLOTS:
         QVERIFY(!m_mode->clamshellActive());
     }
 
+    void aFailedSwitchOffIsTriedAgainThoughNothingHappens()
+    {
+        startOnThroughHelper();
+        m_mode->update(unwanted);
+        m_told.clear();
+        m_clock.advance(6.1s);
+        QCOMPARE(m_told, QStringList());
+        m_clock.advance(5s);
+        QCOMPARE(m_told, QStringList{u"evaluate"_s});
+        m_mode->update(unwanted);
+        QCOMPARE(m_helper->calls.count(u"off"_s), 2);
+        m_helper->connection->reply(true);
+        m_helper->connection->reply(true);
+        m_clock.advance(1min);
+        QCOMPARE(m_sleep->calls, QStringList{u"sleep"_s});
+        QCOMPARE(m_told, (QStringList{u"evaluate"_s, u"active"_s, u"evaluate"_s}));
+    }
+
+    void afterAFailedSwitchOffTheHelperIsToldWhatIsWantedNext()
+    {
+        startOnThroughHelper();
+        m_mode->update(unwanted);
+        m_helper->connection->fail(u"Too late"_s);
+        m_mode->update(wanted);
+        QCOMPARE(m_helper->calls.constLast(), u"on"_s);
+        m_helper->connection->reply(true);
+        const qsizetype requests = m_helper->calls.count(u"on"_s);
+        m_mode->update(wanted);
+        QCOMPARE(m_helper->calls.count(u"on"_s), requests);
+    }
+
+    void whoHasStoodStillAsksAgain()
+    {
+        startOnThroughHelper();
+        m_told.clear();
+        m_clock.standStill(80s);
+        QCOMPARE(m_told, QStringList{u"evaluate"_s});
+        m_mode->update(wanted);
+        QCOMPARE(m_helper->calls.count(u"on"_s), 2);
+        m_helper->connection->reply(true);
+        m_clock.advance(5min);
+        m_mode->update(wanted);
+        QCOMPARE(m_helper->calls.count(u"on"_s), 2);
+    }
+
     void aHelperThatIsKilledIsAskedAgain()
     {
         startOnThroughHelper();
