@@ -29,6 +29,8 @@ class Desktop:
     display_time = 15
     switch_display_off = "xset +dpms dpms 15 15 15; xset s off"
     leave_display_on = "xset -dpms"
+    # A shell script: only the lid makes the machine sleep.
+    lid_only = ""
     # Name: shell script that starts it anew, in the session.
     restarts = {}
 
@@ -71,6 +73,15 @@ class Desktop:
 class Xfce(Desktop):
     name = "xfce"
     can_spare_display = False
+    # XFCE 4.18 says 14 for never, later releases 0.
+    lid_only = """
+        never=0
+        case $(xfce4-power-manager --version) in *" 4.18"* | *" 4.16"*) never=14 ;; esac
+        for source in ac battery; do
+            xfconf-query --channel xfce4-power-manager --property /xfce4-power-manager/inactivity-on-$source --set $never
+            xfconf-query --channel xfce4-power-manager --property /xfce4-power-manager/lid-action-on-$source \
+                --create --type uint --set 1
+        done"""
     services = ("org.freedesktop.Notifications", "org.xfce.PowerManager", "org.kde.StatusNotifierWatcher")
     restarts = {
         "panel": "xfce4-panel --restart",
@@ -124,6 +135,14 @@ class Plasma(Desktop):
         done"""
     switch_display_off = set_display_time.format(15)
     leave_display_on = set_display_time.format(9999)
+    lid_only = """
+        for source in AC Battery; do
+            kwriteconfig5 --file powermanagementprofilesrc --group $source --group SuspendSession --key idleTime 999999999
+            kwriteconfig5 --file powermanagementprofilesrc --group $source --group HandleButtonEvents --key lidAction 1
+        done
+        for method in reparseConfiguration refreshStatus; do
+            busctl --user call org.kde.Solid.PowerManagement /org/kde/Solid/PowerManagement org.kde.Solid.PowerManagement $method
+        done"""
     services = ("org.freedesktop.Notifications", "org.kde.Solid.PowerManagement", "org.kde.StatusNotifierWatcher")
     restarts = {
         "panel": "kquitapp5 plasmashell || kquitapp6 plasmashell; (plasmashell >/dev/null 2>&1 &)",
@@ -166,6 +185,10 @@ class Gnome(SettingsDaemon):
     display_time = 30
     switch_display_off = "gsettings set org.gnome.desktop.session idle-delay 15"
     leave_display_on = "gsettings set org.gnome.desktop.session idle-delay 900"
+    lid_only = """
+        for source in ac battery; do
+            gsettings set org.gnome.settings-daemon.plugins.power sleep-inactive-$source-type nothing
+        done"""
     restarts = {"power daemon": "systemctl --user restart org.gnome.SettingsDaemon.Power.service"}
 
     def set_up(self, machine):
