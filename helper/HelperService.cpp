@@ -164,22 +164,26 @@ void HelperService::settle(const std::string& lockError)
 
 void HelperService::takeBack(const std::string& caller)
 {
-    m_override.takeBack(caller);
+    const bool hasAsked = m_override.takeBack(caller);
     m_watches.erase(caller);
-    if (!m_override.isOn()) {
-        if (m_lock.isHeld())
+    if (m_override.isOn()) {
+        // Whoever goes before others finds the lock still held, and the last may be in the background.
+        m_seesToLid = m_seesToLid || hasAsked;
+    } else {
+        const bool wasHeld = m_lock.isHeld();
+        if (wasHeld)
             logInfo("Sleep and the lid switch are back.");
         m_lock.drop();
+        if (std::exchange(m_seesToLid, false) && wasHeld)
+            m_closedLid.start();
     }
     onActivity();
 }
 
 void HelperService::forget(const std::string& caller)
 {
-    const bool wasHeld = m_lock.isHeld();
+    m_seesToLid = true;
     takeBack(caller);
-    if (wasHeld && !m_lock.isHeld())
-        m_closedLid.start();
 }
 
 void HelperService::answer(const std::string& caller, const std::string& error)

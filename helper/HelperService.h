@@ -53,6 +53,7 @@ private:
     void decide(const std::string& caller, bool isAllowed);
     void settle(const std::string& lockError);
     void takeBack(const std::string& caller);
+    /// As above, for a caller that no longer can.
     void forget(const std::string& caller);
     void answer(const std::string& caller, const std::string& error);
     void watchForLapse();
@@ -64,6 +65,8 @@ private:
     std::map<std::string, PendingRequest> m_pending;
     std::map<std::string, std::unique_ptr<CallerWatch>> m_watches;
     bool m_refusesRequests = false;
+    /// The last of the callers cannot, or may not be able to.
+    bool m_seesToLid = false;
     EventSourceHandle m_lapseTimer;
     SlotHandle m_object;
 };

@@ -17,9 +17,9 @@ void Override::hear(const std::string& caller, Clock::time_point now)
         request->second = now;
 }
 
-void Override::takeBack(const std::string& caller)
+bool Override::takeBack(const std::string& caller)
 {
-    m_lastHeard.erase(caller);
+    return m_lastHeard.erase(caller) > 0;
 }
 
 std::vector<std::string> Override::lapsed(Clock::time_point now) const

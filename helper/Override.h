@@ -28,7 +28,8 @@ public:
     void ask(const std::string& caller, Clock::time_point now);
     /// Renews the caller's request, if there is one.
     void hear(const std::string& caller, Clock::time_point now);
-    void takeBack(const std::string& caller);
+    /// Whether there was a request of this caller.
+    bool takeBack(const std::string& caller);
 
     /// Whose requests have lapsed.
     std::vector<std::string> lapsed(Clock::time_point now) const;

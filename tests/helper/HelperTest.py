@@ -429,6 +429,17 @@ class ClosedLidTest(HelperTestCase):
         self.assertEqual(caller("setKeepAwake", OFF), DONE)
         self.expect_nothing_asked(helper)
 
+    def test_the_last_of_two_callers_need_not_see_to_the_lid(self):
+        self.take_lock("handle-lid-switch")
+        self.move_lid("close")
+        helper = self.start_helper()
+        callers = self.caller(), self.caller()
+        for caller in callers:
+            self.assertEqual(caller("setKeepAwake", ON), DONE)
+        for caller in callers:
+            self.assertEqual(caller("setKeepAwake", OFF), DONE)
+        eventually(lambda: self.ASKED in helper.log(), "logind is asked")
+
     def test_an_open_lid_is_left_alone(self):
         self.take_lock("handle-lid-switch")
         self.expect_nothing_asked(self.caller_that_is_killed(("--idle-seconds", "1")))
