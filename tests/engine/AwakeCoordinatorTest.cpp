@@ -5,67 +5,11 @@
 #include "hotkey/LockScreen.h"
 #include "support/TestSupport.h"
 
-#include <QFile>
 #include <QSignalSpy>
 
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-
-namespace {
-
-class ObservedHotKeys final : public HotKeys {
-public:
-    explicit ObservedHotKeys(std::function<void()> onRegistration)
-        : m_onRegistration(std::move(onRegistration))
-    {
-    }
-
-    std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyRequest& request) override
-    {
-        m_onRegistration();
-        return m_hotKeys.registerHotKey(request);
-    }
-
-private:
-    std::function<void()> m_onRegistration;
-    FakeHotKeys m_hotKeys;
-};
-
-class ObservedNotifications final : public UserNotifications {
-public:
-    explicit ObservedNotifications(std::function<void()> onRequest)
-        : m_onRequest(std::move(onRequest))
-    {
-    }
-
-    void requestAuthorization(std::function<void(bool, const QString&)>) override { m_onRequest(); }
-    void post(const QString&, const QString&, const QString&, std::function<void(const QString&)>) override { }
-
-private:
-    std::function<void()> m_onRequest;
-};
-
-class ObservedAssertions final : public PowerAssertions {
-public:
-    explicit ObservedAssertions(std::function<void()> onCreation)
-        : m_onCreation(std::move(onCreation))
-    {
-    }
-
-    std::unique_ptr<PowerAssertion> create(PowerAssertionType type, const QString& name) override
-    {
-        m_onCreation();
-        return m_assertions.create(type, name);
-    }
-    QList<PowerAssertionHold> holds() const override { return m_assertions.holds(); }
-
-private:
-    std::function<void()> m_onCreation;
-    FakePowerAssertions m_assertions;
-};
-
-} // namespace
 
 class AwakeCoordinatorTest : public QObject {
     Q_OBJECT
@@ -88,15 +32,6 @@ private Q_SLOTS:
         QVERIFY(m->journalLines().isEmpty());
     }
 
-    void workThatRunsAtStartIsHeldByTheFirstEvaluation()
-    {
-        m->processTable.output = "claude\n";
-        m->start();
-        QVERIFY(m->coordinator->isAwake());
-        QCOMPARE(m->assertions.calls, QStringList{u"create PreventUserIdleSystemSleep Tarvik"_s});
-        QCOMPARE(m->journalLines(), QStringList{u"on: Awake · 1 agent"_s});
-    }
-
     void theAssertionIsHeldExactlyWhileAnAgentRuns()
     {
         m->start();
@@ -112,65 +47,6 @@ private Q_SLOTS:
         QCOMPARE(m->journalLines(), (QStringList{u"on: Awake · 2 agents"_s, u"off: Dozing — nothing to watch"_s}));
     }
 
-    void constructionMirrorsTheLoginItem()
-    {
-        m->loginItem.enabled = true;
-        m->start();
-        QVERIFY(m->settings->launchAtLogin());
-    }
-
-    void constructionGoesInOrder()
-    {
-        QVERIFY(HookFiles(m->home.path(), u"/somewhere/else/tarvik"_s).install(HookSpec::all.front()));
-        m->processTable.output = "codex\n";
-        m->loginItem.enabled = true;
-        expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
-        m->start();
-        m->coordinator.reset();
-        m->settings->setLaunchAtLogin(false);
-        QVERIFY(HookFiles(m->home.path(), u"/somewhere/else/tarvik"_s).install(HookSpec::all.front()));
-
-        const auto stage = [this] {
-            QFile file(m->home.filePath(u".claude/settings.json"_s));
-            const bool isOpen = file.open(QIODevice::ReadOnly);
-            return QStringList{m->settings->launchAtLogin() ? u"login item read"_s : u"login item unread"_s,
-                m->process->onChange ? u"listening"_s : u"deaf"_s,
-                isOpen && file.readAll().contains("/opt/tarvik") ? u"hooks fresh"_s : u"hooks stale"_s}
-                .join(u", "_s);
-        };
-        QStringList order;
-        ObservedHotKeys hotKeys([&] { order.append(u"shortcut: "_s + stage()); });
-        HotKeyCenter hotKeyCenter(hotKeys);
-        ObservedNotifications notifications([&] { order.append(u"permission: "_s + stage()); });
-        ObservedAssertions assertions([&] { order.append(u"evaluation: "_s + stage()); });
-        expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
-        const AwakeCoordinator coordinator(
-            {*m->settings, *m->power, *m->process, *m->thermal, *m->journal, *m->hooks, *m->lidClosed},
-            {assertions, m->loginItem, notifications, hotKeyCenter, m->screenLock, m->clock},
-            m->hookFiles);
-        QCOMPARE(order,
-            (QStringList{u"shortcut: login item read, listening, hooks stale"_s,
-                u"permission: login item read, listening, hooks stale"_s,
-                u"evaluation: login item read, listening, hooks fresh"_s}));
-    }
-
-    void constructionAsksForPermissionOnlyWhenANotificationIsOn()
-    {
-        m->start();
-        QCOMPARE(m->notifications.authorizationRequests, 1);
-
-        m = std::make_unique<CoordinatedMachine>();
-        m->store.values[u"notifyOnPause"_s] = false;
-        m->start();
-        QCOMPARE(m->notifications.authorizationRequests, 0);
-
-        m = std::make_unique<CoordinatedMachine>();
-        m->store.values[u"notifyOnPause"_s] = false;
-        m->store.values[u"notifyOnToggle"_s] = true;
-        m->start();
-        QCOMPARE(m->notifications.authorizationRequests, 1);
-    }
-
     void switchingANotificationOnAsksForPermissionAtThatMoment()
     {
         m->store.values[u"notifyOnPause"_s] = false;
@@ -183,16 +59,6 @@ private Q_SLOTS:
         m->settings->setNotifyOnPause(false);
         m->settings->setNotifyOnToggle(false);
         QCOMPARE(m->notifications.authorizationRequests, 2);
-    }
-
-    void constructionAsksBeforeItEvaluates()
-    {
-        m->processTable.output = "claude\n";
-        m->notifications.granted = false;
-        m->store.values[u"notifyOnToggle"_s] = true;
-        expectLog(QtInfoMsg, u"^Notification authorization denied$"_s);
-        m->start();
-        QCOMPARE(m->notifications.texts(), QStringList{u"Tarvik is keeping your Mac awake: Awake · 1 agent"_s});
     }
 
     void oneEvaluationActsThenPublishesThenRecords()
@@ -426,15 +292,6 @@ private Q_SLOTS:
         QVERIFY(m->settings->isEnabled());
     }
 
-    void aStartOnACPowerIsNotPluggingIn()
-    {
-        m->store.values[u"isEnabled"_s] = false;
-        m->setPower(true, 50);
-        m->start();
-        m->setPower(true, 51);
-        QVERIFY(!m->settings->isEnabled());
-    }
-
     void pluggingInSwitchesNothingOnAgainstTheUsersWish_data()
     {
         QTest::addColumn<bool>("enableOnAC");
@@ -517,19 +374,6 @@ private Q_SLOTS:
         QVERIFY(m->hookFiles.uninstall(*claude));
         m->run("claude\n");
         QVERIFY(m->coordinator->isAwake());
-    }
-
-    void hookEntriesOfAnotherInstallationAreRepairedAtStart()
-    {
-        const HookSpec* claude = HookSpec::all.data();
-        QVERIFY(HookFiles(m->home.path(), u"/somewhere/else/tarvik"_s).install(*claude));
-        expectLog(QtInfoMsg, u"^hook config out of date for claude; rewriting$"_s);
-        m->start();
-        QFile file(m->home.filePath(u".claude/settings.json"_s));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray content = file.readAll();
-        QVERIFY(content.contains("/opt/tarvik/Contents/SharedSupport/tarvik"));
-        QVERIFY(!content.contains("/somewhere/else"));
     }
 
     void aTimedSessionKeepsAwakeUntilItsEnd()
