@@ -305,6 +305,19 @@ private Q_SLOTS:
         QCOMPARE(m_clock->untilNext(), Seconds{201});
     }
 
+    void aLapseThatIsNearGetsItsWholeSecondOfSlack()
+    {
+        acquire(u"first"_s, u"10"_s);
+        acquire(u"second"_s, u"10.2"_s);
+        m_clock->advance(9.9s);
+        release(u"first"_s);
+        QVERIFY(std::abs(m_clock->untilNext().count() - 1.3) < 1e-6);
+        expectLog(QtInfoMsg, u"^hook lease lapsed without a release; dropping it$"_s);
+        m_clock->advance(1.31s);
+        QCOMPARE(m_changes, 4);
+        QCOMPARE(m_clock->pending(), std::size_t{0});
+    }
+
     void leasesThatLapseTogetherAreOneChange()
     {
         for (const QString& key : {u"a"_s, u"b"_s, u"c"_s})
