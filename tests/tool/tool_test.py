@@ -714,6 +714,19 @@ if os.geteuid() == 0:
                 self.assertEqual(self.run_tool("acquire", "--session", "k", environment=environment).returncode, 1)
             self.assertEqual(self.bus.settled_events(), [])
 
+        def test_a_socket_of_somebody_else_is_reached_only_where_the_environment_names_it(self):
+            directory = self.directory / "anybodys"
+            directory.mkdir()
+            with socket.socket(socket.AF_UNIX) as listener:
+                listener.bind(str(directory / "bus"))
+                listener.listen(8)
+                listener.setblocking(False)
+                os.chown(directory / "bus", self.USER, self.USER)
+                self.hook(payload("s"), environment={"XDG_RUNTIME_DIR": str(directory)})
+                self.assertRaises(BlockingIOError, listener.accept)
+                self.hook(payload("s"), environment={"DBUS_SESSION_BUS_ADDRESS": f"unix:path={directory / 'bus'}"})
+                listener.accept()[0].close()
+
         def test_through_sudo_the_users_bus_is_reached(self):
             for environment in (
                 {"DBUS_SESSION_BUS_ADDRESS": self.bus.address},
