@@ -27,7 +27,7 @@ target_compile_definitions(tarvik-options INTERFACE
   QT_WARN_DEPRECATED_UP_TO=0x060400)
 
 # What most sources include, compiled once: tarvik-core does it for all that is compiled as it is. Every source includes what
-# it needs all the same; scripts/check and the sanitizers' preset compile without this.
+# it needs all the same: tests/check_hidden_includes.py sees to it, and the sanitizers' preset compiles without this.
 set(TARVIK_PRECOMPILED_HEADERS
   <QCoreApplication> <QDateTime> <QDir> <QFile> <QHash> <QJsonArray> <QJsonDocument> <QJsonObject> <QLoggingCategory> <QMap>
   <QObject> <QPointer> <QProcess> <QRegularExpression> <QSet> <QSocketNotifier> <QStringList> <QTimer> <QUrl> <QUuid> <QVariant>
