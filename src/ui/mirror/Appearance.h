@@ -19,7 +19,7 @@ namespace Tarvik {
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one in the windows' process.")
+    QML_UNCREATABLE("There is one in the UI process.")
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(QColor accent READ accent NOTIFY changed)
     Q_PROPERTY(bool isAnimated READ isAnimated NOTIFY changed)

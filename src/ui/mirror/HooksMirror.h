@@ -11,7 +11,7 @@ namespace Tarvik {
 class HooksMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one in the windows' process.")
+    QML_UNCREATABLE("There is one in the UI process.")
     Q_PROPERTY(QVariantList agents READ agents CONSTANT)
     Q_PROPERTY(QStringList installedIds READ installedIds NOTIFY installedIdsChanged)
 

@@ -11,7 +11,7 @@ namespace Tarvik {
 class JournalMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one in the windows' process.")
+    QML_UNCREATABLE("There is one in the UI process.")
     Q_PROPERTY(Tarvik::JournalModel* entries READ entries NOTIFY entriesChanged)
 
 public:

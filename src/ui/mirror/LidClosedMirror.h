@@ -11,7 +11,7 @@ namespace Tarvik {
 class LidClosedMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one in the windows' process.")
+    QML_UNCREATABLE("There is one in the UI process.")
     // clang-format off
     Q_PROPERTY(bool clamshellActive READ clamshellActive NOTIFY clamshellActiveChanged)
     Q_PROPERTY(bool helperInstalled READ helperInstalled NOTIFY helperInstalledChanged)

@@ -10,7 +10,7 @@ namespace Tarvik {
 class SettingsMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one in the windows' process.")
+    QML_UNCREATABLE("There is one in the UI process.")
     // clang-format off
     Q_PROPERTY(bool keepDisplayAwake READ keepDisplayAwake WRITE setKeepDisplayAwake NOTIFY keepDisplayAwakeChanged)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY launchAtLoginChanged)

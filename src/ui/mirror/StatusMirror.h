@@ -11,7 +11,7 @@ namespace Tarvik {
 class StatusMirror : public Tarvik::PropertyMirror {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("There is one in the windows' process.")
+    QML_UNCREATABLE("There is one in the UI process.")
     // clang-format off
     Q_PROPERTY(bool isAwake READ isAwake NOTIFY isAwakeChanged)
     Q_PROPERTY(QString reason READ reason NOTIFY reasonChanged)
