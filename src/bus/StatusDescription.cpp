@@ -82,7 +82,7 @@ QString powerText(const StatusObject& status)
         .arg(status.batteryPercent());
 }
 
-QString heatText(const StatusObject& status)
+QString thermalText(const StatusObject& status)
 {
     return status.isHot()
         ? QCoreApplication::translate("StatusDescription", "%1 (too hot to be kept awake)").arg(status.thermalText())
@@ -148,7 +148,7 @@ QString text(const StatusObject& status)
     std::ranges::transform(status.assertions(), std::back_inserter(holds), holdText);
     table.add(QCoreApplication::translate("StatusDescription", "Holds"), holds);
     table.add(QCoreApplication::translate("StatusDescription", "Power"), {powerText(status)});
-    table.add(QCoreApplication::translate("StatusDescription", "Heat"), {heatText(status)});
+    table.add(QCoreApplication::translate("StatusDescription", "Heat"), {thermalText(status)});
     if (status.lidClosed()) {
         table.add(QCoreApplication::translate("StatusDescription", "Lid"),
             {QCoreApplication::translate("StatusDescription", "closed")});

@@ -14,7 +14,7 @@ enum class ThermalLevel : int {
     critical = 3,
 };
 
-/// The operating system's view of the machine's heat.
+/// The operating system's view of the machine's thermal state.
 class ThermalState {
 public:
     virtual ~ThermalState() = default;

@@ -57,7 +57,7 @@ private Q_SLOTS:
         m_tarvik->machine.coordinator->setTimedSession(10);
         m_tarvik->machine.lid.closed = true;
         m_tarvik->machine.power->readLid();
-        m_tarvik->machine.setHeat(ThermalLevel::critical);
+        m_tarvik->machine.setThermal(ThermalLevel::critical);
         QVERIFY(text().contains(u"\n  Session   until 22:23\n"_s));
         QVERIFY(text().contains(u"\n  Heat      very hot (too hot to be kept awake)\n"_s));
         QVERIFY(text().contains(u"\n  Power     external\n"_s));

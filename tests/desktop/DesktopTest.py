@@ -287,12 +287,12 @@ class DesktopTest(unittest.TestCase):
             self.assertEqual(laptop.ask(zone + "cat mode trip_point_*_type; cat trip_point_*_temp"),
                              "enabled\ncritical\nhot\npassive\n105000\n100000\n90000")
             self.assertEqual(laptop.ask(zone + "cat temp cdev0/cur_state cdev0_trip_point"), "45000\n0\n2")
-            laptop.ask(f"{DESKTOP} heat 96500")
+            laptop.ask(f"{DESKTOP} thermal 96500")
             self.assertEqual(laptop.ask(zone + "cat temp cdev0/cur_state"), "96500\n5")
 
     def test_wrong_hardware_commands_are_refused_with_a_sentence(self):
         with self.laptop() as laptop:
-            for words in ("battery 101", "battery much", "mains maybe", "lid", "heat hot", "battery 5 empty"):
+            for words in ("battery 101", "battery much", "mains maybe", "lid", "thermal hot", "battery 5 empty"):
                 answer = laptop.ask(f"{shlex.quote(DESKTOP)} {words} 2>&1; echo $?")
                 self.assertRegex(answer, r"\Adesktop: .*\.\n1\Z", words)
 

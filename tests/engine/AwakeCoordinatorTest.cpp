@@ -195,11 +195,11 @@ private Q_SLOTS:
         m->setPower(false, 80);
         m->processTable.output = "claude\n";
         m->start();
-        m->setHeat(ThermalLevel::serious);
+        m->setThermal(ThermalLevel::serious);
         QCOMPARE(m->journalLines(),
             (QStringList{u"paused: Paused — on battery"_s, u"paused: Paused — Mac is running hot"_s}));
         QCOMPARE(m->coordinator->statusDetails(), u"on battery 80%"_s);
-        m->setHeat(ThermalLevel::critical);
+        m->setThermal(ThermalLevel::critical);
         QCOMPARE(m->notifications.posted.size(), 2);
     }
 
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(m->coordinator->statusReason(), u"Dozing — nothing to watch"_s);
         QVERIFY(!m->coordinator->isPaused());
         QCOMPARE(m->journalLines().size(), 1);
-        m->setHeat(ThermalLevel::nominal);
+        m->setThermal(ThermalLevel::nominal);
         m->run("claude\n");
         QCOMPARE(m->journalLines().last(), u"on: Awake · 1 agent"_s);
     }
@@ -478,7 +478,7 @@ private Q_SLOTS:
         QCOMPARE(m->coordinator->statusDetails().right(8), u"min left"_s);
     }
 
-    void heatTellsInTheDetailsWhenItDoesNotPause()
+    void theThermalStateTellsInTheDetailsWhenItDoesNotPause()
     {
         m->store.values[u"pauseWhenHot"_s] = false;
         m->setPower(true, 63);
@@ -529,7 +529,7 @@ private Q_SLOTS:
         m->coordinator.reset();
         QVERIFY(!m->assertions.isSystemHeld() && !m->assertions.isDisplayHeld());
         m->setPower(false, 3);
-        m->setHeat(ThermalLevel::critical);
+        m->setThermal(ThermalLevel::critical);
         m->run("");
         m->hook({{u"action"_s, u"acquire"_s}, {u"session"_s, u"x"_s}});
         QCOMPARE(m->journalLines().size(), 1);

@@ -72,7 +72,7 @@ private Q_SLOTS:
         QCOMPARE(decide(inputs), awake);
     }
 
-    void aTimedSessionOverridesNeitherHeatNorBattery()
+    void aTimedSessionOverridesNeitherThermalStateNorBattery()
     {
         Inputs inputs;
         inputs.timedSessionActive = true;
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(decide(inputs), paused(BlockReason::onBattery()));
     }
 
-    void heatPausesOnlyWhenTheUserWantsIt()
+    void theThermalStatePausesOnlyWhenTheUserWantsIt()
     {
         Inputs inputs = working();
         inputs.isHot = true;
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QCOMPARE(decide(inputs), awake);
     }
 
-    void heatIsTheReasonWhenPowerWouldPauseToo()
+    void theThermalStateIsTheReasonWhenPowerWouldPauseToo()
     {
         Inputs inputs = onBattery(5);
         inputs.requireAC = true;

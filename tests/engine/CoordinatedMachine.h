@@ -76,7 +76,7 @@ public:
         powerSources.announce();
     }
 
-    void setHeat(ThermalLevel level)
+    void setThermal(ThermalLevel level)
     {
         thermalState.current = level;
         thermalState.announce();

@@ -63,7 +63,7 @@ private Q_SLOTS:
     void aPauseSwitchesSleepOnAgain()
     {
         startActive();
-        m->setHeat(ThermalLevel::critical);
+        m->setThermal(ThermalLevel::critical);
         QVERIFY(!m->coordinator->clamshellActive());
         QVERIFY(!m->sleepControl.isOverridden());
         QCOMPARE(m->sleepControl.calls, (QStringList{u"ask"_s, u"end"_s, u"sleep"_s}));
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QTest::newRow("a minute of a session") << Happen([](CoordinatedMachine& m) { m.clock.advance(90s); });
         QTest::newRow("the end of a session") << Happen([](CoordinatedMachine& m) { m.clock.advance(31min); });
         QTest::newRow("the battery") << Happen([](CoordinatedMachine& m) { m.setPower(false, 79); });
-        QTest::newRow("heat") << Happen([](CoordinatedMachine& m) { m.setHeat(ThermalLevel::fair); });
+        QTest::newRow("thermal") << Happen([](CoordinatedMachine& m) { m.setThermal(ThermalLevel::fair); });
         QTest::newRow("a status of the helper")
             << Happen([](CoordinatedMachine& m) { m.helper.setStatus(HelperStatus::notFound); });
     }

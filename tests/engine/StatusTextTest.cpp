@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(StatusText::subtitle(inputs), u"Not watching"_s);
     }
 
-    void detailsListBatteryHeatLidAndSessionInThisOrder()
+    void detailsListBatteryThermalStateLidAndSessionInThisOrder()
     {
         StatusText::DetailsInputs inputs;
         QCOMPARE(StatusText::details(inputs), QString());

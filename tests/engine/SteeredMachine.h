@@ -35,8 +35,8 @@ private:
             return setMains(oneOf(value, "off on"));
         if (word == QLatin1String("battery"))
             return setBattery(value);
-        if (word == QLatin1String("heat"))
-            return setHeat(oneOf(value, "nominal fair serious critical"));
+        if (word == QLatin1String("thermal"))
+            return setThermal(oneOf(value, "nominal fair serious critical"));
         if (word == QLatin1String("lid"))
             return setLid(oneOf(value, "open closed none"));
         if (word == QLatin1String("helper"))
@@ -109,11 +109,11 @@ private:
         return true;
     }
 
-    bool setHeat(int level)
+    bool setThermal(int level)
     {
         if (level < 0)
             return false;
-        m.setHeat(static_cast<ThermalLevel>(level));
+        m.setThermal(static_cast<ThermalLevel>(level));
         return true;
     }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
-"""The rules on a laptop whose battery, mains, lid and heat change while Tarvik runs: real UPower, real logind."""
+"""The rules on a laptop whose battery, mains, lid and thermal state change while Tarvik runs: real UPower, real logind."""
 import subprocess
 
 import program
@@ -105,14 +105,14 @@ class LaptopTest(TarvikTestCase):
     def test_overheating_pauses_and_cooling_down_resumes(self):
         tarvik = self.start_working()
         eventually(is_held, "held")
-        hardware("heat", 101000)
+        hardware("thermal", 101000)
         eventually(is_not_held, "released")
         status = tarvik.status()
         self.assertEqual((status["reason"], status["subtitle"]), ("Paused — Mac is running hot", "the Mac is running hot"))
         self.assertEqual((status["thermalState"], status["isHot"]), (3, True))
         self.assertEqual(status["details"], "charging 80%")
-        hardware("heat", 40000)
-        # Heat that comes and goes must not make keep-awake flap, so cooling down takes its time.
+        hardware("thermal", 40000)
+        # A thermal state that comes and goes must not make keep-awake flap, so cooling down takes its time.
         eventually(is_held, "held again", 150)
         self.wait_for_journal("on: Awake · 1 agent", "paused: Paused — Mac is running hot", "resumed: Awake · 1 agent")
 

@@ -89,7 +89,7 @@ def set_up_laptop(percent=80, is_charging=True):
     hardware("mains", "on" if is_charging else "off")
     hardware("battery", percent, "charging" if is_charging else "discharging")
     hardware("lid", "open")
-    hardware("heat", 40000)
+    hardware("thermal", 40000)
     told = ((UPOWER, "OnBattery", not is_charging), (BATTERY, "Percentage", percent), (BATTERY, "State", 1 if is_charging else 2),
             (UPOWER, "LidIsClosed", False), (LOGIND, "LidClosed", False))
     for owner, name, value in told:

@@ -5,17 +5,17 @@ import pathlib
 import subprocess
 
 # Each begins the same, so that it does not matter which one was before.
-PLAIN = ("set isEnabled true", "set requireAC false", "set pauseWhenHot true", "mains on", "battery 80", "heat nominal", "session 0",
+PLAIN = ("set isEnabled true", "set requireAC false", "set pauseWhenHot true", "mains on", "battery 80", "thermal nominal", "session 0",
          "work off", "apps")
 LONG_NAMES = ("Visual Studio Code Insiders <b>Nightly</b>", "A program whose name is longer than anybody would have thought of",
               "Blender", "GIMP")
 SCENES = {
     "awake": (*PLAIN, "work claude codex", "apps Blender"),
     "asleep": (*PLAIN, "battery none"),
-    "paused": (*PLAIN, "work claude", "set pauseWhenHot false", "set requireAC true", "mains off", "heat serious"),
+    "paused": (*PLAIN, "work claude", "set pauseWhenHot false", "set requireAC true", "mains off", "thermal serious"),
     "off": (*PLAIN, "set isEnabled false", "mains off", "battery 64"),
     "session": (*PLAIN, "session 60", "wait 1"),
-    "long": (*PLAIN, "set pauseWhenHot false", "heat critical", f"apps {';'.join(LONG_NAMES)}", "session 959", "wait 1"),
+    "long": (*PLAIN, "set pauseWhenHot false", "thermal critical", f"apps {';'.join(LONG_NAMES)}", "session 959", "wait 1"),
 }
 
 

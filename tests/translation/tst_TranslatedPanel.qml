@@ -49,7 +49,7 @@ Item {
             tarvik.restart();
             tarvik.setPower(true, 80);
             tarvik.set("pauseWhenHot", false);
-            tarvik.setHeat(3);
+            tarvik.setThermal(3);
             tarvik.allow(["Blender"]);
             tarvik.run(["claude", "codex"], ["Blender"]);
         }

@@ -93,9 +93,9 @@ public:
         arrive();
     }
     /// From 0 to 3.
-    Q_INVOKABLE void setHeat(int level)
+    Q_INVOKABLE void setThermal(int level)
     {
-        machine().setHeat(static_cast<ThermalLevel>(level));
+        machine().setThermal(static_cast<ThermalLevel>(level));
         arrive();
     }
     Q_INVOKABLE void setTimedSession(int minutes)

@@ -33,7 +33,7 @@ QtObject {
 
     readonly property string battery: status.hasBattery && status.batteryPercent !== undefined
         ? status.batteryPercent + "% on " + (status.isOnAC ? "AC" : "battery") : "none"
-    readonly property string heat: status.thermalText
+    readonly property string thermal: status.thermalText
     readonly property string apps: settings.allowlist.map(app => app.bundleID + "=" + app.name).join()
     readonly property string lastCheck: updater.lastUpdateCheckDate === undefined
         ? "never" : updater.lastUpdateCheckDate.toISOString()
@@ -106,9 +106,9 @@ private Q_SLOTS:
         QTRY_COMPARE(object->property("battery"), u"79% on battery"_s);
         tarvik.machine.setPower(true, {});
         QTRY_COMPARE(object->property("battery"), u"none"_s);
-        QTRY_COMPARE(object->property("heat"), u"normal"_s);
-        tarvik.machine.setHeat(ThermalLevel::serious);
-        QTRY_COMPARE(object->property("heat"), u"hot"_s);
+        QTRY_COMPARE(object->property("thermal"), u"normal"_s);
+        tarvik.machine.setThermal(ThermalLevel::serious);
+        QTRY_COMPARE(object->property("thermal"), u"hot"_s);
         tarvik.machine.journal->record(JournalEntry::Kind::paused, u"Too hot"_s);
         QTRY_COMPARE(object->property("newest"), u"pause.circle Too hot 1700000000000"_s);
         QTRY_COMPARE(object->property("agents"),

@@ -41,7 +41,7 @@ private Q_SLOTS:
         QCOMPARE(status.subtitle(), u"Claude Code"_s);
         QCOMPARE(awake.size(), 1);
         QCOMPARE(session.size(), 0);
-        tarvik.machine.setHeat(ThermalLevel::critical);
+        tarvik.machine.setThermal(ThermalLevel::critical);
         QTRY_COMPARE(status.thermalText(), u"very hot"_s);
     }
 

@@ -307,7 +307,7 @@ Item {
 
         function test_theTemperatureIsTold() {
             show("Power");
-            tarvik.setHeat(3);
+            tarvik.setThermal(3);
             compare(find("heat").footer, "Temperature is currently very hot. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.");
         }
 

@@ -20,7 +20,7 @@ public:
     /// Looks anew for what there is: zones come and go, and trips move.
     void rescan();
 
-    /// There is something whose reading can tell heat.
+    /// There is something whose reading can tell a thermal level.
     bool canTell() const { return !m_zones.empty() || !m_packages.empty(); }
 
     ThermalReadings read();

@@ -14,8 +14,9 @@
 
 namespace Tarvik {
 
-/// The machine's heat as its thermal zones and throttle counters tell it. The kernel announces that trips are crossed,
-/// for the zones that it watches itself; the others need a slow look, which machines that cannot tell are spared.
+/// The machine's thermal state as its thermal zones and throttle counters tell it. The kernel announces that trips are
+/// crossed, for the zones that it watches itself; the others need a slow look, which machines that cannot tell are
+/// spared.
 class SysfsThermalState final : public ThermalState {
 public:
     explicit SysfsThermalState(Clock& clock, const QString& root = QStringLiteral("/sys"));

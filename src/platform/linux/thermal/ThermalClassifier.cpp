@@ -36,8 +36,8 @@ std::optional<Threshold> fairThreshold(const ThermalZoneReading& zone)
 
 std::optional<Threshold> seriousThreshold(const ThermalZoneReading& zone)
 {
-    // Processors run at their limit for short bursts by design: only lasting heat, or a kernel that has begun to slow
-    // things down, is serious.
+    // Processors run at their limit for short bursts by design: only a lasting thermal load, or a kernel that has begun
+    // to slow things down, is serious.
     if (zone.passive)
         return below(zone.passive, 0, zone.isCooling ? Seconds::zero() : enterHold);
     return below(zone.critical, 10, enterHold);

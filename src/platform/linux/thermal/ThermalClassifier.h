@@ -36,7 +36,7 @@ struct ThermalZoneReading {
     bool isCooling = false;
 };
 
-/// How long one processor package has been slowed down for its heat since the machine started.
+/// How long one processor package has been slowed down for thermal reasons since the machine started.
 struct ThrottleReading {
     QString package;
     qint64 totalMilliseconds = 0;

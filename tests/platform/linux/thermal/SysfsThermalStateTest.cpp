@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(m_clock->pending(), std::size_t{0});
     }
 
-    void heatAtTheStartIsKnownAtOnce()
+    void theThermalStateAtTheStartIsKnownAtOnce()
     {
         zone(u"0"_s, "101000");
         trip(u"0"_s, 0, "hot", "100000");
