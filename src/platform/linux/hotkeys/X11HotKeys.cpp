@@ -67,9 +67,8 @@ X11HotKeys::X11HotKeys(std::shared_ptr<X11Connection> connection)
 void X11HotKeys::begin()
 {
     for (HotKey& hotKey : m_hotKeys) {
-        if (hotKey.keys)
-            hotKey.status = HotKeyStatus::pending;
-        m_hasStateChanged = true;
+        if (hotKey.keys && std::exchange(hotKey.status, HotKeyStatus::pending) != HotKeyStatus::pending)
+            m_hasStateChanged = true;
     }
     requestKeyMap();
     m_connection->send();
