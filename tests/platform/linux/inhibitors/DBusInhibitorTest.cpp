@@ -200,6 +200,21 @@ private Q_SLOTS:
         QDBusConnection::disconnectFromBus(u"other"_s);
     }
 
+    void aCookieGoesBackToTheProcessThatGaveIt()
+    {
+        auto other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
+        take(forCookie);
+        QTRY_COMPARE(m_inhibitor->state(), effective);
+        m_service.unregisterService(m_sessionManager->service());
+        {
+            FakeSessionManager successor(other);
+            QVERIFY(successor.appear());
+            m_inhibitor.reset();
+            QTRY_COMPARE(m_sessionManager->held(), Requests());
+        }
+        QDBusConnection::disconnectFromBus(u"other"_s);
+    }
+
     void aDescriptorIsKeptUntilTheNextOneIsThere()
     {
         take(forDescriptor);
