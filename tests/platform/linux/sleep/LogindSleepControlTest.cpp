@@ -248,7 +248,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_answers.size(), 1);
         QVERIFY(!m_override);
         m_clock.advance(ClosedLidSleep::settlingTime);
-        QTRY_COMPARE(m_logind->suspends.size(), 1);
+        QTRY_COMPARE(m_logind->questions.count(FakeLogind::suspend), 1);
     }
 
     void whoeverObjectsIsWaitedForOnlyForAWhile()
