@@ -122,6 +122,9 @@ BindPaths=-/run/tarvik-machine/{pipe}:/dev/input/event99
         return 0
 
     def _stop(self):
+        if self._leader:
+            # With its lid closed it may sleep, and then its users' processes do not end.
+            self.root(f"/{GUEST}/hardware", "lid", "open", check=False)
         power_off = signal.SIGRTMIN + 4
         subprocess.run(["kill", f"-{power_off}", str(self._leader or self._process.pid)], check=False)
         try:
