@@ -98,11 +98,9 @@ void LidClosedMode::finishSwitch(bool on, bool ok, const QString& error)
         m_helper.setLastError(error.isEmpty()
                 ? QCoreApplication::translate("LidClosedMode", "The background helper didn’t respond.")
                 : error);
-        if (!on) {
-            // The answer may only be late, and nothing may happen for hours in which another attempt would be made.
-            m_isInDoubt = true;
-            m_retry = m_clock.after(retryPause, [this] { Q_EMIT evaluationNeeded(); });
-        }
+        // Nothing may happen for hours in which another attempt would be made; and the answer may only be late.
+        m_isInDoubt = m_isInDoubt || !on;
+        m_retry = m_clock.after(on ? Heartbeat::period : retryPause, [this] { Q_EMIT evaluationNeeded(); });
         return;
     }
     m_isInDoubt = false;

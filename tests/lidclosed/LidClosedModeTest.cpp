@@ -225,6 +225,19 @@ private Q_SLOTS:
         QCOMPARE(m_told, (QStringList{u"evaluate"_s, u"active"_s, u"evaluate"_s}));
     }
 
+    void aFailedSwitchOnIsTriedAgainThoughNothingHappens()
+    {
+        start(HelperStatus::enabled);
+        m_mode->update(wanted);
+        m_helper->connection->reply(false, u"The computer is just waking up."_s);
+        m_told.clear();
+        m_clock.advance(31s);
+        QCOMPARE(m_told, QStringList{u"evaluate"_s});
+        m_mode->update(wanted);
+        m_helper->connection->reply(true);
+        QVERIFY(m_mode->clamshellActive());
+    }
+
     void afterAFailedSwitchOffTheHelperIsToldWhatIsWantedNext()
     {
         startOnThroughHelper();
