@@ -11,6 +11,8 @@ from scenarios import (HARDWARE, HELPER, HELPER_FILES, HELPER_UNIT, PROGRAM, REA
 
 # Seconds in which an override that has gone leaves the machine asleep: the desktop's own way, and ours where it has none.
 SLEEP_PATIENCE = 12
+# The first user of an image.
+UID = 1000
 # Seconds after which the helper takes the application for dead.
 LAPSE = 75
 # Seconds in which whoever looks at the lid has done what they do about it.
@@ -197,6 +199,10 @@ def helper_lost(context):
         since = time.time()
         with without_helper(context):
             try:
+                eventually(lambda: any(at > since for at in context.machine.suspends()) or lid_locks(context) == [UID],
+                           SLEEP_PATIENCE, "the user's own lock does or the machine sleeps")
+                if lid_locks(context):
+                    return f"own lock, suspend {expect_asleep(context, end_work(context), 'the work'):.1f} s"
                 return f"suspend {expect_asleep(context, since, 'the loss of the helper'):.1f} s"
             finally:
                 move_lid(context, "open")
