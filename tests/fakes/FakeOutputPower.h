@@ -32,8 +32,8 @@ public:
         // An absolute path is taken as it is.
         if (wl_display_add_socket(m_display, QFile::encodeName(socket()).constData()) != 0)
             qFatal("no socket can be made");
-        for (std::atomic<bool>& isOn : this->isOn)
-            wl_global_create(m_display, &wl_output_interface, 1, &isOn, bindOutput);
+        for (std::atomic<bool>& output : isOn)
+            wl_global_create(m_display, &wl_output_interface, 1, &output, bindOutput);
         wl_global_create(m_display, &zwlr_output_power_manager_v1_interface, 1, this, bindManager);
         m_thread = std::thread([this] {
             while (!m_isOver) {
