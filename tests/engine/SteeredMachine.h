@@ -41,6 +41,10 @@ private:
             return setLid(oneOf(value, "open closed none"));
         if (word == QLatin1String("helper"))
             return setHelper(oneOf(value, "missing installed unapproved"));
+        if (word == QLatin1String("install-helper") || word == QLatin1String("reinstall-helper"))
+            return installHelper(word == QLatin1String("reinstall-helper"));
+        if (word == QLatin1String("installed-helper"))
+            return finishInstallation(value);
         if (word == QLatin1String("work"))
             return setWork(value);
         if (word == QLatin1String("apps"))
@@ -132,6 +136,21 @@ private:
             return false;
         m.lid.setPresent(true);
         m.helper.setStatus(static_cast<HelperStatus>(status));
+        CoordinatedMachine::settle();
+        return true;
+    }
+
+    bool installHelper(bool isAnew)
+    {
+        if (!m.lidClosed)
+            return false;
+        isAnew ? m.lidClosed->reinstallHelper() : m.lidClosed->installHelper();
+        return true;
+    }
+
+    bool finishInstallation(const QString& error)
+    {
+        m.helper.finish(error);
         CoordinatedMachine::settle();
         return true;
     }

@@ -10,14 +10,13 @@
 //   session MINUTES         a timed session; 0 ends it
 //   hooks fail|work         whether the files of agents without any can be written
 //   install ID              installs the hooks of an agent
-//   install-helper, reinstall-helper, installed-helper [ERROR]
-//                           what the windows ask for, and what becomes of it; the end of a removal counts as one
 //   updates on|off|checked  whether updates can be had; a check of which has just ended
 //   forget                  clears the journal
 //   earlier SECONDS         sets the machine's clock back
 // Prints "entered LINE" once all of its consequences have been announced, "unknown LINE" for any other line. The
 // machine's clock starts at the present time and moves with "wait" only. Ends with its input.
 #include "bus/ServedTarvik.h"
+#include "bus/WindowRequest.h"
 #include "engine/SteeredMachine.h"
 
 #include <QAbstractEventDispatcher>
@@ -41,23 +40,6 @@ void say(const QString& line)
     std::cout << line.toStdString() << std::endl;
 }
 
-QString textOf(const QVariant& value)
-{
-    return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant().toString() : value.toString();
-}
-
-/// Reports what the windows want done; what they only look at is no request.
-void report(const QDBusMessage& message)
-{
-    QStringList words;
-    for (const QVariant& argument : message.arguments())
-        words.append(textOf(argument));
-    if (message.interface().startsWith(u"com.morvanta."_s) && message.member() != u"RefreshHelperStatus"_s)
-        say((QStringList(message.member()) + words).join(u' '));
-    else if (message.member() == u"Set"_s)
-        say(u"set "_s + words.mid(1).join(u' '));
-}
-
 class Offline {
 public:
     Offline()
@@ -66,7 +48,9 @@ public:
         m_tarvik.machine.clock.setBack(m_tarvik.machine.clock.now().time_since_epoch() - present);
         m_tarvik.machine.settings->setLaunchAtLogin(true);
         m_tarvik.object->onMessage = [](const QDBusMessage& message) {
-            report(message);
+            const QString request = windowRequest(message);
+            if (!request.isEmpty())
+                say(request);
             if (message.member() == u"Quit"_s)
                 QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
         };
@@ -109,14 +93,6 @@ private:
         if (word == u"install"_s) {
             const HookSpec* spec = HookSpec::find(value.toStdString());
             return spec != nullptr && machine.hookFiles.install(*spec);
-        }
-        if (word == u"install-helper"_s || word == u"reinstall-helper"_s) {
-            word == u"install-helper"_s ? machine.lidClosed->installHelper() : machine.lidClosed->reinstallHelper();
-            return true;
-        }
-        if (word == u"installed-helper"_s) {
-            machine.helper.finish(value);
-            return true;
         }
         if (word == u"updates"_s)
             return setUpdates(value);
