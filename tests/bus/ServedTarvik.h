@@ -65,8 +65,7 @@ public:
         object->add(BusInterfaces::settings(*machine.settings,
             {.setLaunchAtLogin
                 = [this](bool on) { ask(on ? QStringLiteral("login on") : QStringLiteral("login off")); },
-                .setClamshellEnabled
-                = [this](bool on) { ask(on ? QStringLiteral("lid on") : QStringLiteral("lid off")); }},
+                .setClamshellEnabled = [this](bool on) { machine.lidClosed->setClamshellEnabled(on); }},
             bus));
         object->add(BusInterfaces::journal(*machine.journal, bus));
         object->add(BusInterfaces::hooks(machine.hookFiles, bus));

@@ -18,7 +18,7 @@ Item {
     TestDesktop {
         id: desktop
     }
-    TestLidClosed {
+    TestTarvik {
         id: tarvik
     }
     ShownTexts {
@@ -83,7 +83,7 @@ Item {
         function test_everythingIsTranslatedAndFits_data() {
             const rows = [];
             for (const textScale of [1, 2]) {
-                for (const [tag, helper, counts] of [["no helper", [false, false], [4, 6, 4]], ["waiting", [false, true], [4, 7, 4]], ["installed", [true, false], [4, 6, 4]]])
+                for (const [tag, helper, counts] of [["no helper", "missing", [4, 6, 4]], ["waiting", "unapproved", [4, 7, 4]], ["installed", "installed", [4, 6, 4]]])
                     rows.push({tag: `${tag}, text at ${textScale}`, textScale, helper, counts});
             }
             return rows;
@@ -91,7 +91,7 @@ Item {
 
         function test_everythingIsTranslatedAndFits(row) {
             desktop.textScale = row.textScale;
-            tarvik.setHelper(...row.helper, "");
+            tarvik.play(`helper ${row.helper}`);
             for (const step of [2, 1, 0]) {
                 view.goTo(step);
                 verify(grabImage(view));

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "fakes/FakeTarvikObject.h"
+#include "bus/ServedTarvik.h"
 #include "support/TestSupport.h"
 #include "ui/WindowKeeper.h"
 #include "ui/mirror/Appearance.h"
 #include "ui/mirror/LidClosedMirror.h"
+#include "ui/mirror/MirrorTestSupport.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 
@@ -32,7 +33,6 @@ class LidClosedWindowsTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_tarvik.appear());
         const QString folder = m_icons.filePath(u"hicolor/256x256/apps"_s);
         QVERIFY(QDir().mkpath(folder));
         QVERIFY(QImage(256, 256, QImage::Format_ARGB32).save(folder + u"/com.morvanta.Tarvik.png"_s));
@@ -43,7 +43,7 @@ private Q_SLOTS:
         TARVIK_FAIL_ON_WARNINGS();
         m_keeper.emplace(
             WindowKeeper::Models{m_status, m_settings, m_lidClosed, m_appearance, {}, m_icons.path()}, m_bus, 1h);
-        m_tarvik.asked.clear();
+        m_tarvik.machine.helper.calls.clear();
     }
 
     void cleanup() { m_keeper.reset(); }
@@ -84,7 +84,8 @@ private Q_SLOTS:
         window->close();
         QTRY_VERIFY(openWindows().isEmpty());
         QVERIFY(window);
-        QVERIFY(!m_tarvik.asked.contains(u"FinishOnboarding"_s));
+        settle(m_bus);
+        QVERIFY(!m_tarvik.machine.store.values.contains(u"clamshellOnboardingComplete"_s));
         expectRaise();
         showOnboarding(*m_keeper);
         QTRY_COMPARE(openWindows(), QWindowList{window});
@@ -103,12 +104,12 @@ private Q_SLOTS:
     {
         expectRaise();
         showOnboarding(*m_keeper);
-        QTRY_VERIFY(m_tarvik.asked.contains(u"RefreshHelperStatus"_s));
+        QTRY_VERIFY(m_tarvik.machine.helper.calls.contains(u"refresh"_s));
         openWindows().constFirst()->close();
         QTRY_VERIFY(!QGuiApplication::focusWindow());
-        m_tarvik.asked.clear();
+        m_tarvik.machine.helper.calls.clear();
         m_keeper->showPanel({100, 10}, {});
-        QTRY_VERIFY(m_tarvik.asked.contains(u"RefreshHelperStatus"_s));
+        QTRY_VERIFY(m_tarvik.machine.helper.calls.contains(u"refresh"_s));
     }
 
 private:
@@ -127,7 +128,7 @@ private:
 
     QTemporaryDir m_icons;
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"windows"_s);
-    FakeTarvikObject m_tarvik{QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"tarvik"_s)};
+    ServedTarvik m_tarvik;
     StatusMirror m_status{m_bus};
     SettingsMirror m_settings{m_bus};
     LidClosedMirror m_lidClosed{m_bus};

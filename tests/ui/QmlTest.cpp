@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/Translation.h"
 #include "ui/TestDesktop.h"
-#include "ui/TestLidClosed.h"
 #include "ui/TestTarvik.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
@@ -28,7 +27,6 @@ public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine* engine)
     {
         qmlRegisterType<Tarvik::TestDesktop>("Tarvik.Test", 1, 0, "TestDesktop");
-        qmlRegisterType<Tarvik::TestLidClosed>("Tarvik.Test", 1, 0, "TestLidClosed");
         qmlRegisterType<Tarvik::TestTarvik>("Tarvik.Test", 1, 0, "TestTarvik");
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
         engine->addImageProvider(QStringLiteral("icons"), new Tarvik::IconProvider);

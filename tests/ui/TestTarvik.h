@@ -3,7 +3,9 @@
 #pragma once
 
 #include "bus/ServedTarvik.h"
+#include "bus/WindowRequest.h"
 #include "core/HookSpec.h"
+#include "engine/SteeredMachine.h"
 #include "support/TestSupport.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
@@ -39,13 +41,29 @@ public:
     HooksMirror* hooks() { return &m_hooks; }
     UpdaterMirror* updater() { return &m_updater; }
 
-    /// A Tarvik of which nobody has changed anything yet.
+    /// A Tarvik of which nobody has changed anything yet, on a computer with a lid and without a helper.
     Q_INVOKABLE void restart()
     {
         m_served.reset();
         waitFor([this] { return std::ranges::none_of(m_mirrors, &PropertyMirror::isConnected); });
         m_served.emplace();
+        m_steering.emplace(machine());
+        play(QStringLiteral("helper missing"));
         waitFor([this] { return std::ranges::all_of(m_mirrors, &PropertyMirror::isConnected); });
+        arrive();
+        m_asked.clear();
+        m_served->object->onMessage = [this](const QDBusMessage& message) {
+            const QString request = windowRequest(message);
+            if (!request.isEmpty())
+                m_asked.append(request);
+        };
+    }
+
+    /// The machine goes through a line of tests/engine/traces/README.md.
+    Q_INVOKABLE void play(const QString& line)
+    {
+        if (!m_steering->play(line))
+            qFatal("Nothing goes through this: %s", qUtf8Printable(line));
         arrive();
     }
 
@@ -162,8 +180,13 @@ public:
         arrive();
     }
 
-    /// What has been asked for that is not the model's own to do.
-    Q_INVOKABLE QStringList asked() const { return m_served->asked; }
+    /// What the windows have wanted done, see windowRequest().
+    Q_INVOKABLE QStringList asked() const { return m_asked; }
+    /// What that has come to: what lid-closed mode has had the application show or do, what the system or the helper
+    /// was asked for, and what is stored.
+    Q_INVOKABLE QStringList shown() const { return machine().shown; }
+    Q_INVOKABLE QStringList helperCalls() const { return machine().helper.calls; }
+    Q_INVOKABLE QVariant stored(const QString& key) const { return machine().store.values.value(key); }
 
 private:
     CoordinatedMachine& machine() { return m_served->machine; }
@@ -192,6 +215,8 @@ private:
     UpdaterMirror m_updater{m_bus};
     std::array<PropertyMirror*, 6> m_mirrors{&m_status, &m_settings, &m_lidClosed, &m_journal, &m_hooks, &m_updater};
     std::optional<ServedTarvik> m_served;
+    std::optional<SteeredMachine> m_steering;
+    QStringList m_asked;
 };
 
 } // namespace Tarvik

@@ -11,7 +11,7 @@ Item {
     TestDesktop {
         id: desktop
     }
-    TestLidClosed {
+    TestTarvik {
         id: tarvik
     }
     ShownTexts {
@@ -91,6 +91,8 @@ Item {
             data.act();
             verify(!restart.visible);
             tryVerify(() => tarvik.asked().includes("Relaunch"));
+            tarvik.play("wait 1");
+            compare(tarvik.shown(), ["relaunch"]);
         }
 
         function test_itCanWait_data() {

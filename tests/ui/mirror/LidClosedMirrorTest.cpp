@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/mirror/LidClosedMirror.h"
 
-#include "fakes/FakeTarvikObject.h"
+#include "bus/ServedTarvik.h"
+#include "engine/SteeredMachine.h"
 #include "support/TestSupport.h"
 #include "ui/mirror/MirrorTestSupport.h"
 
@@ -23,45 +24,48 @@ private Q_SLOTS:
         QVERIFY(lidClosed.hasLid());
         QVERIFY(!lidClosed.clamshellActive() && !lidClosed.helperInstalled() && !lidClosed.helperNeedsApproval());
         QCOMPARE(lidClosed.lastHelperError(), QString());
-        m_tarvik.change(TarvikWire::lidClosedInterface, {{u"hasLid"_s, false}});
-        QVERIFY(m_tarvik.appear());
+        ServedTarvik tarvik;
         QTRY_VERIFY(lidClosed.isConnected());
-        QVERIFY(!lidClosed.hasLid());
+        QVERIFY(lidClosed.hasLid());
+        QVERIFY(SteeredMachine(tarvik.machine).play(u"lid none"_s));
+        QTRY_VERIFY(!lidClosed.hasLid());
     }
 
     void theHelperIsFollowed()
     {
-        QVERIFY(m_tarvik.appear());
+        ServedTarvik tarvik;
+        SteeredMachine machine(tarvik.machine);
         LidClosedMirror lidClosed(m_client);
         QTRY_VERIFY(lidClosed.isConnected());
         QSignalSpy installed(&lidClosed, &LidClosedMirror::helperInstalledChanged);
         QSignalSpy error(&lidClosed, &LidClosedMirror::lastHelperErrorChanged);
-        m_tarvik.change(TarvikWire::lidClosedInterface,
-            {{u"helperNeedsApproval"_s, true}, {u"lastHelperError"_s, u"Approve it."_s}});
-        QTRY_COMPARE(lidClosed.lastHelperError(), u"Approve it."_s);
+        QVERIFY(machine.play(u"helper unapproved"_s) && machine.play(u"install-helper"_s));
+        QTRY_COMPARE(lidClosed.lastHelperError(), u"Approve Tarvik in System Settings ▸ Login Items."_s);
         QVERIFY(lidClosed.helperNeedsApproval());
-        m_tarvik.change(TarvikWire::lidClosedInterface,
-            {{u"helperInstalled"_s, true},
-                {u"helperNeedsApproval"_s, false},
-                {u"lastHelperError"_s, QString()},
-                {u"clamshellActive"_s, true}});
-        QTRY_COMPARE(installed.size(), 1);
-        QTRY_COMPARE(error.size(), 2);
+        QVERIFY(machine.play(u"helper installed"_s));
+        QVERIFY(machine.play(u"work on"_s));
         QTRY_VERIFY(lidClosed.clamshellActive());
+        QCOMPARE(installed.size(), 1);
+        QTRY_COMPARE(error.size(), 2);
         QVERIFY(lidClosed.helperInstalled() && !lidClosed.helperNeedsApproval());
         QCOMPARE(lidClosed.lastHelperError(), QString());
     }
 
     void everyRequestIsPassedOn()
     {
-        QVERIFY(m_tarvik.appear());
+        ServedTarvik tarvik;
+        QStringList requests;
+        tarvik.object->onMessage = [&requests](const QDBusMessage& message) {
+            if (message.interface() == QLatin1String(TarvikWire::lidClosedInterface))
+                requests.append(message.member());
+        };
         LidClosedMirror lidClosed(m_client);
         lidClosed.installHelper();
         lidClosed.reinstallHelper();
         lidClosed.refreshHelperStatus();
         lidClosed.finishOnboarding();
         lidClosed.relaunch();
-        QTRY_COMPARE(m_tarvik.asked,
+        QTRY_COMPARE(requests,
             (QStringList{u"InstallHelper"_s,
                 u"ReinstallHelper"_s,
                 u"RefreshHelperStatus"_s,
@@ -70,15 +74,8 @@ private Q_SLOTS:
         settle(m_client);
     }
 
-    void cleanup()
-    {
-        m_tarvik.vanish();
-        m_tarvik.asked.clear();
-    }
-
 private:
     QDBusConnection m_client = mirrorConnection();
-    FakeTarvikObject m_tarvik{QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"tarvik"_s)};
 };
 
 QTEST_GUILESS_MAIN(LidClosedMirrorTest)

@@ -3,6 +3,7 @@
 #include "ui/mirror/SettingsMirror.h"
 
 #include "bus/ServedTarvik.h"
+#include "engine/SteeredMachine.h"
 #include "support/TestSupport.h"
 #include "ui/mirror/MirrorTestSupport.h"
 
@@ -92,8 +93,12 @@ private Q_SLOTS:
         QTRY_COMPARE(tarvik.asked, QStringList{before ? u"login off"_s : u"login on"_s});
         // Nobody has set it, so it is taken back.
         QTRY_COMPARE(settings.launchAtLogin(), before);
-        settings.setClamshellEnabled(!settings.clamshellEnabled());
-        QTRY_COMPARE(tarvik.asked.size(), 2);
+        QVERIFY(SteeredMachine(tarvik.machine).play(u"set clamshellEnabled false"_s));
+        QVERIFY(SteeredMachine(tarvik.machine).play(u"helper missing"_s));
+        QTRY_VERIFY(!settings.clamshellEnabled());
+        settings.setClamshellEnabled(true);
+        QTRY_COMPARE(tarvik.machine.shown, QStringList{u"onboarding"_s});
+        QVERIFY(tarvik.machine.settings->clamshellEnabled());
     }
 
     void theAllowlistIsShownAndEdited()

@@ -11,7 +11,7 @@ Item {
     TestDesktop {
         id: desktop
     }
-    TestLidClosed {
+    TestTarvik {
         id: tarvik
     }
     ShownTexts {
@@ -115,7 +115,7 @@ Item {
             goTo(2);
             mouseClick(find("proceed"));
             verify(!window.visible);
-            tryVerify(() => tarvik.asked().includes("FinishOnboarding"));
+            tryVerify(() => tarvik.stored("clamshellOnboardingComplete") === true);
         }
 
         function test_closingItOtherwiseEndsNothingAndKeepsTheStep_data() {
@@ -132,6 +132,7 @@ Item {
             tarvik.lidClosed.relaunch();
             tryVerify(() => tarvik.asked().length > 0);
             compare(tarvik.asked(), ["Relaunch"]);
+            compare(tarvik.stored("clamshellOnboardingComplete"), undefined);
         }
 
         function test_returnGoesThroughItAll() {
@@ -140,7 +141,7 @@ Item {
                 compare(view.step, step);
             }
             keyClick(Qt.Key_Return);
-            tryVerify(() => tarvik.asked().includes("FinishOnboarding"));
+            tryVerify(() => tarvik.stored("clamshellOnboardingComplete") === true);
         }
 
         function test_theKeyboardReachesWhatThereIs() {
@@ -179,32 +180,36 @@ Item {
         function test_theHelpersStateIsShownLive_data() {
             const error = "The background helper isn’t responding.";
             return [
-                {tag: "not installed", helper: [false, false, ""], shown: [install]},
-                {tag: "an error", helper: [false, false, error], shown: [install, error]},
-                {tag: "waiting for approval", helper: [false, true, approve], shown: [waiting, "Open Login Items to approve…", approve]},
-                {tag: "installed", helper: [true, false, ""], shown: [active]},
-                {tag: "installed, with an older message", helper: [true, true, error], shown: [active]},
+                {tag: "not installed", lines: ["helper missing"], shown: [install]},
+                {tag: "an error", lines: ["install-helper", `installed-helper ${error}`], shown: [install, error]},
+                {tag: "waiting for approval", lines: ["helper unapproved", "install-helper"], shown: [waiting, "Open Login Items to approve…", approve]},
+                {tag: "installed", lines: ["helper installed"], shown: [active]},
+                {tag: "installed, with an older message", lines: ["install-helper", `installed-helper ${error}`, "helper installed"], shown: [active], message: error},
             ];
         }
 
         function test_theHelpersStateIsShownLive(data) {
             goTo(1);
-            tarvik.setHelper(...data.helper);
+            data.lines.forEach(line => tarvik.play(line));
+            if (data.message)
+                compare(tarvik.lidClosed.lastHelperError, data.message);
             compare(shown(), texts[1].slice(0, 2).concat(data.shown, texts[1].slice(3)));
         }
 
         function test_installingWaitsForApprovalAndIsConfirmed() {
             goTo(1);
             mouseClick(find("install"));
-            tryVerify(() => tarvik.asked().length === 1);
+            tryVerify(() => tarvik.helperCalls().includes("register"));
             compare(tarvik.asked(), ["InstallHelper"]);
-            tarvik.setHelper(false, true, approve);
+            tarvik.play("helper unapproved");
+            tarvik.play("installed-helper");
+            compare(tarvik.shown(), ["login items"]);
             verify(!find("install").isProminent);
             compare(find("install").Accessible.description, approve);
             mouseClick(find("install"));
-            tryVerify(() => tarvik.asked().length === 2);
-            compare(tarvik.asked()[1], "InstallHelper");
-            tarvik.setHelper(true, false, "");
+            tryVerify(() => tarvik.shown().length === 2);
+            compare(tarvik.shown()[1], "login items");
+            tarvik.play("helper installed");
             verify(find("installed").visible && !find("install").visible);
             compare(view.step, 1);
         }
@@ -214,7 +219,9 @@ Item {
             keyClick(Qt.Key_Tab);
             compare(focused(), "install");
             keyClick(Qt.Key_Space);
-            tarvik.setHelper(true, false, "");
+            tryVerify(() => tarvik.helperCalls().includes("register"));
+            tarvik.play("helper installed");
+            tarvik.play("installed-helper");
             compare(focused(), "Skip the password prompts");
             keyClick(Qt.Key_Return);
             compare(view.step, 2);
@@ -257,7 +264,8 @@ Item {
             }
             desktop.textScale = data.textScale;
             // The longest of its pages.
-            tarvik.setHelper(false, true, approve);
+            tarvik.play("helper unapproved");
+            tarvik.play("install-helper");
             for (const step of [0, 1, 2]) {
                 goTo(step);
                 for (const text of shownTexts.below(view))

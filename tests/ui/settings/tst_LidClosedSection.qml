@@ -17,7 +17,7 @@ Item {
     TestDesktop {
         id: desktop
     }
-    TestLidClosed {
+    TestTarvik {
         id: tarvik
     }
     ShownTexts {
@@ -47,6 +47,7 @@ Item {
             failOnWarning(/.?/);
             desktop.isAnimated = false;
             tarvik.restart();
+            tarvik.set("clamshellEnabled", false);
             tab.contentY = 0;
             verify(grabImage(tab));
         }
@@ -67,10 +68,17 @@ Item {
             mouseClick(item, x ?? item.width / 2, item.height / 2);
         }
 
+        /// What is said of that stays for as long as no attempt succeeds.
+        function failToInstall(message) {
+            tarvik.play("helper missing");
+            tarvik.play("install-helper");
+            tarvik.play(`installed-helper ${message}`);
+        }
+
         function test_theModeIsSwitched() {
             compare(shown("clamshellEnabled"), ["Keep running with the lid closed"]);
             click(find("clamshellEnabled"));
-            tryVerify(() => tarvik.asked().includes("clamshellEnabled=true"));
+            tryVerify(() => tarvik.setting("clamshellEnabled"));
             tryCompare(find("clamshellEnabled"), "isOn", true);
         }
 
@@ -84,33 +92,37 @@ Item {
             toggle.Accessible.pressAction();
             toggle.toggle();
             compare(toggle.checked, true);
-            tarvik.setMode(true, true);
+            tarvik.set("clamshellEnabled", true);
             compare(toggle.checked, true);
             compare(tarvik.asked(), []);
             click(row, row.width - 25);
-            tryVerify(() => tarvik.asked().includes("screenOffOnLidClose=false"));
+            tryVerify(() => !tarvik.setting("screenOffOnLidClose"));
             tryCompare(toggle, "checked", false);
+            tarvik.set("screenOffOnLidClose", true);
+            compare(toggle.checked, true);
         }
 
         function test_theHelperIsShown_data() {
             return [
-                {tag: "not installed", helper: [false, false], texts: [caption, "Install background helper…"], asks: "InstallHelper"},
-                {tag: "waiting for approval", helper: [false, true], texts: ["Approve Tarvik in System Settings ▸ Login Items to finish setup.", "Open Login Items…"], asks: "InstallHelper"},
-                {tag: "installed", helper: [true, false], texts: ["Background helper active — toggles no longer ask for your password.", "Reinstall helper…"], asks: "ReinstallHelper"},
+                {tag: "not installed", helper: "missing", texts: [caption, "Install background helper…"], asks: "InstallHelper", done: () => tarvik.helperCalls().filter(call => call === "register").length === 2},
+                {tag: "waiting for approval", helper: "unapproved", texts: ["Approve Tarvik in System Settings ▸ Login Items to finish setup.", "Open Login Items…"], asks: "InstallHelper", done: () => tarvik.shown().includes("login items")},
+                {tag: "installed", helper: "installed", texts: ["Background helper active — toggles no longer ask for your password.", "Reinstall helper…"], asks: "ReinstallHelper", done: () => tarvik.helperCalls().includes("unregister")},
             ];
         }
 
         function test_theHelperIsShown(data) {
-            tarvik.setHelper(...data.helper, "");
+            tarvik.play(`helper ${data.helper}`);
             compare(shown("helper"), data.texts);
             const message = "The background helper isn’t responding.";
-            tarvik.setHelper(...data.helper, message);
+            failToInstall(message);
+            tarvik.play(`helper ${data.helper}`);
             compare(shown("helper"), data.texts.concat(message));
             compare(find("helperError").font.pixelSize, theme.captionSize);
             compare(find("helperButton").Accessible.description, message);
             click(find("helperButton"));
             tryVerify(() => tarvik.asked().length > 0);
             compare(tarvik.asked(), [data.asks]);
+            verify(data.done());
         }
 
         function test_whatIsWellIsGreenAndWhatIsLeftToDoIsOrange() {
@@ -120,16 +132,16 @@ Item {
 
         function test_withoutALidNoHelperIsOffered() {
             verify(!shownTexts.below(tab).some(text => text.text === noLid));
-            tarvik.setLid(false);
+            tarvik.play("lid none");
             verify(!find("helper").visible);
             verify(shownTexts.below(tab).some(text => text.text === noLid));
             click(find("clamshellEnabled"));
-            tryVerify(() => tarvik.asked().includes("clamshellEnabled=true"));
+            tryVerify(() => tarvik.setting("clamshellEnabled"));
         }
 
         function test_theKeyboardShowsTheWholeHelper() {
-            tarvik.setHelper(false, false, "The background helper isn’t responding.");
-            tarvik.setMode(true, true);
+            failToInstall("The background helper isn’t responding.");
+            tarvik.set("clamshellEnabled", true);
             findChild(find("keepDisplayAwake"), "toggle").forceActiveFocus(Qt.TabFocusReason);
             for (let presses = 0; presses < 4; ++presses)
                 keyClick(Qt.Key_Tab);

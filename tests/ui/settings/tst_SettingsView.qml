@@ -145,7 +145,7 @@ Item {
             const row = find("launchAtLogin");
             compare(row.title, "Launch Tarvik at login");
             mouseClick(row, row.width - 20, row.height / 2);
-            tryVerify(() => tarvik.asked().includes("login on"));
+            tryVerify(() => tarvik.asked().includes("set launchAtLogin true"));
         }
 
         function test_aChangeFromElsewhereIsShown() {
