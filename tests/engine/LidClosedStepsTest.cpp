@@ -171,19 +171,21 @@ private Q_SLOTS:
 
     void nobodyIsPromptedAgainByTheClockOrAReading_data()
     {
-        QTest::addColumn<std::function<void(CoordinatedMachine & m)>>("happen");
-        using Happen = std::function<void(CoordinatedMachine & m)>;
-        QTest::newRow("a minute of a session") << Happen([](CoordinatedMachine& m) { m.clock.advance(90s); });
-        QTest::newRow("the end of a session") << Happen([](CoordinatedMachine& m) { m.clock.advance(31min); });
-        QTest::newRow("the battery") << Happen([](CoordinatedMachine& m) { m.setPower(false, 79); });
-        QTest::newRow("thermal") << Happen([](CoordinatedMachine& m) { m.setThermal(ThermalLevel::fair); });
+        QTest::addColumn<std::function<void(CoordinatedMachine & machine)>>("happen");
+        using Happen = std::function<void(CoordinatedMachine & machine)>;
+        QTest::newRow("a minute of a session")
+            << Happen([](CoordinatedMachine& machine) { machine.clock.advance(90s); });
+        QTest::newRow("the end of a session")
+            << Happen([](CoordinatedMachine& machine) { machine.clock.advance(31min); });
+        QTest::newRow("the battery") << Happen([](CoordinatedMachine& machine) { machine.setPower(false, 79); });
+        QTest::newRow("thermal") << Happen([](CoordinatedMachine& machine) { machine.setThermal(ThermalLevel::fair); });
         QTest::newRow("a status of the helper")
-            << Happen([](CoordinatedMachine& m) { m.helper.setStatus(HelperStatus::notFound); });
+            << Happen([](CoordinatedMachine& machine) { machine.helper.setStatus(HelperStatus::notFound); });
     }
 
     void nobodyIsPromptedAgainByTheClockOrAReading()
     {
-        QFETCH(std::function<void(CoordinatedMachine & m)>, happen);
+        QFETCH(std::function<void(CoordinatedMachine & machine)>, happen);
         startRefused();
         happen(*m);
         CoordinatedMachine::settle();
@@ -193,29 +195,29 @@ private Q_SLOTS:
 
     void whatSomebodyDoesPromptsAgain_data()
     {
-        QTest::addColumn<std::function<void(CoordinatedMachine & m)>>("happen");
-        using Happen = std::function<void(CoordinatedMachine & m)>;
-        QTest::newRow("an agent starts") << Happen([](CoordinatedMachine& m) { m.run("claude\ncodex\n"); });
-        QTest::newRow("a turn begins") << Happen([](CoordinatedMachine& m) {
-            m.hook({{u"action"_s, u"acquire"_s}, {u"session"_s, u"x"_s}, {u"tool"_s, u"codex"_s}});
+        QTest::addColumn<std::function<void(CoordinatedMachine & machine)>>("happen");
+        using Happen = std::function<void(CoordinatedMachine & machine)>;
+        QTest::newRow("an agent starts") << Happen([](CoordinatedMachine& machine) { machine.run("claude\ncodex\n"); });
+        QTest::newRow("a turn begins") << Happen([](CoordinatedMachine& machine) {
+            machine.hook({{u"action"_s, u"acquire"_s}, {u"session"_s, u"x"_s}, {u"tool"_s, u"codex"_s}});
         });
         QTest::newRow("a setting changes")
-            << Happen([](CoordinatedMachine& m) { m.settings->setKeepDisplayAwake(true); });
+            << Happen([](CoordinatedMachine& machine) { machine.settings->setKeepDisplayAwake(true); });
         QTest::newRow("a session is changed")
-            << Happen([](CoordinatedMachine& m) { m.coordinator->setTimedSession(60); });
-        QTest::newRow("the lid moves") << Happen([](CoordinatedMachine& m) {
-            m.lid.closed = true;
-            m.lid.announce();
+            << Happen([](CoordinatedMachine& machine) { machine.coordinator->setTimedSession(60); });
+        QTest::newRow("the lid moves") << Happen([](CoordinatedMachine& machine) {
+            machine.lid.closed = true;
+            machine.lid.announce();
         });
-        QTest::newRow("a setting changes amid a reading") << Happen([](CoordinatedMachine& m) {
-            m.settings->setKeepDisplayAwake(true);
-            m.lidClosed->evaluationNeeded();
+        QTest::newRow("a setting changes amid a reading") << Happen([](CoordinatedMachine& machine) {
+            machine.settings->setKeepDisplayAwake(true);
+            machine.lidClosed->evaluationNeeded();
         });
     }
 
     void whatSomebodyDoesPromptsAgain()
     {
-        QFETCH(std::function<void(CoordinatedMachine & m)>, happen);
+        QFETCH(std::function<void(CoordinatedMachine & machine)>, happen);
         startRefused();
         happen(*m);
         CoordinatedMachine::settle();
