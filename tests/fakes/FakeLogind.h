@@ -86,7 +86,12 @@ public:
 
     /// Gives another answer, a value or with `failWith` an error, to one of the questions.
     void answerWith(const QString& question, const QVariant& value) { m_values.insert(question, value); }
-    void failWith(const QString& question, QDBusError::ErrorType error) { m_errors.insert(question, error); }
+    void failWith(const QString& question, QDBusError::ErrorType error)
+    {
+        failWith(question, QDBusError::errorString(error));
+    }
+    void failWith(const QString& question, const QString& errorName) { m_errors.insert(question, errorName); }
+    void recover(const QString& question) { m_errors.remove(question); }
 
     /// Leaves this question without an answer until `answerNow()`.
     void answerLater(const QString& question) { m_postponed = question; }
@@ -228,7 +233,7 @@ private:
     }
 
     QHash<QString, QVariant> m_values;
-    QHash<QString, QDBusError::ErrorType> m_errors;
+    QHash<QString, QString> m_errors;
     QString m_postponed;
     QList<QDBusMessage> m_waiting;
     /// What tells whether the inhibitor is held, and the arguments that it was asked for with.

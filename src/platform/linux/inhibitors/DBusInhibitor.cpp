@@ -71,7 +71,7 @@ void DBusInhibitor::receive(const QDBusMessage& answer)
 {
     m_call.reset();
     const auto failure = accept(answer);
-    if (failure == notThere && m_retriesLeft > 0) {
+    if ((failure == notThere || failure == EINPROGRESS) && m_retriesLeft > 0) {
         --m_retriesLeft;
         m_retry = m_clock.after(retryTime, [this] { take(); });
         return;

@@ -31,8 +31,8 @@ struct InhibitorRequest {
 /// answers only after that.
 class DBusInhibitor final : public Inhibitor {
 public:
-    /// A service that has just come may have its name before its object: it is asked again after `retryTime`, so many
-    /// times.
+    /// A service that has just come may have its name before its object, and logind grants nothing as long as the
+    /// machine is on its way out of sleep: they are asked again after `retryTime`, so many times.
     static constexpr Seconds retryTime{1};
     static constexpr int retries = 5;
 

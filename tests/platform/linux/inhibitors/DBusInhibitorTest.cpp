@@ -154,6 +154,17 @@ private Q_SLOTS:
         QCOMPARE(m_clock.pending(), 0U);
     }
 
+    void logindIsAskedAgainWhileTheMachineWakes()
+    {
+        m_logind->failWith(FakeLogind::inhibit, u"org.freedesktop.login1.OperationInProgress"_s);
+        take(forDescriptor);
+        QTRY_COMPARE(m_clock.pending(), 1U);
+        QCOMPARE(m_inhibitor->state(), pending);
+        m_logind->recover(FakeLogind::inhibit);
+        m_clock.advance(DBusInhibitor::retryTime);
+        QTRY_COMPARE(m_inhibitor->state(), effective);
+    }
+
     void aServiceWithoutTheObjectHasRefusedInTheEnd()
     {
         m_sessionManager->behaviour = Behaviour::refuse;
