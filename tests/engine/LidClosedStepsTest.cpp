@@ -230,7 +230,7 @@ private Q_SLOTS:
         m->sleepControl.lose();
         QVERIFY(!m->coordinator->clamshellActive());
         CoordinatedMachine::settle();
-        QCOMPARE(m->sleepControl.calls, (QStringList{u"ask"_s, u"end"_s}));
+        QCOMPARE(m->sleepControl.calls, (QStringList{u"ask"_s, u"end"_s, u"sleep"_s}));
         m->run("claude\ncodex\n");
         QCOMPARE(m->sleepControl.calls.constLast(), u"ask"_s);
     }
