@@ -3,6 +3,7 @@
 #include "bus/UiProcess.h"
 
 #include "core/Logging.h"
+#include "dbus/DBusErrors.h"
 #include "dbus/contracts/UiWire.h"
 #include "platform/UiLauncher.h"
 
@@ -20,14 +21,6 @@ namespace {
 const auto uiBusName = QString::fromLatin1(UiWire::busName);
 
 constexpr auto answerPatience = 5s;
-
-/// Not running, or gone before it had read the call.
-bool isGone(const QDBusError& error)
-{
-    // What the bus says of a call that may not start a service is no type of QtDBus.
-    return error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1 || error.type() == QDBusError::ServiceUnknown
-        || error.type() == QDBusError::NoReply;
-}
 
 } // namespace
 
@@ -88,7 +81,7 @@ void UiProcess::send(const Request& request)
 
 void UiProcess::noticeFailure(const Request& request, const QDBusError& error)
 {
-    if (isGone(error) && !request.wasLaunchedFor && !request.patience.hasExpired()) {
+    if (DBusErrors::isPeerGone(error.name()) && !request.wasLaunchedFor && !request.patience.hasExpired()) {
         launchFor(request);
         return;
     }

@@ -10,6 +10,8 @@
 
 namespace Tarvik::DBusErrors {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<std::pair<QStringView, int>, 21> errnoByName{{
@@ -45,6 +47,14 @@ int toErrno(const QString& errorName)
             return code;
     }
     return EIO;
+}
+
+bool isPeerGone(const QString& errorName)
+{
+    // The first is what the bus says of a call that may not start a service.
+    return errorName == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1
+        || errorName == "org.freedesktop.DBus.Error.ServiceUnknown"_L1
+        || errorName == "org.freedesktop.DBus.Error.NoReply"_L1;
 }
 
 } // namespace Tarvik::DBusErrors

@@ -36,6 +36,15 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QTEST(DBusErrors::toErrno(name), "code");
     }
+
+    void aPeerIsGoneThatIsNotThereOrLeavesBeforeItsAnswer()
+    {
+        QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.ServiceUnknown"_s));
+        QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.NameHasNoOwner"_s));
+        QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.NoReply"_s));
+        QVERIFY(!DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.AccessDenied"_s));
+        QVERIFY(!DBusErrors::isPeerGone({}));
+    }
 };
 
 QTEST_APPLESS_MAIN(DBusErrorsTest)

@@ -3,6 +3,7 @@
 #include "ui/mirror/PropertyMirror.h"
 
 #include "core/Logging.h"
+#include "dbus/DBusErrors.h"
 #include "dbus/WireValue.h"
 #include "dbus/contracts/TarvikWire.h"
 
@@ -27,6 +28,12 @@ QString nameInQml(QString name)
         name.prepend(u"Is"_s);
     name[0] = name[0].toLower();
     return name;
+}
+
+/// A Tarvik that is gone needs no words: the windows go with it.
+bool deservesWarning(const QDBusMessage& answer)
+{
+    return answer.type() == QDBusMessage::ErrorMessage && !DBusErrors::isPeerGone(answer.errorName());
 }
 
 } // namespace
@@ -114,7 +121,7 @@ void PropertyMirror::write(const char* property, const QVariant& value)
     notify(name);
     const auto message = DBusProperties::set(busName, objectPath, m_interface, name, value);
     m_calls.send(m_bus, message, [this, name](const QDBusMessage& answer) {
-        if (answer.type() == QDBusMessage::ErrorMessage)
+        if (deservesWarning(answer))
             qCWarning(logSystem, "%ls was not set: %ls", qUtf16Printable(name), qUtf16Printable(answer.errorMessage()));
         if (--m_writes[name] > 0)
             return;
@@ -132,7 +139,7 @@ void PropertyMirror::call(
     m_calls.send(m_bus, message, [method, done = std::move(done)](const QDBusMessage& answer) {
         if (done)
             done(answer);
-        else if (answer.type() == QDBusMessage::ErrorMessage)
+        else if (deservesWarning(answer))
             qCWarning(logSystem, "%ls failed: %ls", qUtf16Printable(method), qUtf16Printable(answer.errorMessage()));
     });
 }

@@ -8,6 +8,7 @@
 #include "support/TestSupport.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
+#include "ui/mirror/LidClosedMirror.h"
 #include "ui/mirror/MirrorTestSupport.h"
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
@@ -67,6 +68,16 @@ private Q_SLOTS:
         QTRY_VERIFY(areAll(false));
         tarvik->appear();
         QTRY_VERIFY(areAll(true));
+    }
+
+    void whatIsAskedOfATarvikThatIsGoneIsNoFault()
+    {
+        SettingsMirror settings(m_client);
+        LidClosedMirror lidClosed(m_client);
+        lidClosed.refreshHelperStatus();
+        settings.setKeepDisplayAwake(!settings.keepDisplayAwake());
+        ServedTarvik tarvik;
+        QTRY_VERIFY(lidClosed.isConnected());
     }
 
     void garbageIsLoggedAndChangesNothing()

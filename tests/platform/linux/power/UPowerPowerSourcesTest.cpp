@@ -297,7 +297,7 @@ private Q_SLOTS:
         m_service.send(signal);
         m_upower->set(u"OnBattery"_s, false);
         QTRY_COMPARE(snapshot().providingType, onMains);
-        QCOMPARE(m_changes, 2);
+        QTRY_COMPARE(m_changes, 2);
     }
 
 private:
