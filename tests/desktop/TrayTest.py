@@ -2,6 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 """TrayTest.py PROBE ICON_DIRECTORY: our item in a real tray, seen and clicked in the virtual desktop."""
+import itertools
 import os
 import pathlib
 import queue
@@ -27,6 +28,24 @@ def output(*command):
 def output_of_any(*command):
     """Empty where it fails: what it asks about may have gone."""
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout
+
+
+def colour_of(drawing, size, geometry, picture):
+    """The colour in which the drawing, a square of so many pixels and their opacities, lies somewhere in that part of the screen;
+    None where it doesn't."""
+    if not geometry:
+        return None
+    width, height = geometry[2:]
+    pixels = picture(geometry)
+    background = max(set(pixels), key=pixels.count)
+    ink = max(set(pixels), key=lambda pixel: sum(abs(a - b) for a, b in zip(pixel, background)))
+    shades = [bytes(round(b + opacity * (i - b)) for i, b in zip(ink, background)) for opacity in drawing]
+    for top, left in itertools.product(range(height - size + 1), range(width - size + 1)):
+        part = [pixel for y in range(top, top + size) for pixel in pixels[y * width + left : y * width + left + size]]
+        # Two libraries round the opacity of an edge differently.
+        if all(abs(a - b) <= 8 for shade, pixel in zip(shades, part) for a, b in zip(shade, pixel)):
+            return ink
+    return None
 
 
 class Program:
@@ -182,6 +201,28 @@ class TrayTest(unittest.TestCase):
         self.await_answer(lambda: shown() not in (active, looking), True)
         probe.tell("MenuActive")
         self.await_answer(lambda: shown() == active, True)
+
+    def test_the_bar_shows_the_drawing_for_its_size_in_its_own_colour(self):
+        self.start_bar()
+        probe = self.start_probe()
+        self.assertEqual(probe.next_line(), "hosted")
+        # The last is the bar's own.
+        for size in (16, 24, 32, 22):
+            self.set_icon_size(size)
+            pixels = pathlib.Path(self.probe_command[1], "pixmaps", f"tarvik-active-symbolic-{size}.argb").read_bytes()
+            drawing = [alpha / 255 for alpha in pixels[::4]]
+            own_colour = next(pixels[i + 1 : i + 4] for i in range(0, len(pixels), 4) if pixels[i] == 255)
+
+            def colour():
+                return colour_of(drawing, size, self.tray_now(), self.picture)
+
+            self.assertNotEqual(eventually(colour, f"the drawing of {size} pixels is in the tray", period=0.1), own_colour)
+
+    @staticmethod
+    def set_icon_size(size):
+        for name, value in (("plugins/plugin-4/icon-size", size), ("panels/panel-1/size", size + 12)):
+            subprocess.run(["xfconf-query", "--channel", "xfce4-panel", "--property", f"/{name}", "--create", "--type", "uint",
+                            "--set", str(value)], check=True)
 
     def test_a_restarted_bar_shows_the_item_again(self):
         bar = self.start_bar()

@@ -36,8 +36,10 @@ HELPER_FILES = {
 DATA = (
     "lib/tarvik/Contents/Resources/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
     "lib/tarvik/Contents/Resources/icons/hicolor/symbolic/apps/tarvik-active-symbolic.svg",
+    "lib/tarvik/Contents/Resources/icons/hicolor/22x22@2/apps/tarvik-active-symbolic.svg",
     "lib/tarvik/Contents/Resources/icons/pixmaps/tarvik-active-symbolic-22.argb",
     "share/icons/hicolor/scalable/apps/com.morvanta.Tarvik.svg",
+    "share/icons/hicolor/16x16/apps/tarvik-active-symbolic.svg",
     "share/icons/hicolor/48x48/apps/com.morvanta.Tarvik.png",
     "share/metainfo/com.morvanta.Tarvik.metainfo.xml",
     "share/man/man1/tarvik.1",
