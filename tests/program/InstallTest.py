@@ -129,6 +129,13 @@ class InstallTest(unittest.TestCase):
             sizes[picture.parents[1].name] = struct.unpack(">II", picture.read_bytes()[16:24])
         self.assertEqual(sizes, {"48x48": (48, 48), "128x128": (128, 128), "256x256": (256, 256)})
 
+    def test_caches_of_the_icon_theme_are_out_of_date_afterwards(self):
+        theme = self.directory / "prefix/share/icons/hicolor"
+        self.install(self.directory / "prefix")
+        os.utime(theme, (0, 0))
+        self.install(self.directory / "prefix")
+        self.assertGreater(theme.stat().st_mtime, 0)
+
     def test_a_relative_prefix_is_made_absolute(self):
         subprocess.run([CMAKE, "--install", BUILD, "--prefix", "prefix"], check=True, stdout=subprocess.DEVNULL, cwd=self.directory)
         prefix = self.directory / "prefix"

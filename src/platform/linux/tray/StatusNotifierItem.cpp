@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/StatusNotifierItem.h"
 
+#include <QStandardPaths>
+
 #include <utility>
 
 namespace Tarvik {
@@ -20,6 +22,13 @@ QString iconNameOf(const QString& imageName)
     if (imageName == "MenuIdle"_L1)
         return u"tarvik-idle-symbolic"_s;
     return u"tarvik-looking-symbolic"_s;
+}
+
+/// Whether a tray finds it in the icon theme that all others inherit.
+bool isInstalled(const QString& iconName)
+{
+    const QString file = u"icons/hicolor/symbolic/apps/"_s + iconName + u".svg"_s;
+    return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty();
 }
 
 } // namespace
@@ -58,6 +67,12 @@ QString StatusNotifierItem::status() const
 QString StatusNotifierItem::iconName() const
 {
     return iconNameOf(m_appearance.imageName);
+}
+
+QString StatusNotifierItem::iconThemePath() const
+{
+    // Plasma gives what comes from a path the colour of windows, which on a dark panel above light windows is dark.
+    return isInstalled(iconName()) ? QString() : m_iconDirectory;
 }
 
 QList<StatusNotifierPixmap> StatusNotifierItem::iconPixmap() const

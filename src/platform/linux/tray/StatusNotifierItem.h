@@ -41,7 +41,7 @@ public:
     QString status() const;
     QString title() const { return m_appearance.title; }
     QString iconName() const;
-    QString iconThemePath() const { return m_iconDirectory; }
+    QString iconThemePath() const;
     QList<StatusNotifierPixmap> iconPixmap() const;
     StatusNotifierToolTip toolTip() const;
     QDBusObjectPath menu() const { return QDBusObjectPath(m_menuPath); }

@@ -12,8 +12,8 @@ namespace Tarvik {
 /// The StatusNotifierItem of the freedesktop.org draft as the desktops implement it, with a com.canonical.dbusmenu.
 class StatusNotifierTrayItem final : public TrayItem {
 public:
-    /// `iconDirectory` is the bundle's "Contents/Resources/icons": trays look for the icons there too, so that they
-    /// need not be installed in the desktop's own icon theme.
+    /// `iconDirectory` is the bundle's "Contents/Resources/icons": trays look for the icons there where they are not
+    /// installed in the desktop's own icon theme.
     /// `clock` must outlive the object.
     StatusNotifierTrayItem(const QDBusConnection& sessionBus, const QString& iconDirectory, Clock& clock);
 

@@ -18,6 +18,9 @@ class StatusNotifierTrayItemTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
+        // A Tarvik that is installed on this machine has icons there.
+        qputenv("XDG_DATA_HOME", m_data.path().toUtf8());
+        qputenv("XDG_DATA_DIRS", m_data.path().toUtf8());
         for (const auto& signal : {u"NewIcon"_s, u"NewTitle"_s, u"NewToolTip"_s, u"NewStatus"_s})
             QVERIFY(m_host.connect({}, itemPath, itemInterface, signal, this, SLOT(recordSignal(QDBusMessage))));
     }
@@ -278,6 +281,18 @@ private Q_SLOTS:
         QCOMPARE(all[u"Menu"_s].value<QDBusObjectPath>().path(), u"/MenuBar"_s);
     }
 
+    void thePathIsToldOnlyWhileTheIconIsNotInstalled()
+    {
+        QDir data(m_data.path());
+        const QString folder = u"icons/hicolor/symbolic/apps"_s;
+        QVERIFY(data.mkpath(folder));
+        QFile icon(data.filePath(folder + u"/tarvik-looking-symbolic.svg"_s));
+        QVERIFY(icon.open(QFile::WriteOnly));
+        QCOMPARE(properties()[u"IconThemePath"_s], QString());
+        QVERIFY(icon.remove());
+        QCOMPARE(properties()[u"IconThemePath"_s], m_icons.path());
+    }
+
     void theTooltipIsEscapedWhereMarkupIsRead()
     {
         TrayAppearance appearance = looking;
@@ -427,6 +442,7 @@ private:
 
     FakeClock m_clock;
     QTemporaryDir m_icons;
+    QTemporaryDir m_data;
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);
     QDBusConnection m_others = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"others"_s);
