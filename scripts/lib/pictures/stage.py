@@ -16,15 +16,16 @@ SIZE = (2560, 1600)
 # Where the pointer touches no window: beside them, and so far from the screen's edges that no panel opens there.
 NOWHERE = (300, 800)
 FAKE_PORTAL = str(ROOT / "tests" / "ui" / "fake_portal.py")
-# The colours of the wallpaper, above and below.
+# The colours of wallpapers, above and below; pictures with the second are small files.
 SKY = ((48, 82, 124), (140, 166, 196))
+PLAIN_WALL = 2 * ((74, 108, 150),)
 
 
-def enter():
-    """Starts the program anew inside the desktop, unless it runs there already."""
+def enter(*options):
+    """Starts the program anew inside the desktop, which gets the options, unless it runs there already."""
     if "TARVIK_DESKTOP" not in os.environ:
         desktop = str(ROOT / "scripts" / "desktop")
-        os.execv(desktop, [desktop, "--size", "x".join(map(str, SIZE)), "--", *sys.argv])
+        os.execv(desktop, [desktop, "--size", "x".join(map(str, SIZE)), *options, "--", *sys.argv])
 
 
 def output(*command):
@@ -63,13 +64,13 @@ class Screen:
     def atom(self, name):
         return ctypes.c_ulong(self.x11.XInternAtom(self.display, name, 0))
 
-    def hang_wallpaper(self):
+    def hang_wallpaper(self, colours=SKY):
         """Gives the root window a picture in the way that compositors look for; without one, all behind the panel is black."""
         width, height = SIZE
         pixmap = ctypes.c_ulong(self.x11.XCreatePixmap(self.display, self.root, width, height, 24))
         context = ctypes.c_void_p(self.x11.XCreateGC(self.display, pixmap, ctypes.c_ulong(0), None))
         for y in range(height):
-            red, green, blue = (round(top + (bottom - top) * y / height) for top, bottom in zip(*SKY))
+            red, green, blue = (round(top + (bottom - top) * y / height) for top, bottom in zip(*colours))
             self.x11.XSetForeground(self.display, context, ctypes.c_ulong(red << 16 | green << 8 | blue))
             self.x11.XFillRectangle(self.display, pixmap, context, 0, y, width, 1)
         identifier = ctypes.c_ulong(pixmap.value)
@@ -92,6 +93,13 @@ class Screen:
         eventually(lambda: self.managed_by() not in ("", before), "the other window manager is there")
         eventually(lambda: bool(self.x11.XGetSelectionOwner(self.display, self.atom(b"_NET_WM_CM_S0"))) == compositor,
                    f"there is {'a' if compositor else 'no'} compositor")
+
+    @staticmethod
+    def double_frames():
+        """Gives the frames of windows the size that goes with a scale of 200 %."""
+        for name, value in (("theme", "Default-xhdpi"), ("title_font", "Sans Bold 18")):
+            subprocess.run(["xfconf-query", "--channel", "xfwm4", "--property", f"/general/{name}", "--create", "--type", "string",
+                            "--set", value], check=True, timeout=PATIENCE)
 
     @staticmethod
     def managed_by():

@@ -13,12 +13,14 @@ from waiting import PATIENCE, eventually
 from x_windows import x_windows
 
 NAME = "com.morvanta.TarvikUi"
-AROUND = 8
+# A look: what a window is like when nothing about it is special.
+PLAIN = {"scale": "1", "reverse": "0", "compositor": "1", "dark": "0", "text": "1", "contrast": "0", "accent": "", "language": ""}
 # How versions of AT-SPI and Qt call them.
 PUSH_BUTTON = ("push button", "button", "push button menu")
 CHECK_BOX = ("check box", "switch")
 SLIDER = ("slider",)
 LIST_ITEM = ("list item",)
+TAB = ("page tab",)
 
 
 def work_of_others():
@@ -41,8 +43,9 @@ def work_of_others():
 
 
 class Window:
-    """One of the windows, in a UI process of its own."""
-    title: str
+    """One of the windows, in a UI process that shows no other."""
+    # Pixels around it that belong to its picture.
+    around = 8
 
     def __init__(self, executable, look):
         self.scale = int(look["scale"])
@@ -62,13 +65,13 @@ class Window:
                        stdout=subprocess.DEVNULL, timeout=PATIENCE)
 
     def windows(self):
-        return x_windows("--name", f"^{self.title}$")
+        return x_windows("--pid", str(self.process.pid))
 
     def window(self):
-        return eventually(self.windows, f"there is a window {self.title}")[-1]
+        return eventually(self.windows, "there is a window")[-1]
 
     def await_focus(self):
-        eventually(lambda: output("xdotool", "getwindowfocus", "-f") in self.windows(), f"the window {self.title} has the focus")
+        eventually(lambda: output("xdotool", "getwindowfocus", "-f") in self.windows(), "the window has the focus")
 
     def geometry(self):
         """Left, top, width and height of the content, once it has them."""
@@ -79,13 +82,13 @@ class Window:
             # It may have been closed since it was found.
             return all(found) and tuple(int(match[1]) for match in found)
 
-        return eventually(told, f"the window {self.title} has a place")
+        return eventually(told, "the window has a place")
 
     def area(self):
         """The whole window and a little of what is around it, as the program that takes the picture wants it."""
         x, y, width, height = self.geometry()
         extents = re.findall(r"\d+", output("xprop", "-id", self.window(), "_NET_FRAME_EXTENTS"))
-        left, right, top, bottom = (AROUND + int(extent) for extent in (extents or 4 * "0"))
+        left, right, top, bottom = (self.around + int(extent) for extent in (extents or 4 * "0"))
         x, y = x - left, y - top
         return f"{max(x, 0)},{max(y, 0)},{width + left + right + min(x, 0)},{height + top + bottom + min(y, 0)}"
 
@@ -103,7 +106,7 @@ class Window:
             seen = file.read_bytes()
             return seen == last and work_of_others() == work
 
-        eventually(is_at_rest, f"the window {self.title} comes to rest")
+        eventually(is_at_rest, "the window comes to rest")
         self.shown = seen
         return seen != before
 
@@ -119,7 +122,7 @@ class Window:
         for application in children(desktop):
             application.set_cache_mask(Atspi.Cache.NONE)
             if application.get_process_id() == self.process.pid:
-                return next((frame for frame in children(application) if frame.name == self.title), None)
+                return next(iter(children(application)), None)
         return None
 
     def parts(self):
