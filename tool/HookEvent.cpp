@@ -3,7 +3,7 @@
 #include "HookEvent.h"
 
 #include "core/HookSpec.h"
-#include "hooks/HookTraits.h"
+#include "core/HookTraits.h"
 #include "platform/HookWire.h"
 
 #include <rapidjson/memorystream.h>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/HookEntries.h"
 
-#include "hooks/HookTraits.h"
+#include "core/HookTraits.h"
 
 #include <algorithm>
 #include <array>

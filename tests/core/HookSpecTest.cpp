@@ -3,7 +3,7 @@
 #include "core/HookSpec.h"
 
 #include "core/AgentCatalogue.h"
-#include "hooks/HookTraits.h"
+#include "core/HookTraits.h"
 #include "support/TestSupport.h"
 
 #include <QUrl>
@@ -143,12 +143,17 @@ private Q_SLOTS:
     {
         for (const HookTraits& traits : HookAgents::unusual)
             QVERIFY2(HookSpec::find(traits.id) != nullptr, traits.id.data());
-        for (const char* id : {"codex", "unknown", ""}) {
+        for (const char* id : {"codex-cli", "unknown", ""}) {
             const HookTraits traits = HookTraits::of(id);
+            QVERIFY(traits.start == HookStart::restart);
             QVERIFY(!traits.readsTopLevel && !traits.leavesEventsUnnamed && traits.sessionVariable == nullptr);
         }
         QVERIFY(HookTraits::of("droid").readsTopLevel);
         QVERIFY(HookTraits::of("copilot").leavesEventsUnnamed);
+        QVERIFY(HookTraits::of("claude").start == HookStart::prompt);
+        QVERIFY(HookTraits::of("codex").start == HookStart::approval);
+        QVERIFY(HookTraits::of("gemini").start == HookStart::trustedFolder);
+        QVERIFY(HookTraits::of("qwen").start == HookStart::restart);
     }
 };
 

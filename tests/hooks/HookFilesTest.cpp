@@ -3,8 +3,8 @@
 #include "hooks/HookFiles.h"
 
 #include "base/FileDescriptor.h"
+#include "core/HookTraits.h"
 #include "hooks/HookEntries.h"
-#include "hooks/HookTraits.h"
 #include "hooks/JsonDocument.h"
 #include "support/OrdinaryUser.h"
 #include "support/TestSupport.h"

@@ -8,9 +8,22 @@
 
 namespace Tarvik {
 
+/// What it takes until an agent runs a hook that is new in its file.
+enum class HookStart {
+    /// The next prompt; sessions that are running notice the new hook.
+    prompt,
+    /// A session that begins later: the agent reads its hooks when it starts.
+    restart,
+    /// That, and the user's approval, which the agent asks for.
+    approval,
+    /// That, in a folder that the user trusts.
+    trustedFolder,
+};
+
 /// What else sets one hookable agent apart from the others, beside its HookSpec.
 struct HookTraits {
     std::string_view id;
+    HookStart start = HookStart::restart;
     /// The agent takes its events from the document's top level and ignores, with a warning, what stands under "hooks".
     /// Our entries then go to both places.
     bool readsTopLevel = false;
@@ -25,9 +38,10 @@ struct HookTraits {
 
 namespace HookAgents {
 
-inline constexpr std::array<HookTraits, 5> unusual{{
-    {.id = "claude", .sessionVariable = "CLAUDE_CODE_SESSION_ID"},
-    {.id = "gemini", .sessionVariable = "GEMINI_SESSION_ID"},
+inline constexpr std::array<HookTraits, 6> unusual{{
+    {.id = "claude", .start = HookStart::prompt, .sessionVariable = "CLAUDE_CODE_SESSION_ID"},
+    {.id = "codex", .start = HookStart::approval},
+    {.id = "gemini", .start = HookStart::trustedFolder, .sessionVariable = "GEMINI_SESSION_ID"},
     {.id = "qwen", .sessionVariable = "QWEN_CODE_SESSION_ID"},
     {.id = "droid", .readsTopLevel = true, .sessionVariable = "session_id"},
     {.id = "copilot", .leavesEventsUnnamed = true},
