@@ -146,6 +146,7 @@ void HookMonitor::handle(const HookChannel::Payload& payload)
     }
 
     const TimePoint now = m_clock.now();
+    Q_EMIT heard(announcement->tool, now);
     const auto apply = [&]() -> std::optional<bool> {
         const HookSession session{
             .key = announcement->key,

@@ -41,6 +41,8 @@ public:
 Q_SIGNALS:
     /// Every event, renewals included.
     void sessionsChanged();
+    /// An event has come, whatever it came to. `tool` is the agent's HookSpec id, or what the sender gave instead.
+    void heard(const QString& tool, Tarvik::TimePoint at);
 
 private:
     struct ExpiryTimer {

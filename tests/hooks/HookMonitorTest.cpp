@@ -69,6 +69,20 @@ private Q_SLOTS:
                 .expiresAt = now + 12.5s}}));
     }
 
+    void everyEventIsHeardWhateverItComesTo()
+    {
+        QSignalSpy heard(m_monitor.get(), &HookMonitor::heard);
+        acquire(u"s"_s, u"30"_s, u"codex"_s);
+        m_clock->advance(5s);
+        acquire(u"s"_s, u"30"_s, u"codex"_s);
+        release(u"unknown"_s);
+        m_channel->announce(Map{{u"action"_s, u"Acquire"_s}, {u"session"_s, u"s"_s}, {u"tool"_s, u"claude"_s}});
+        QCOMPARE(heard.size(), 3);
+        QCOMPARE(heard[1][0].toString(), u"codex"_s);
+        QCOMPARE(heard[1][1].value<TimePoint>(), m_clock->now());
+        QCOMPARE(heard[2][0].toString(), u"claude"_s);
+    }
+
     void withoutToolTheLeaseIsAnAgents()
     {
         expectEvent(u"acquire"_s, u"agent"_s, u"changed"_s, 1);
