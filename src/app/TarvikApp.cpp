@@ -26,6 +26,7 @@ TarvikApp::TarvikApp(
     , m_thermal(*m_platform.thermalState)
     , m_journal(*m_platform.settingsStore, m_platform.clock)
     , m_hooks(*m_platform.hookChannel, m_platform.clock)
+    , m_lastHookEvents(m_hooks, *m_platform.settingsStore)
     , m_hotKeys(*m_platform.hotKeys)
     , m_ui(*m_platform.uiLauncher, sessionBus)
     , m_lidClosed(m_settings,
@@ -84,12 +85,14 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
 
     m_busObject.add(BusInterfaces::application(activate, sessionBus));
     m_busObject.add(BusInterfaces::status(m_status, m_coordinator, quit, sessionBus));
-    m_busObject.add(BusInterfaces::settings(
-        m_settings, {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled}, sessionBus));
+    m_busObject.add(BusInterfaces::settings(m_settings,
+        {.setLaunchAtLogin = setLaunchAtLogin, .setClamshellEnabled = setClamshellEnabled},
+        *m_platform.runningApplications,
+        sessionBus));
     m_busObject.add(BusInterfaces::journal(m_journal, sessionBus));
     m_busObject.add(BusInterfaces::lidClosed(m_lidClosed, m_coordinator, m_power, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
-    m_busObject.add(BusInterfaces::hooks(m_hookFiles, sessionBus));
+    m_busObject.add(BusInterfaces::hooks(m_hookFiles, m_lastHookEvents, sessionBus));
 }
 
 } // namespace Tarvik

@@ -12,6 +12,7 @@
 #include "engine/TrayPresenter.h"
 #include "hooks/HookFiles.h"
 #include "hooks/HookMonitor.h"
+#include "hooks/LastHookEvents.h"
 #include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
 #include "lidclosed/LidClosedMode.h"
@@ -43,6 +44,7 @@ private:
     ThermalMonitor m_thermal;
     Journal m_journal;
     HookMonitor m_hooks;
+    LastHookEvents m_lastHookEvents;
     HotKeyCenter m_hotKeys;
     UiProcess m_ui;
     LidClosedMode m_lidClosed;

@@ -10,9 +10,11 @@
 #include "dbus/contracts/TarvikWire.h"
 #include "engine/AwakeCoordinator.h"
 #include "hooks/HookFiles.h"
+#include "hooks/LastHookEvents.h"
 #include "journal/Journal.h"
 #include "lidclosed/LidClosedMode.h"
 #include "monitors/PowerMonitor.h"
+#include "platform/RunningApplications.h"
 #include "updates/Updater.h"
 
 #include <optional>
@@ -36,6 +38,24 @@ QStringList installedIds(HookFiles& files)
             ids.append(id);
     }
     return ids;
+}
+
+QStringList idsOf(const RunningApplications& applications)
+{
+    QStringList ids;
+    for (const RunningApplication& application : applications.list()) {
+        if (!application.id.isEmpty() && !ids.contains(application.id))
+            ids.append(application.id);
+    }
+    return ids;
+}
+
+QMap<QString, double> secondsOf(const QMap<QString, TimePoint>& times)
+{
+    QMap<QString, double> seconds;
+    for (auto each = times.constBegin(); each != times.constEnd(); ++each)
+        seconds.insert(each.key(), each->time_since_epoch().count());
+    return seconds;
 }
 
 QList<JournalRow> rowsOf(const Journal& journal)
@@ -100,7 +120,8 @@ std::unique_ptr<BusInterface> status(
     return result;
 }
 
-std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions actions, const QDBusConnection& bus)
+std::unique_ptr<BusInterface> settings(
+    AppSettings& settings, SettingsActions actions, const RunningApplications& running, const QDBusConnection& bus)
 {
     auto result = std::make_unique<BusInterface>(TarvikWire::settingsInterface, bus);
     result->addProperties(settings);
@@ -133,6 +154,7 @@ std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions ac
         if (rest.removeIf([&id](const AllowlistedApp& app) { return app.bundleID == id; }) > 0)
             settings.setAllowlist(rest);
     });
+    result->addMethod(u"RunningApplications"_s, [&running] { return idsOf(running); });
     return result;
 }
 
@@ -151,17 +173,25 @@ std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& b
     return result;
 }
 
-std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus)
+std::unique_ptr<BusInterface> hooks(HookFiles& files, LastHookEvents& events, const QDBusConnection& bus)
 {
+    registerModelTypes();
     auto result = std::make_unique<BusInterface>(TarvikWire::hooksInterface, bus);
     const auto property = u"installedIds"_s;
     const auto read = [&files] { return installedIds(files); };
     result->addProperty(property, read);
     result->announceWithoutValue(property);
     result->addMethod(u"InstalledIds"_s, read);
-    result->addMethod(u"Install"_s, [&files, property, interface = result.get()](const QString& id) {
+    result->addProperty(u"lastEvents"_s, [&events] { return secondsOf(events.times()); });
+    QObject::connect(&events, &LastHookEvents::timesChanged, result.get(), &BusInterface::announceSoon);
+    result->addMethod(u"Install"_s, [&files, &events, property, interface = result.get()](const QString& id) {
         interface->invalidateSoon(property);
-        return edit(id, [&](const HookSpec& spec) { return files.install(spec); });
+        return edit(id, [&](const HookSpec& spec) {
+            const bool isInstalled = files.install(spec);
+            if (isInstalled)
+                events.forget(id);
+            return isInstalled;
+        });
     });
     result->addMethod(u"Uninstall"_s, [&files, property, interface = result.get()](const QString& id) {
         interface->invalidateSoon(property);

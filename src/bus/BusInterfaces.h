@@ -15,8 +15,10 @@ class AwakeCoordinator;
 class BusInterface;
 class HookFiles;
 class Journal;
+class LastHookEvents;
 class LidClosedMode;
 class PowerMonitor;
+class RunningApplications;
 class StatusObject;
 class Updater;
 
@@ -40,11 +42,12 @@ struct SettingsActions {
     std::function<void(bool on)> setClamshellEnabled;
 };
 
-std::unique_ptr<BusInterface> settings(AppSettings& settings, SettingsActions actions, const QDBusConnection& bus);
+std::unique_ptr<BusInterface> settings(
+    AppSettings& settings, SettingsActions actions, const RunningApplications& running, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> journal(Journal& journal, const QDBusConnection& bus);
 
-std::unique_ptr<BusInterface> hooks(HookFiles& files, const QDBusConnection& bus);
+std::unique_ptr<BusInterface> hooks(HookFiles& files, LastHookEvents& events, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> lidClosed(
     LidClosedMode& mode, const AwakeCoordinator& coordinator, const PowerMonitor& power, const QDBusConnection& bus);

@@ -66,9 +66,10 @@ public:
             {.setLaunchAtLogin
                 = [this](bool on) { ask(on ? QStringLiteral("login on") : QStringLiteral("login off")); },
                 .setClamshellEnabled = [this](bool on) { machine.lidClosed->setClamshellEnabled(on); }},
+            machine.applications,
             bus));
         object->add(BusInterfaces::journal(*machine.journal, bus));
-        object->add(BusInterfaces::hooks(machine.hookFiles, bus));
+        object->add(BusInterfaces::hooks(machine.hookFiles, *machine.lastHookEvents, bus));
         object->add(BusInterfaces::lidClosed(*machine.lidClosed, *machine.coordinator, *machine.power, bus));
         object->add(BusInterfaces::updater(*updater, bus));
         bus.registerService(QString::fromLatin1(TarvikWire::busName));

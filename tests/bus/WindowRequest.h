@@ -18,7 +18,9 @@ inline QString windowRequest(const QDBusMessage& message)
         words.append((isWrapped ? argument.value<QDBusVariant>().variant() : argument).toString());
     }
     const bool isOfTarvik = message.interface().startsWith(QStringLiteral("com.morvanta."));
-    if (isOfTarvik && message.member() != QStringLiteral("RefreshHelperStatus"))
+    const bool isLook = message.member() == QStringLiteral("RefreshHelperStatus")
+        || message.member() == QStringLiteral("RunningApplications");
+    if (isOfTarvik && !isLook)
         return (QStringList(message.member()) + words).join(QLatin1Char(' '));
     if (message.member() == QStringLiteral("Set"))
         return QStringLiteral("set ") + words.mid(1).join(QLatin1Char(' '));

@@ -22,6 +22,7 @@
 #include "fakes/FakeUserNotifications.h"
 #include "hooks/HookFiles.h"
 #include "hooks/HookMonitor.h"
+#include "hooks/LastHookEvents.h"
 #include "hotkey/HotKeyCenter.h"
 #include "journal/Journal.h"
 #include "lidclosed/LidClosedMode.h"
@@ -48,7 +49,9 @@ public:
         process.emplace(*settings, processTable, applications, clock, [this] { return hookFiles.installedIds(); });
         thermal.emplace(thermalState);
         journal.emplace(store, clock);
+        lastHookEvents.reset();
         hooks.emplace(channel, clock);
+        lastHookEvents.emplace(*hooks, store);
         lidClosed.emplace(*settings,
             store,
             LidClosedMode::Services{helper, sleepControl, display, lid, clock},
@@ -129,6 +132,7 @@ public:
     std::optional<ThermalMonitor> thermal;
     std::optional<Journal> journal;
     std::optional<HookMonitor> hooks;
+    std::optional<LastHookEvents> lastHookEvents;
     std::optional<LidClosedMode> lidClosed;
     std::optional<AwakeCoordinator> coordinator;
     /// What lid-closed mode has had the application show or do.

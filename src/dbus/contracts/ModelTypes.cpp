@@ -44,6 +44,7 @@ void registerModelTypes()
     qDBusRegisterMetaType<QList<JournalRow>>();
     qDBusRegisterMetaType<AllowlistedApp>();
     qDBusRegisterMetaType<QList<AllowlistedApp>>();
+    qDBusRegisterMetaType<QMap<QString, double>>();
 }
 
 } // namespace Tarvik

@@ -25,7 +25,8 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, JournalRow& row);
 QDBusArgument& operator<<(QDBusArgument& argument, const AllowlistedApp& app);
 const QDBusArgument& operator>>(const QDBusArgument& argument, AllowlistedApp& app);
 
-/// Makes these types and lists of them known to QtDBus. Before any of them is sent or received.
+/// Makes these types, lists of them, and numbers by their names (a{sd}) known to QtDBus. Before any of them is sent or
+/// received.
 void registerModelTypes();
 
 } // namespace Tarvik
