@@ -3,8 +3,8 @@
 #pragma once
 
 #include "dbus/BusNameWatch.h"
+#include "dbus/PortalRequest.h"
 #include "platform/HotKeys.h"
-#include "platform/linux/hotkeys/PortalRequest.h"
 
 #include <QObject>
 #include <QStringList>

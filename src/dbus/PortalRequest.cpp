@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/hotkeys/PortalRequest.h"
+#include "dbus/PortalRequest.h"
 
 #include "dbus/BusNames.h"
 
