@@ -4,6 +4,8 @@
 
 #include "core/HookSpec.h"
 #include "core/Logging.h"
+#include "dbus/WireValue.h"
+#include "dbus/contracts/ModelTypes.h"
 #include "dbus/contracts/TarvikWire.h"
 
 using namespace Qt::StringLiterals;
@@ -20,8 +22,12 @@ QString toQString(std::string_view text)
 } // namespace
 
 HooksMirror::HooksMirror(const QDBusConnection& bus)
-    : PropertyMirror(bus, staticMetaObject, TarvikWire::hooksInterface)
+    : PropertyMirror(bus,
+        staticMetaObject,
+        TarvikWire::hooksInterface,
+        {{u"lastEvents"_s, QVariant::fromValue(QMap<QString, double>())}})
 {
+    registerModelTypes();
 }
 
 QVariantList HooksMirror::agents() const
@@ -34,6 +40,17 @@ QVariantList HooksMirror::agents() const
             {u"docs"_s, toQString(spec.docs)}});
     }
     return rows;
+}
+
+QVariantMap HooksMirror::lastEvents() const
+{
+    QVariantMap dates;
+    const auto seconds = value("lastEvents").value<QMap<QString, double>>();
+    for (auto each = seconds.constBegin(); each != seconds.constEnd(); ++each) {
+        if (const auto date = WireValue::toDateTime(*each))
+            dates.insert(each.key(), *date);
+    }
+    return dates;
 }
 
 void HooksMirror::install(const QString& id)

@@ -4,6 +4,8 @@
 
 #include "ui/mirror/PropertyMirror.h"
 
+#include <QVariantMap>
+
 namespace Tarvik {
 
 /// The agents' hooks as the running Tarvik finds them in the agents' files. What others write there is not announced,
@@ -14,6 +16,7 @@ class HooksMirror : public Tarvik::PropertyMirror {
     QML_UNCREATABLE("There is one in the UI process.")
     Q_PROPERTY(QVariantList agents READ agents CONSTANT)
     Q_PROPERTY(QStringList installedIds READ installedIds NOTIFY installedIdsChanged)
+    Q_PROPERTY(QVariantMap lastEvents READ lastEvents NOTIFY lastEventsChanged)
 
 public:
     explicit HooksMirror(const QDBusConnection& bus);
@@ -22,6 +25,8 @@ public:
     /// Whether one is installed is not among them: rows must not be built anew for a switch that is flipped.
     QVariantList agents() const;
     QStringList installedIds() const { return value("installedIds").toStringList(); }
+    /// Dates by ids; an agent that has not been heard of is not among them.
+    QVariantMap lastEvents() const;
 
     /// The outcome comes with `changed`.
     Q_INVOKABLE void install(const QString& id);
@@ -29,6 +34,7 @@ public:
 
 Q_SIGNALS:
     void installedIdsChanged();
+    void lastEventsChanged();
     /// An `install()` or `uninstall()` is over; `installedIds` follows the file.
     void changed(const QString& id, bool succeeded);
 

@@ -5,6 +5,8 @@
 #include "dbus/contracts/ModelTypes.h"
 #include "dbus/contracts/TarvikWire.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
@@ -34,6 +36,13 @@ void SettingsMirror::addToAllowlist(const QString& bundleID, const QString& name
 void SettingsMirror::removeFromAllowlist(const QString& bundleID)
 {
     call(u"RemoveFromAllowlist"_s, {bundleID});
+}
+
+void SettingsMirror::askForRunningApplications(std::function<void(const QStringList& ids)> done)
+{
+    call(u"RunningApplications"_s, {}, [done = std::move(done)](const QDBusMessage& answer) {
+        done(answer.signature() == "as"_L1 ? answer.arguments().constFirst().toStringList() : QStringList());
+    });
 }
 
 } // namespace Tarvik

@@ -4,6 +4,10 @@
 
 #include "ui/mirror/PropertyMirror.h"
 
+#include <QStringList>
+
+#include <functional>
+
 namespace Tarvik {
 
 /// The settings of the running Tarvik. What is set shows at once here and is read back when Tarvik has answered.
@@ -42,6 +46,8 @@ public:
     QVariantList allowlist() const;
     Q_INVOKABLE void addToAllowlist(const QString& bundleID, const QString& name);
     Q_INVOKABLE void removeFromAllowlist(const QString& bundleID);
+    /// Asks for the ids of the applications that are open. `done` gets none of them where Tarvik does not answer.
+    void askForRunningApplications(std::function<void(const QStringList& ids)> done);
     bool watchAgents() const { return value("watchAgents").toBool(); }
     void setWatchAgents(bool on) { write("watchAgents", on); }
     bool watchEditors() const { return value("watchEditors").toBool(); }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/mirror/Texts.h"
 
+#include "core/HookSpec.h"
+#include "core/HookTraits.h"
 #include "core/SessionChoices.h"
 
 #include <QCoreApplication>
@@ -41,6 +43,38 @@ QString ago(qint64 seconds)
     return QCoreApplication::translate("Texts", count == 1 ? unit.one : unit.several, nullptr, count);
 }
 
+QString shortAgo(qint64 seconds)
+{
+    constexpr qint64 minute = 60;
+    constexpr qint64 hour = 60 * minute;
+    constexpr qint64 day = 24 * hour;
+    if (seconds >= day)
+        return ago(seconds);
+    if (seconds >= hour)
+        return QCoreApplication::translate("Texts", "%n h ago", nullptr, static_cast<int>(seconds / hour));
+    if (seconds >= minute)
+        return QCoreApplication::translate("Texts", "%n min ago", nullptr, static_cast<int>(seconds / minute));
+    return QCoreApplication::translate("Texts", "just now");
+}
+
+QString firstEvent(HookStart start)
+{
+    switch (start) {
+    case HookStart::prompt:
+        return QCoreApplication::translate("Texts", "No event yet. %1 sends the first one with your next prompt.");
+    case HookStart::restart:
+        return QCoreApplication::translate(
+            "Texts", "No event yet. %1 reads its hooks when it starts: restart sessions that are already running.");
+    case HookStart::approval:
+        return QCoreApplication::translate(
+            "Texts", "No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.");
+    case HookStart::trustedFolder:
+        return QCoreApplication::translate(
+            "Texts", "No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 QVariantList Texts::sessionLengths()
@@ -66,6 +100,17 @@ QString Texts::lastCheck(const QVariant& date, const QDateTime& now)
     const QDateTime at = date.toDateTime();
     return at.isValid() ? QCoreApplication::translate("Texts", "Last checked %1").arg(ago(at.secsTo(now)))
                         : QCoreApplication::translate("Texts", "Not checked yet.");
+}
+
+QString Texts::hookState(const QString& id, const QVariant& date, const QDateTime& now)
+{
+    const QDateTime at = date.toDateTime();
+    if (at.isValid())
+        return QCoreApplication::translate("Texts", "Last event %1").arg(shortAgo(at.secsTo(now)));
+    const std::string name = id.toStdString();
+    const HookSpec* spec = HookSpec::find(name);
+    const QString label = spec != nullptr ? QString::fromUtf8(spec->label.data(), qsizetype(spec->label.size())) : id;
+    return firstEvent(HookTraits::of(name).start).arg(label);
 }
 
 QString Texts::time(const QDateTime& at, const QDateTime& now)

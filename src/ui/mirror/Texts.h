@@ -25,6 +25,9 @@ public:
 
     /// `date` is invalid when there was no check yet. In the largest unit of which at least one has passed.
     Q_INVOKABLE static QString lastCheck(const QVariant& date, const QDateTime& now);
+    /// Whether the hook of an agent works: when it last told of itself or, with an invalid `date`, what the agent needs
+    /// until it runs it.
+    Q_INVOKABLE static QString hookState(const QString& id, const QVariant& date, const QDateTime& now);
     /// When something happened, short.
     Q_INVOKABLE static QString time(const QDateTime& at, const QDateTime& now);
 

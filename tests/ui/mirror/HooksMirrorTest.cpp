@@ -70,6 +70,37 @@ private Q_SLOTS:
         QTRY_COMPARE(hooks.installedIds(), QStringList());
     }
 
+    void theLastEventsAreToldAsTheyCome()
+    {
+        ServedTarvik tarvik;
+        HooksMirror hooks(m_client);
+        QTRY_VERIFY(hooks.isConnected());
+        QCOMPARE(hooks.lastEvents(), QVariantMap());
+        tarvik.machine.hook({{u"action"_s, u"acquire"_s}, {u"session"_s, u"s"_s}, {u"tool"_s, u"codex"_s}});
+        QTRY_COMPARE(hooks.lastEvents().keys(), QStringList{u"codex"_s});
+        const auto now
+            = std::chrono::duration_cast<std::chrono::milliseconds>(tarvik.machine.clock.now().time_since_epoch());
+        QCOMPARE(hooks.lastEvents()[u"codex"_s].toDateTime(), QDateTime::fromMSecsSinceEpoch(now.count()));
+        // Nothing has come of a hook that is installed just now.
+        hooks.install(u"codex"_s);
+        QTRY_COMPARE(hooks.lastEvents(), QVariantMap());
+    }
+
+    void aHookThatCannotBeInstalledKeepsItsLastEvent()
+    {
+        ServedTarvik tarvik;
+        HooksMirror hooks(m_client);
+        QTRY_VERIFY(hooks.isConnected());
+        QVERIFY(QDir(tarvik.machine.home.path()).mkpath(u".codex/hooks.json"_s));
+        tarvik.machine.hook({{u"action"_s, u"acquire"_s}, {u"session"_s, u"s"_s}, {u"tool"_s, u"codex"_s}});
+        QSignalSpy changed(&hooks, &HooksMirror::changed);
+        expectLog(QtCriticalMsg, u"^could not write hook config for codex: Not a regular file$"_s);
+        hooks.install(u"codex"_s);
+        QTRY_COMPARE(changed.size(), 1);
+        settle(m_client);
+        QCOMPARE(hooks.lastEvents().keys(), QStringList{u"codex"_s});
+    }
+
     void hooksOfAnUnknownAgentFail()
     {
         ServedTarvik tarvik;

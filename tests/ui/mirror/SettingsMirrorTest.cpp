@@ -10,6 +10,8 @@
 #include <QMetaProperty>
 #include <QSignalSpy>
 
+#include <optional>
+
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 
@@ -120,6 +122,29 @@ private Q_SLOTS:
         QTRY_COMPARE(settings.allowlist(), QVariantList{gimp});
         QCOMPARE(changed.size(), 2);
         QCOMPARE(tarvik.machine.settings->allowlist(), (QList<AllowlistedApp>{{u"gimp"_s, u"GIMP"_s}}));
+    }
+
+    void whatIsOpenIsAskedFor()
+    {
+        ServedTarvik tarvik;
+        tarvik.machine.applications.set({{.id = u"org.kde.kate"_s, .localizedName = u"Kate"_s},
+            {.id = {}, .localizedName = u"Nameless"_s},
+            {.id = u"org.kde.kate"_s, .localizedName = u"Kate (2)"_s},
+            {.id = u"gimp"_s, .localizedName = {}}});
+        SettingsMirror settings(m_client);
+        std::optional<QStringList> told;
+        settings.askForRunningApplications([&](const QStringList& ids) { told = ids; });
+        QTRY_VERIFY(told);
+        QCOMPARE(*told, (QStringList{u"org.kde.kate"_s, u"gimp"_s}));
+    }
+
+    void withoutTarvikNothingIsOpen()
+    {
+        SettingsMirror settings(m_client);
+        std::optional<QStringList> told;
+        settings.askForRunningApplications([&](const QStringList& ids) { told = ids; });
+        QTRY_VERIFY(told);
+        QCOMPARE(*told, QStringList());
     }
 
     void anApplicationWithoutIdIsRefused()

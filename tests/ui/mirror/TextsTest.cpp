@@ -48,6 +48,50 @@ private Q_SLOTS:
         QCOMPARE(Texts::lastCheck({}, QDateTime::currentDateTime()), u"Not checked yet."_s);
     }
 
+    void theLastEventOfAHookIsToldInShort_data()
+    {
+        QTest::addColumn<qint64>("seconds");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("in the future") << qint64{-5} << u"just now"_s;
+        QTest::newRow("almost a minute") << qint64{59} << u"just now"_s;
+        QTest::newRow("a minute") << qint64{60} << u"1 min ago"_s;
+        QTest::newRow("minutes") << qint64{179} << u"2 min ago"_s;
+        QTest::newRow("hours") << qint64{2 * 3600 + 1800} << u"2 h ago"_s;
+        QTest::newRow("a day") << qint64{86400} << u"1 day ago"_s;
+        QTest::newRow("weeks") << qint64{15 * 86400} << u"2 weeks ago"_s;
+    }
+
+    void theLastEventOfAHookIsToldInShort()
+    {
+        QFETCH(qint64, seconds);
+        QFETCH(QString, text);
+        const QDateTime now = QDateTime::currentDateTime();
+        QCOMPARE(Texts::hookState(u"codex"_s, now.addSecs(-seconds), now), u"Last event "_s + text);
+    }
+
+    void beforeItsFirstEventWhatTheAgentNeedsIsTold_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("claude") << u"No event yet. Claude Code sends the first one with your next prompt."_s;
+        QTest::newRow("codex")
+            << u"No event yet. Restart Codex and approve the hooks when it asks: it skips them until you do."_s;
+        QTest::newRow("gemini")
+            << u"No event yet. Restart Gemini CLI in a folder that you have told it to trust: it skips hooks elsewhere."_s;
+        QTest::newRow("qwen")
+            << u"No event yet. Qwen Code reads its hooks when it starts: restart sessions that are already running."_s;
+        QTest::newRow("droid")
+            << u"No event yet. Factory Droid reads its hooks when it starts: restart sessions that are already running."_s;
+        QTest::newRow("copilot")
+            << u"No event yet. Copilot CLI reads its hooks when it starts: restart sessions that are already running."_s;
+    }
+
+    void beforeItsFirstEventWhatTheAgentNeedsIsTold()
+    {
+        QFETCH(QString, text);
+        const QString id = QString::fromLatin1(QTest::currentDataTag());
+        QCOMPARE(Texts::hookState(id, {}, QDateTime::currentDateTime()), text);
+    }
+
     void theDateOfTodayIsNotTold()
     {
         const QDateTime now({2026, 3, 5}, {17, 4});
