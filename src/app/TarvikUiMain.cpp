@@ -96,8 +96,14 @@ int main(int argc, char** argv)
     Tarvik::SettingsMirror settings(bus);
     Tarvik::LidClosedMirror lidClosed(bus);
     Tarvik::Appearance appearance(bus);
-    Tarvik::WindowKeeper keeper(
-        {status, settings, lidClosed, appearance, Tarvik::installedApplications, bundle.iconDirectory()}, bus, linger);
+    Tarvik::WindowKeeper keeper({status,
+                                    settings,
+                                    lidClosed,
+                                    appearance,
+                                    {Tarvik::installedApplications, Tarvik::applicationOfFile},
+                                    bundle.iconDirectory()},
+        bus,
+        linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
     windows->onShowOnboarding = [&](const QString& token) { keeper.showOnboarding(token); };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/WindowKeeper.h"
 
+#include "ui/design/ApplicationIconProvider.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
 #include "ui/mirror/Appearance.h"
@@ -39,6 +40,7 @@ WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chron
     , m_lidClosedWindows{&m_onboarding, &m_restartAlert, &m_helperApproval}
 {
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
+    m_engine.addImageProvider(u"applications"_s, new ApplicationIconProvider);
     m_engine.addImageProvider(u"icons"_s, new IconProvider);
     m_engine.addImageProvider(u"shadows"_s, new ShadowProvider);
     m_patience.setSingleShot(true);
@@ -136,7 +138,7 @@ void WindowKeeper::openSettings(const QString& activationToken)
                 m_models.status,
                 m_models.lidClosed,
                 m_models.appearance,
-                m_models.installedApplications,
+                m_models.applications,
                 m_models.iconDirectory},
             m_bus);
         connect(m_settings.get(), &SettingsWindow::visibleChanged, this, &WindowKeeper::followVisibility);

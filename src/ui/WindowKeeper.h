@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/AllowlistedApp.h"
+#include "ui/mirror/ApplicationChoice.h"
 #include "ui/onboarding/OnboardingController.h"
 #include "ui/panel/Panel.h"
 
@@ -14,7 +14,6 @@
 
 #include <array>
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -35,8 +34,7 @@ public:
         SettingsMirror& settings;
         LidClosedMirror& lidClosed;
         Appearance& appearance;
-        /// Called when the user is about to choose one.
-        std::function<QList<AllowlistedApp>()> installedApplications;
+        ApplicationChoice::Sources applications;
         /// Where the theme "hicolor" with the application's icon is.
         QString iconDirectory;
     };

@@ -10,6 +10,7 @@
 //   session MINUTES         a timed session; 0 ends it
 //   hooks fail|work         whether the files of agents without any can be written
 //   install ID              installs the hooks of an agent
+//   event ID                the hook of an agent tells of the end of a turn
 //   updates on|off|checked  whether updates can be had; a check of which has just ended
 //   forget                  clears the journal
 //   earlier SECONDS         sets the machine's clock back
@@ -93,6 +94,10 @@ private:
         if (word == u"install"_s) {
             const HookSpec* spec = HookSpec::find(value.toStdString());
             return spec != nullptr && machine.hookFiles.install(*spec);
+        }
+        if (word == u"event"_s) {
+            machine.hook({{u"action"_s, u"release"_s}, {u"session"_s, u"any"_s}, {u"tool"_s, value}});
+            return HookSpec::find(value.toStdString()) != nullptr;
         }
         if (word == u"updates"_s)
             return setUpdates(value);

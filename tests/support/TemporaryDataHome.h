@@ -32,13 +32,13 @@ public:
 
     void remove(const char* level, const char* file) const { QFile::remove(path(level, file)); }
 
-private:
     QString path(const char* level, const char* file) const
     {
         return m_directory.path() + u'/' + QString::fromLatin1(level) + QStringLiteral("/applications/")
             + QString::fromLatin1(file);
     }
 
+private:
     QTemporaryDir m_directory;
 };
 

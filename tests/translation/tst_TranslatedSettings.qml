@@ -33,7 +33,7 @@ Item {
 
         agentCount: 29
         anchors.fill: parent
-        applications: []
+        applications: tarvik.applications
         hooks: tarvik.hooks
         journal: tarvik.journal
         lidClosed: tarvik.lidClosed
@@ -62,10 +62,14 @@ Item {
             tarvik.restart();
         }
 
+        function isTranslated(line) {
+            return untranslated.includes(line) || line.startsWith("~/") || (line.startsWith("⟦") && line.endsWith("⟧"));
+        }
+
         function check(item, surface) {
             const shown = shownTexts.below(item);
             for (const text of shown) {
-                verify(untranslated.includes(text.text) || (text.text.startsWith("⟦") && text.text.endsWith("⟧")), text.text);
+                verify(text.text.split("\n").every(isTranslated), text.text);
                 compare(shownTexts.flaw(text, surface), "");
             }
             return shown.length;
@@ -85,6 +89,10 @@ Item {
             root.width = theme.scaled(480);
             root.height = theme.scaled(440);
             view.currentTab = tabs.indexOf(row.tab);
+            tarvik.editHooks(["claude", "codex", "gemini", "qwen", "droid"]);
+            tarvik.sendHookEvent("droid");
+            tarvik.hooks.refresh();
+            tryVerify(() => tarvik.hooks.installedIds.length === 5);
             // A file that cannot be written has the longest text.
             tarvik.breakHooks("copilot");
             tarvik.hooks.install("copilot");
@@ -103,6 +111,10 @@ Item {
             findChild(view, "addApp").clicked();
             const chooser = findChild(view, "appChooser");
             tryCompare(chooser, "opened", true);
+            tryVerify(() => tarvik.applications.canBrowse);
+            // The heading, the field for the search and two buttons; without a find, what says so is in place of "Search".
+            compare(check(chooser.contentItem, chooser.contentItem), 4);
+            findChild(chooser.contentItem, "appSearch").text = "x";
             compare(check(chooser.contentItem, chooser.contentItem), 4);
             chooser.close();
             tryVerify(() => !chooser.visible);

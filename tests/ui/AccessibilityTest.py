@@ -267,6 +267,26 @@ class SettingsTest(AccessibleWindowTest):
         self.assertIn("Couldn't write ~/.claude/settings.json.", row.description)
         await_told(lambda: self.is_unchecked("Claude Code"), "the switch is back")
 
+    def test_applications_are_list_items_that_say_when_they_were_added(self):
+        folder = pathlib.Path.home() / ".local" / "share" / "applications"
+        folder.mkdir(parents=True, exist_ok=True)
+        for name in "One", "Two":
+            entry = f"[Desktop Entry]\nType=Application\nName={name}\nExec=true\n"
+            (folder / f"{name}.desktop").write_text(entry, encoding="utf-8")
+        self.tarvik.tell("apps Two")
+        self.perform("Triggers", "Press")
+        self.perform("Add App…", "Press")
+        rows = await_told(lambda: [part for part in self.everything() if part.getRoleName() == "list item"], "the applications")
+        listed = {part.name: part.description for part in rows}
+        self.assertEqual(listed["One"], "")
+        self.assertEqual(listed["Two"], "Open now, already added")
+        # Those on the allow-list are shown below, by the same names.
+        by_name = {part.name: part for part in rows}
+        for name in "Two", "One":
+            self.assertIn("Press", actions(by_name[name]))
+            by_name[name].queryAction().doAction(actions(by_name[name]).index("Press"))
+        self.assertEqual(self.tarvik.request(), "AddToAllowlist One One")
+
     def test_the_battery_level_is_a_slider_with_a_value(self):
         self.perform("Power", "Press")
         slider = await_told(lambda: self.find("Battery level", "slider"), "the slider")

@@ -2,9 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "fakes/FakeFileChooser.h"
 #include "fakes/FakeSettingsPortal.h"
 #include "support/TestSupport.h"
 #include "ui/mirror/Appearance.h"
+
+#include <QDesktopServices>
+#include <QStringList>
+#include <QUrl>
 
 namespace Tarvik {
 
@@ -18,6 +23,7 @@ class TestDesktop : public QObject {
     Q_PROPERTY(bool isHighContrast WRITE setIsHighContrast READ isHighContrast)
     Q_PROPERTY(double textScale WRITE setTextScale READ textScale)
     Q_PROPERTY(QColor accent WRITE setAccent READ accent RESET resetAccent)
+    Q_PROPERTY(QStringList opened MEMBER m_opened)
     // clang-format on
 
 public:
@@ -25,7 +31,21 @@ public:
     {
         if (!m_portal.appear())
             qFatal("There is another portal.");
+        const auto answerSettings = m_portal.handler;
+        m_portal.handler = [this, answerSettings](const QDBusMessage& call) {
+            return FakeFileChooser::isMeant(call) ? m_files.answer(call) : answerSettings(call);
+        };
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "open");
     }
+    ~TestDesktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+
+    /// The user chooses this file whenever there is one to choose.
+    Q_INVOKABLE void chooseFile(const QString& path) { m_files.chosen = {QUrl::fromLocalFile(path).toString()}; }
+    /// Whether there are files to choose from.
+    Q_INVOKABLE void offerFiles(bool on) { m_files.isOffered = on; }
+
+    /// What a browser shall show from now on is added to `opened`.
+    Q_INVOKABLE void open(const QUrl& url) { m_opened.append(url.toString()); }
 
     Appearance* appearance() { return &m_appearance; }
 
@@ -73,7 +93,10 @@ private:
             qFatal("%s has not arrived.", key);
     }
 
-    FakeSettingsPortal m_portal{QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"))};
+    QStringList m_opened;
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
+    FakeFileChooser m_files{m_bus};
+    FakeSettingsPortal m_portal{m_bus};
     Appearance m_appearance{QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("windows"))};
 };
 

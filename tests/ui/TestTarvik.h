@@ -7,6 +7,7 @@
 #include "core/HookSpec.h"
 #include "engine/SteeredMachine.h"
 #include "support/TestSupport.h"
+#include "ui/mirror/ApplicationChoice.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
 #include "ui/mirror/LidClosedMirror.h"
@@ -16,6 +17,7 @@
 #include "ui/mirror/UpdaterMirror.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -32,6 +34,7 @@ class TestTarvik : public QObject {
     Q_PROPERTY(Tarvik::JournalMirror* journal READ journal CONSTANT)
     Q_PROPERTY(Tarvik::HooksMirror* hooks READ hooks CONSTANT)
     Q_PROPERTY(Tarvik::UpdaterMirror* updater READ updater CONSTANT)
+    Q_PROPERTY(Tarvik::ApplicationChoice* applications READ applications CONSTANT)
 
 public:
     StatusMirror* status() { return &m_status; }
@@ -40,6 +43,15 @@ public:
     JournalMirror* journal() { return &m_journal; }
     HooksMirror* hooks() { return &m_hooks; }
     UpdaterMirror* updater() { return &m_updater; }
+    ApplicationChoice* applications() { return &m_applications; }
+
+    /// The desktop's applications, by their ids, and with the names that follow them.
+    Q_INVOKABLE void installApplications(const QVariantMap& namesById)
+    {
+        m_installed.clear();
+        for (auto each = namesById.begin(); each != namesById.end(); ++each)
+            m_installed.append({each.key(), each->toString(), {}});
+    }
 
     /// A Tarvik of which nobody has changed anything yet, on a computer with a lid and without a helper.
     Q_INVOKABLE void restart()
@@ -148,6 +160,14 @@ public:
         }
         return ids;
     }
+    /// The hook of an agent tells of the end of a turn.
+    Q_INVOKABLE void sendHookEvent(const QString& id)
+    {
+        machine().hook({{QStringLiteral("action"), QStringLiteral("release")},
+            {QStringLiteral("session"), QStringLiteral("any")},
+            {QStringLiteral("tool"), id}});
+        arrive();
+    }
     /// By somebody else: the windows are not told.
     Q_INVOKABLE void editHooks(const QStringList& installed)
     {
@@ -213,6 +233,16 @@ private:
     JournalMirror m_journal{m_bus};
     HooksMirror m_hooks{m_bus};
     UpdaterMirror m_updater{m_bus};
+    QList<InstalledApplication> m_installed;
+    ApplicationChoice m_applications{{.installed = [this] { return m_installed; },
+                                         .ofFile = [](const QString& path) -> std::optional<InstalledApplication> {
+                                             const QString id = QFileInfo(path).completeBaseName();
+                                             return path.endsWith(u".desktop")
+                                                 ? std::optional(InstalledApplication{id, id.toUpper(), {}})
+                                                 : std::nullopt;
+                                         }},
+        m_settings,
+        m_bus};
     std::array<PropertyMirror*, 6> m_mirrors{&m_status, &m_settings, &m_lidClosed, &m_journal, &m_hooks, &m_updater};
     std::optional<ServedTarvik> m_served;
     std::optional<SteeredMachine> m_steering;

@@ -15,8 +15,8 @@ CONTENT = (
     "forget", f"earlier {4 * 5 * 7000}", *(line for _ in range(4) for line in (
         "set requireAC true", "work off", "wait 7000", "work claude codex", "wait 7000", "mains off", "wait 7000", "mains on", "wait 7000",
         "set requireAC false", "mains off", "battery 15", "wait 7000", "battery 80", "mains on")),
-    f"apps {';'.join((APPLICATIONS[0], APPLICATIONS[2], APPLICATIONS[-1]))}", "hooks work", "install gemini", "updates on",
-    "helper installed", "set clamshellEnabled true",
+    f"apps {';'.join((APPLICATIONS[0], APPLICATIONS[2], APPLICATIONS[-1]))}", "hooks work", "install gemini",
+    "event gemini", "install codex", "updates on", "helper installed", "set clamshellEnabled true",
 )
 # How far the background helper can be, and what the windows have it do for that.
 HELPER_STATES = {

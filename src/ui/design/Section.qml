@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-/// A card with an optional heading above it and an optional explanation below.
+/// A card with an optional heading and introduction above it and an optional explanation below.
 Column {
     id: root
 
     required property Theme theme
     property string heading
+    property string introduction
     property string footer
     default property alias rows: card.rows
 
@@ -27,24 +28,34 @@ Column {
         Accessible.name: text
         Accessible.role: Accessible.Heading
     }
+    Explanation {
+        color: root.theme.secondaryText
+        text: root.introduction
+    }
     Card {
         id: card
 
         theme: root.theme
         width: parent.width
     }
-    Label {
+    Explanation {
         color: root.theme.tertiaryText
+        text: root.footer
+    }
+
+    // What a component names of its surroundings cannot be declared before Qt 6.5.
+    // qmllint disable unqualified
+    component Explanation: Label {
         font.pixelSize: root.theme.captionSize
         leftPadding: root.theme.scaled(4)
         rightPadding: root.theme.scaled(4)
-        text: root.footer
         theme: root.theme
         visible: text
-        width: parent.width
+        width: root.width
         wrapMode: Text.Wrap
 
         Accessible.name: text
         Accessible.role: Accessible.StaticText
     }
+    // qmllint enable unqualified
 }

@@ -7,6 +7,8 @@ CardRow {
     id: root
 
     property bool isOn: false
+    /// Other controls, which stand before the switch.
+    default property alias others: others.data
 
     /// The user wants it on or off.
     signal switched(bool on)
@@ -15,24 +17,34 @@ CardRow {
 
     onTapped: toggle.toggle()
 
-    ToggleSwitch {
-        id: toggle
+    Row {
+        spacing: root.theme.scaled(8)
 
-        checked: root.isOn
-        objectName: "toggle"
-        theme: root.theme
+        Row {
+            id: others
 
-        Accessible.description: root.caption
-        Accessible.name: root.title
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        ToggleSwitch {
+            id: toggle
 
-        onCheckedChanged: {
-            if (checked === root.isOn)
-                return;
-            // A screen reader reaches the switch all the same.
-            if (root.enabled)
-                root.switched(checked);
-            else
-                root.restore();
+            anchors.verticalCenter: parent.verticalCenter
+            checked: root.isOn
+            objectName: "toggle"
+            theme: root.theme
+
+            Accessible.description: root.caption
+            Accessible.name: root.title
+
+            onCheckedChanged: {
+                if (checked === root.isOn)
+                    return;
+                // A screen reader reaches the switch all the same.
+                if (root.enabled)
+                    root.switched(checked);
+                else
+                    root.restore();
+            }
         }
     }
 

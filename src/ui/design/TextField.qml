@@ -35,13 +35,16 @@ T.TextField {
     }
 
     Label {
+        /// The caret stands beside the placeholder, not on it.
+        readonly property int caretWidth: 3
+
         color: root.placeholderTextColor
         text: root.placeholderText
         theme: root.theme
         verticalAlignment: Text.AlignVCenter
         visible: !root.length && !root.preeditText
-        width: root.width - root.leftPadding - root.rightPadding
-        x: root.leftPadding
+        width: root.width - root.leftPadding - root.rightPadding - 2 * caretWidth
+        x: root.leftPadding + caretWidth
         y: root.topPadding
 
         Accessible.ignored: true

@@ -10,13 +10,10 @@ Section {
     id: root
 
     required property SettingsMirror settings
-    /// What can be added; filled after `applicationsWanted`.
-    required property var applications
+    required property ApplicationChoice applications
 
     /// The row that the keyboard has removed, as long as it is there; the focus goes on to the next.
     property int removedRow: -1
-
-    signal applicationsWanted
 
     heading: qsTr("Apps")
 
@@ -28,6 +25,7 @@ Section {
         // What a component names of its surroundings cannot be declared before Qt 6.5.
         // qmllint disable unqualified
         AllowedAppRow {
+            caption: root.settings.allowlist.filter(other => other.name === modelData.name).length > 1 ? modelData.bundleID : ""
             theme: root.theme
 
             onRemoved: {
@@ -69,6 +67,7 @@ Section {
         }
     }
     CardRow {
+        areTextsIgnored: true
         theme: root.theme
         title: ""
 
@@ -80,7 +79,7 @@ Section {
             theme: root.theme
 
             onClicked: {
-                root.applicationsWanted();
+                root.applications.refresh();
                 chooser.open();
             }
         }
@@ -88,7 +87,8 @@ Section {
     AppChooser {
         id: chooser
 
-        applications: root.applications
+        addedIds: Array.from(root.settings.allowlist, application => application.bundleID)
+        choice: root.applications
         objectName: "appChooser"
         parent: T.Overlay.overlay
         theme: root.theme

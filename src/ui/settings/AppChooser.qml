@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
-/// Chooses one of the installed applications.
+/// Chooses an application, one of the installed ones or any other by its desktop file.
 Sheet {
     id: root
 
-    /// Objects with "bundleID" and "name", in the order to show them.
-    required property var applications
+    required property ApplicationChoice choice
+    /// The ids of those that have been chosen before.
+    required property var addedIds
 
     signal chosen(var application)
 
@@ -18,7 +20,8 @@ Sheet {
     onAboutToShow: (contentItem as AppSearch).begin()
 
     contentItem: AppSearch {
-        applications: root.applications
+        addedIds: root.addedIds
+        choice: root.choice
         theme: root.theme
 
         onCancelled: root.close()
@@ -26,5 +29,13 @@ Sheet {
             root.chosen(application);
             root.close();
         }
+    }
+
+    Connections {
+        function onAdded() {
+            root.close();
+        }
+
+        target: root.choice
     }
 }

@@ -9,8 +9,10 @@ ListView {
     id: root
 
     required property Theme theme
-    /// Objects with "bundleID" and "name".
+    /// Of ApplicationChoice.
     required property var applications
+    /// The ids of those that have been chosen before.
+    required property var addedIds
 
     signal chosen(var application)
 
@@ -29,12 +31,13 @@ ListView {
 
     // What a component names of its surroundings cannot be declared before Qt 6.5.
     // qmllint disable unqualified
-    delegate: ListRow {
+    delegate: AppRow {
         required property int index
         required property var modelData
 
+        application: modelData
+        isAdded: root.isAdded(modelData)
         isCurrent: ListView.isCurrentItem
-        text: modelData.name
         theme: root.theme
         width: root.width - 2 * x
         x: bar.width
@@ -44,7 +47,11 @@ ListView {
     // qmllint enable unqualified
 
     function choose(index: int) {
-        if (index >= 0 && index < applications.length)
+        if (index >= 0 && index < applications.length && !isAdded(applications[index]))
             chosen(applications[index]);
+    }
+
+    function isAdded(application: var): bool {
+        return addedIds.includes(application.bundleID);
     }
 }

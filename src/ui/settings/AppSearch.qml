@@ -9,8 +9,9 @@ Item {
     id: root
 
     required property Theme theme
-    /// Objects with "bundleID" and "name", in the order to show them.
-    required property var applications
+    required property ApplicationChoice choice
+    /// The ids of those that have been chosen before.
+    required property var addedIds
 
     signal chosen(var application)
     signal cancelled
@@ -45,7 +46,7 @@ Item {
         onAccepted: list.choose(list.currentIndex)
     }
     Rectangle {
-        anchors.bottom: cancel.top
+        anchors.bottom: problem.visible ? problem.top : cancel.top
         anchors.bottomMargin: root.theme.scaled(12)
         anchors.top: search.bottom
         anchors.topMargin: root.theme.scaled(8)
@@ -61,7 +62,8 @@ Item {
             anchors.fill: parent
             anchors.margins: 1
             anchors.topMargin: root.theme.scaled(4)
-            applications: Texts.matching(root.applications, search.text)
+            addedIds: root.addedIds
+            applications: Texts.matching(root.choice.applications, search.text)
             objectName: "appList"
             theme: root.theme
 
@@ -72,11 +74,38 @@ Item {
             color: root.theme.tertiaryText
             text: qsTr("No such application.")
             theme: root.theme
-            visible: list.count === 0
+            visible: list.count === 0 && search.text
 
             Accessible.name: text
             Accessible.role: Accessible.StaticText
         }
+    }
+    Label {
+        id: problem
+
+        anchors.bottom: cancel.top
+        anchors.bottomMargin: root.theme.scaled(12)
+        color: root.theme.danger
+        font.pixelSize: root.theme.captionSize
+        objectName: "appProblem"
+        text: root.choice.problem
+        theme: root.theme
+        visible: text
+        width: parent.width
+        wrapMode: Text.Wrap
+
+        Accessible.name: text
+        Accessible.role: Accessible.AlertMessage
+    }
+    PushButton {
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        objectName: "appBrowse"
+        text: qsTr("Other…")
+        theme: root.theme
+        visible: root.choice.canBrowse
+
+        onClicked: root.choice.browse()
     }
     PushButton {
         id: cancel

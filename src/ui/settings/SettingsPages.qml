@@ -16,13 +16,12 @@ Item {
     required property HooksMirror hooks
     required property UpdaterMirror updater
     required property int agentCount
-    required property var applications
+    required property ApplicationChoice applications
     required property int currentTab
 
     /// Null as long as it is being made.
     readonly property Item currentPage: (children[currentTab] as Loader).item as Item
 
-    signal applicationsWanted
     signal copyText(string text)
 
     // What a component names of its surroundings cannot be declared before Qt 6.5.
@@ -45,8 +44,6 @@ Item {
             hooks: root.hooks
             settings: root.settings
             theme: root.theme
-
-            onApplicationsWanted: root.applicationsWanted()
         }
     }
     Page {

@@ -16,13 +16,11 @@ FocusScope {
     required property HooksMirror hooks
     required property UpdaterMirror updater
     required property int agentCount
-    /// The installed applications, objects with "bundleID" and "name"; filled after `applicationsWanted`.
-    required property var applications
+    required property ApplicationChoice applications
 
     property alias currentTab: tabs.currentIndex
     readonly property alias currentPage: pages.currentPage
 
-    signal applicationsWanted
     signal copyText(string text)
 
     LayoutMirroring.childrenInherit: true
@@ -69,7 +67,6 @@ FocusScope {
         theme: root.theme
         updater: root.updater
 
-        onApplicationsWanted: root.applicationsWanted()
         onCopyText: text => root.copyText(text)
     }
 }

@@ -23,6 +23,7 @@ SettingsWindow::SettingsWindow(QQmlEngine& engine, Models models, const QDBusCon
     : m_models(std::move(models))
     , m_journal(bus)
     , m_hooks(bus)
+    , m_applications(m_models.applications, m_models.settings, bus)
     , m_updater(bus)
     , m_mirrors{&m_journal, &m_hooks, &m_updater, &m_models.lidClosed}
     , m_window(engine,
@@ -30,6 +31,7 @@ SettingsWindow::SettingsWindow(QQmlEngine& engine, Models models, const QDBusCon
               .properties = {
                   {u"agentCount"_s, AgentCatalogue::agents().size()},
                   {u"appearance"_s, QVariant::fromValue<QObject*>(&m_models.appearance)},
+                  {u"applications"_s, QVariant::fromValue<QObject*>(&m_applications)},
                   {u"hooks"_s, QVariant::fromValue<QObject*>(&m_hooks)},
                   {u"journal"_s, QVariant::fromValue<QObject*>(&m_journal)},
                   {u"lidClosed"_s, QVariant::fromValue<QObject*>(&m_models.lidClosed)},
@@ -43,7 +45,6 @@ SettingsWindow::SettingsWindow(QQmlEngine& engine, Models models, const QDBusCon
         connect(mirror, &PropertyMirror::connectedChanged, this, &SettingsWindow::showWhenReady);
     connect(&m_window, &KeptWindow::visibleChanged, this, &SettingsWindow::visibleChanged);
     connect(&m_window, &KeptWindow::created, this, [this] {
-        connect(m_window.window(), SIGNAL(applicationsWanted()), this, SLOT(listApplications()));
         connect(m_window.window(), SIGNAL(copyText(QString)), this, SLOT(copyText(QString)));
     });
 }
@@ -62,14 +63,6 @@ void SettingsWindow::showWhenReady()
     if (!m_wanted || !std::ranges::all_of(m_mirrors, &PropertyMirror::isConnected))
         return;
     m_window.show(*std::exchange(m_wanted, std::nullopt));
-}
-
-void SettingsWindow::listApplications()
-{
-    QVariantList rows;
-    for (const AllowlistedApp& app : m_models.installedApplications())
-        rows.append(QVariantMap{{u"bundleID"_s, app.bundleID}, {u"name"_s, app.name}});
-    m_window.window()->setProperty("applications", rows);
 }
 
 void SettingsWindow::copyText(const QString& text)

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/AllowlistedApp.h"
+#include "ui/mirror/ApplicationChoice.h"
 #include "ui/mirror/HooksMirror.h"
 #include "ui/mirror/JournalMirror.h"
 #include "ui/mirror/UpdaterMirror.h"
 #include "ui/placement/KeptWindow.h"
 
 #include <array>
-#include <functional>
 #include <optional>
 
 namespace Tarvik {
@@ -30,7 +29,7 @@ public:
         StatusMirror& status;
         LidClosedMirror& lidClosed;
         Appearance& appearance;
-        std::function<QList<AllowlistedApp>()> installedApplications;
+        ApplicationChoice::Sources applications;
         /// Where the theme "hicolor" with the application's icon is.
         QString iconDirectory;
     };
@@ -45,7 +44,6 @@ Q_SIGNALS:
     void visibleChanged();
 
 private Q_SLOTS:
-    void listApplications();
     void copyText(const QString& text);
 
 private:
@@ -54,6 +52,7 @@ private:
     Models m_models;
     JournalMirror m_journal;
     HooksMirror m_hooks;
+    ApplicationChoice m_applications;
     UpdaterMirror m_updater;
     std::array<PropertyMirror*, 4> m_mirrors;
     KeptWindow m_window;

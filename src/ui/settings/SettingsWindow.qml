@@ -15,17 +15,14 @@ Window {
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
+    required property ApplicationChoice applications
     /// How many coding agents the catalogue knows.
     required property int agentCount
-
-    /// The installed applications; set after `applicationsWanted`.
-    property var applications: []
 
     // What is available is told of all screens together, and the one with the window may be the smallest.
     readonly property int fullHeight: Math.min(theme.scaled(440), Math.min(Screen.height, Screen.desktopAvailableHeight) - theme.titleBarHeight)
     readonly property int fullWidth: Math.min(theme.scaled(480), Screen.width, Screen.desktopAvailableWidth)
 
-    signal applicationsWanted
     /// Puts the text on the clipboard.
     signal copyText(string text)
 
@@ -57,7 +54,6 @@ Window {
         updater: root.updater
 
         Keys.onEscapePressed: root.close()
-        onApplicationsWanted: root.applicationsWanted()
         onCopyText: text => root.copyText(text)
     }
     Shortcut {

@@ -11,9 +11,7 @@ Form {
     required property SettingsMirror settings
     required property HooksMirror hooks
     required property int agentCount
-    required property var applications
-
-    signal applicationsWanted
+    required property ApplicationChoice applications
 
     Section {
         heading: qsTr("Coding agents")
@@ -50,7 +48,5 @@ Form {
         applications: root.applications
         settings: root.settings
         theme: root.theme
-
-        onApplicationsWanted: root.applicationsWanted()
     }
 }

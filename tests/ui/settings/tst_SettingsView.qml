@@ -30,7 +30,7 @@ Item {
         property string copied
 
         agentCount: 29
-        applications: []
+        applications: tarvik.applications
         anchors.fill: parent
         hooks: tarvik.hooks
         journal: tarvik.journal
@@ -40,7 +40,6 @@ Item {
         theme: theme
         updater: tarvik.updater
 
-        onApplicationsWanted: applications = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "fr.handbrake", name: "HandBrake"}, {bundleID: "org.gimp", name: "GIMP"}]
         onCopyText: text => copied = text
     }
     TestCase {
@@ -58,6 +57,9 @@ Item {
             tryVerify(() => tarvik.hooks.installedIds.length === 1);
             view.currentTab = 0;
             view.copied = "";
+            desktop.opened = [];
+            desktop.offerFiles(true);
+            tarvik.installApplications({"org.blender": "Blender", "fr.handbrake": "HandBrake", "org.gimp": "GIMP"});
             waitForRendering(view);
         }
 
@@ -76,6 +78,10 @@ Item {
             for (let index = 0; index < item.children.length; ++index)
                 found = found.concat(texts(item.children[index]));
             return found;
+        }
+
+        function labelled(item, text) {
+            return item.text === text ? item : Array.from(item.children).map(child => labelled(child, text)).find(found => found);
         }
 
         function scrollTo(item) {
@@ -167,7 +173,46 @@ Item {
             tryVerify(() => tarvik.installedHooks().join() === "claude,codex");
             click("claude");
             tryVerify(() => tarvik.installedHooks().join() === "codex");
-            compare(find("codex").caption, "");
+            compare(find("codex").caption, "~/.codex/hooks.json\nNo event yet. Restart Codex and approve the hooks when it asks: it skips them until you do.");
+            tryCompare(find("claude"), "caption", "~/.claude/settings.json");
+        }
+
+        function test_anInstalledHookTellsWhenItWasLastHeardOf() {
+            show("Triggers");
+            const row = find("claude");
+            compare(row.caption, "~/.claude/settings.json\nNo event yet. Claude Code sends the first one with your next prompt.");
+            tarvik.setClock(new Date());
+            tarvik.sendHookEvent("claude");
+            tarvik.sendHookEvent("gemini");
+            compare(row.caption, "~/.claude/settings.json\nLast event just now");
+            compare(find("gemini").caption, "~/.gemini/settings.json");
+            tarvik.setClock(new Date(Date.now() - 150 * 1000));
+            tarvik.sendHookEvent("claude");
+            compare(row.caption, "~/.claude/settings.json\nLast event 2 min ago");
+            // It ticks.
+            find("hooks").now = new Date(Date.now() + 60 * 1000);
+            compare(row.caption, "~/.claude/settings.json\nLast event 3 min ago");
+            verify(!row.isCaptionAlarming);
+        }
+
+        function test_theDocumentationOfHooksOpens() {
+            show("Triggers");
+            const button = find("geminiDocs");
+            compare(button.text, "How hooks of Gemini CLI work");
+            scrollTo(button);
+            mouseClick(button);
+            compare(desktop.opened, ["https://geminicli.com/docs/hooks/"]);
+            compare(tarvik.installedHooks(), ["claude"]);
+        }
+
+        function test_whatHooksAreForIsSeenAtOnce() {
+            show("Triggers");
+            waitForRendering(view);
+            const text = texts(view).find(text => text.startsWith("Hooks tell Tarvik"));
+            compare(text, "Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent's config file and nothing else — and Tarvik stops watching for that agent's process, since its turns are the better signal. Turning it off removes the entry and restores process detection.");
+            const label = labelled(view, text);
+            verify(label.mapToItem(view, 0, label.height).y < view.height);
+            compare(label.color, theme.secondaryText);
         }
 
         function test_aFileThatCannotBeWrittenIsToldUntilItCan() {
@@ -178,11 +223,12 @@ Item {
             click("codex");
             tryCompare(row, "caption", "Couldn't write ~/.codex/hooks.json. If you've edited it by hand, check it's valid JSON — Tarvik won't overwrite a file it can't read.");
             verify(!findChild(row, "toggle").checked);
-            compare(find("claude").caption, "");
+            verify(row.isCaptionAlarming);
+            verify(!find("claude").isCaptionAlarming);
 
             tarvik.mendHooks("codex");
             click("codex");
-            tryCompare(row, "caption", "");
+            tryCompare(row, "isCaptionAlarming", false);
             compare(tarvik.installedHooks(), ["claude", "codex"]);
             verify(findChild(row, "toggle").checked);
         }
@@ -201,6 +247,18 @@ Item {
             show("Triggers");
             tryVerify(() => !findChild(find("claude"), "toggle").checked);
             verify(findChild(find("codex"), "toggle").checked);
+        }
+
+        function test_theFilesAreAskedAgainWhileTheListIsShown() {
+            show("Triggers");
+            tarvik.editHooks([]);
+            const ticking = find("hookTicking");
+            verify(ticking.running);
+            // As it does by itself after its interval.
+            ticking.triggered();
+            tryVerify(() => !findChild(find("claude"), "toggle").checked);
+            show("General");
+            verify(!ticking.running);
         }
 
         function test_appsAreListedAndRemoved() {
@@ -231,7 +289,7 @@ Item {
             const chooser = find("appChooser");
             tryCompare(chooser, "opened", true);
             const list = findChild(chooser.contentItem, "appList");
-            compare(list.count, 3);
+            tryCompare(list, "count", 3);
             keyClick("h");
             keyClick("a");
             keyClick("n");
@@ -243,6 +301,89 @@ Item {
             tryVerify(() => tarvik.settings.allowlist.length === 1);
             compare(tarvik.settings.allowlist, [{bundleID: "fr.handbrake", name: "HandBrake"}]);
             compare(tarvik.allowed(), ["HandBrake"]);
+            tryCompare(chooser, "visible", false);
+        }
+
+        function openChooser() {
+            show("Triggers");
+            scrollTo(find("addApp"));
+            mouseClick(find("addApp"));
+            const chooser = find("appChooser");
+            tryCompare(chooser, "opened", true);
+            return chooser;
+        }
+
+        function test_anAppThatWasAddedBeforeHasATickAndIsNotAddedAgain() {
+            tarvik.settings.addToAllowlist("fr.handbrake", "HandBrake");
+            tryVerify(() => tarvik.settings.allowlist.length === 1);
+            const chooser = openChooser();
+            const list = findChild(chooser.contentItem, "appList");
+            tryCompare(list, "count", 3);
+            const row = tryItem(list, 2);
+            compare(row.text, "HandBrake");
+            verify(row.isAdded);
+            compare(row.Accessible.description, "Already added");
+            mouseClick(row);
+            keyClick("h");
+            keyClick("a");
+            tryCompare(list, "count", 1);
+            keyClick(Qt.Key_Return);
+            list.itemAtIndex(0).Accessible.pressAction();
+            verify(chooser.opened);
+            compare(tarvik.allowed(), ["HandBrake"]);
+            compare(tryItem(list, 0).isAdded, true);
+            keyClick(Qt.Key_Escape);
+            tryCompare(chooser, "visible", false);
+        }
+
+        function test_appsThatAreOpenComeFirstAndSaySo() {
+            tarvik.run([], ["org.gimp"]);
+            const chooser = openChooser();
+            const list = findChild(chooser.contentItem, "appList");
+            tryCompare(list, "count", 3);
+            compare([0, 1, 2].map(index => tryItem(list, index).text), ["GIMP", "Blender", "HandBrake"]);
+            compare(list.itemAtIndex(0).caption, "Open now");
+            compare(list.itemAtIndex(0).Accessible.description, "Open now");
+            compare(list.itemAtIndex(1).caption, "");
+            keyClick(Qt.Key_Escape);
+            tryCompare(chooser, "visible", false);
+        }
+
+        function test_appsOfOneNameAreToldApart() {
+            tarvik.installApplications({"org.one": "Editor", "org.two": "Editor", "org.three": "Viewer"});
+            const chooser = openChooser();
+            const list = findChild(chooser.contentItem, "appList");
+            tryCompare(list, "count", 3);
+            compare([0, 1, 2].map(index => tryItem(list, index).caption), ["org.one", "org.two", ""]);
+            mouseClick(list.itemAtIndex(1));
+            tryVerify(() => tarvik.settings.allowlist.length === 1);
+            compare(tarvik.settings.allowlist, [{bundleID: "org.two", name: "Editor"}]);
+        }
+
+        function test_anyOtherAppIsAddedByItsDesktopFile() {
+            desktop.chooseFile("/srv/notes.txt");
+            const chooser = openChooser();
+            const other = findChild(chooser.contentItem, "appBrowse");
+            tryCompare(other, "visible", true);
+            compare(other.text, "Other…");
+            mouseClick(other);
+            const problem = findChild(chooser.contentItem, "appProblem");
+            tryCompare(problem, "text", "notes.txt is not the desktop file of an application that can be started.");
+            verify(problem.visible && chooser.opened);
+            compare(tarvik.allowed(), []);
+            desktop.chooseFile("/srv/org.tool.desktop");
+            mouseClick(other);
+            tryCompare(chooser, "visible", false);
+            tryVerify(() => tarvik.settings.allowlist.length === 1);
+            compare(tarvik.settings.allowlist, [{bundleID: "org.tool", name: "ORG.TOOL"}]);
+        }
+
+        function test_withoutFilesToChooseThereIsNoWayToOtherApps() {
+            desktop.offerFiles(false);
+            const chooser = openChooser();
+            tryVerify(() => !tarvik.applications.canBrowse);
+            verify(!findChild(chooser.contentItem, "appBrowse").visible);
+            keyClick(Qt.Key_Escape);
             tryCompare(chooser, "visible", false);
         }
 

@@ -18,10 +18,14 @@ Item {
     ShownTexts {
         id: shownTexts
     }
+    Window {
+        id: other
+    }
     SettingsWindow {
         id: window
 
         agentCount: 29
+        applications: tarvik.applications
         appearance: desktop.appearance
         hooks: tarvik.hooks
         journal: tarvik.journal
@@ -29,8 +33,6 @@ Item {
         status: tarvik.status
         settings: tarvik.settings
         updater: tarvik.updater
-
-        onApplicationsWanted: applications = [{bundleID: "org.blender", name: "Blender"}, {bundleID: "org.long", name: test.longName}]
 
         TestCase {
             id: test
@@ -41,6 +43,7 @@ Item {
             readonly property bool isReversed: Qt.application.layoutDirection === Qt.RightToLeft
             readonly property string longName: "An application whose name is longer than anybody would have thought of"
             readonly property var tabs: ["General", "Triggers", "Power", "Journal", "Updates"]
+            readonly property var hookControls: [].concat(...["claude", "codex", "gemini", "qwen", "droid", "copilot"].map(id => [`${id}Docs`, id]))
             readonly property Item view: window.contentItem.children[0]
             readonly property Item strip: findChild(view, "tabs")
             readonly property Item page: view.currentPage
@@ -60,6 +63,8 @@ Item {
                 desktop.isAnimated = false;
                 tarvik.restart();
                 tarvik.allow(["Blender", longName]);
+                tarvik.installApplications({"org.blender": "Blender", "org.long": longName});
+                desktop.offerFiles(true);
                 tarvik.set("batteryLimitEnabled", true);
                 tarvik.offerUpdates();
                 tarvik.setClock(new Date(2025, 11, 31, 17, 0));
@@ -164,7 +169,7 @@ Item {
                 const rows = [];
                 for (const textScale of [1, 2]) {
                     rows.push({tab: "General", controls: ["keepDisplayAwake", "launchAtLogin", "clamshellEnabled", "screenOffOnLidClose", "helperButton", "notifyOnToggle", "notifyOnPause"]});
-                    rows.push({tab: "Triggers", controls: ["watchAgents", "claude", "codex", "gemini", "qwen", "droid", "copilot", "watchEditors", "remove", "remove", "addApp"]});
+                    rows.push({tab: "Triggers", controls: ["watchAgents", ...hookControls, "watchEditors", "remove", "remove", "addApp"]});
                     rows.push({tab: "Power", controls: ["requireAC", "batteryLimitEnabled", "batteryThreshold", "enableOnAC", "pauseWhenHot"]});
                     rows.push({tab: "Journal", controls: ["entries", "copy", "clear"]});
                     rows.push({tab: "Updates", controls: ["automaticallyChecks", "automaticallyDownloads", "check"]});
@@ -215,9 +220,25 @@ Item {
                 page.contentY = row.mapToItem(page.contentItem, 0, row.height).y - page.height;
                 draw();
                 press(Qt.Key_Space);
-                tryVerify(() => row.caption);
+                tryVerify(() => row.isCaptionAlarming);
                 draw();
                 verify(row.mapToItem(page, 0, row.height).y <= page.height);
+            }
+
+            function test_theFilesAreAskedAgainWhenTheWindowIsActivated() {
+                tarvik.editHooks(["qwen"]);
+                open("Triggers");
+                tryVerify(() => findChild(find("qwen"), "toggle").checked);
+                // Not with the test's own window, which is active together with any of its own.
+                window.transientParent = null;
+                other.show();
+                other.requestActivate();
+                tryVerify(() => !window.active);
+                tarvik.editHooks([]);
+                window.requestActivate();
+                tryVerify(() => !findChild(find("qwen"), "toggle").checked);
+                window.transientParent = other.transientParent;
+                other.close();
             }
 
             function test_theFocusGoesOnFromARemovedApp() {
@@ -240,7 +261,8 @@ Item {
                 const chooser = find("appChooser");
                 tryCompare(chooser, "opened", true);
                 verify(findChild(chooser.contentItem, "appSearch").activeFocus);
-                press(Qt.Key_Tab, 2);
+                tryCompare(findChild(chooser.contentItem, "appBrowse"), "visible", true);
+                press(Qt.Key_Tab, 3);
                 verify(findChild(chooser.contentItem, "appSearch").activeFocus);
                 press(Qt.Key_Escape);
                 tryCompare(chooser, "visible", false);
@@ -337,8 +359,8 @@ Item {
                 const chooser = find("appChooser");
                 tryCompare(chooser, "opened", true);
                 const list = findChild(chooser.contentItem, "appList");
-                tryVerify(() => list.itemAtIndex(1));
-                const [name] = shownTexts.below(list.itemAtIndex(1));
+                tryVerify(() => list.itemAtIndex(0));
+                const [name] = shownTexts.below(list.itemAtIndex(0));
                 compare(name.text, longName);
                 compare(shownTexts.flaw(name, list), "");
                 chooser.close();
@@ -360,10 +382,10 @@ Item {
                 tryCompare(chooser, "opened", true);
                 const cancel = shownTexts.below(chooser.contentItem).find(text => text.text === "Cancel");
                 compare(cancel.mapToItem(chooser.contentItem, 0, 0).x < chooser.contentItem.width / 2, isReversed);
-                const others = shownTexts.below(chooser.contentItem).filter(text => text !== cancel);
+                const others = shownTexts.below(chooser.contentItem).filter(text => !["Cancel", "Other…"].includes(text.text));
                 compare(others.map(text => text.text).slice(0, 2), ["Add App", "Search"]);
                 const search = findChild(chooser.contentItem, "appSearch");
-                compare(others[1].width, search.width - 2 * search.leftPadding);
+                compare(others[1].width, search.width - 2 * (search.leftPadding + 3));
                 for (const text of [...others, search])
                     compare(text.effectiveHorizontalAlignment, start, text.text);
                 chooser.close();

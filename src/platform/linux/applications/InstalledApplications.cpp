@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/applications/InstalledApplications.h"
 
-#include <QCollator>
+#include "base/Releaser.h"
 
-#include <gio/gio.h>
+#include <QFile>
+#include <QFileInfo>
 
-#include <algorithm>
+#include <gio/gdesktopappinfo.h>
 
 using namespace Qt::StringLiterals;
 
@@ -15,30 +16,51 @@ namespace Tarvik {
 namespace {
 
 constexpr auto suffix = ".desktop"_L1;
+/// Desktop files take some kilobytes, with all their translations.
+constexpr qint64 maximumBytes = qint64{1024} * 1024;
+
+using Text = Owned<char, g_free>;
+using DesktopFile = Owned<GDesktopAppInfo, g_object_unref>;
+
+/// Nothing for one without an id.
+std::optional<InstalledApplication> describe(GDesktopAppInfo* desktopFile)
+{
+    GAppInfo* info = G_APP_INFO(desktopFile);
+    QString id = QString::fromUtf8(g_app_info_get_id(info));
+    if (!id.endsWith(suffix) || id.size() == suffix.size())
+        return {};
+    id.chop(suffix.size());
+    const Text icon(g_desktop_app_info_get_string(desktopFile, G_KEY_FILE_DESKTOP_KEY_ICON));
+    return InstalledApplication{.bundleID = id,
+        .name = QString::fromUtf8(g_app_info_get_display_name(info)).remove(u".app"_s),
+        .icon = QString::fromUtf8(icon.get())};
+}
 
 } // namespace
 
-QList<AllowlistedApp> installedApplications()
+QList<InstalledApplication> installedApplications()
 {
-    QList<AllowlistedApp> applications;
+    QList<InstalledApplication> applications;
     GList* all = g_app_info_get_all();
     for (const GList* entry = all; entry != nullptr; entry = entry->next) {
-        auto* info = static_cast<GAppInfo*>(entry->data);
-        QString id = QString::fromUtf8(g_app_info_get_id(info));
-        if (!id.endsWith(suffix) || g_app_info_should_show(info) == FALSE)
+        if (g_app_info_should_show(static_cast<GAppInfo*>(entry->data)) == FALSE)
             continue;
-        id.chop(suffix.size());
-        applications.append(
-            {.bundleID = id, .name = QString::fromUtf8(g_app_info_get_display_name(info)).remove(u".app"_s)});
+        if (auto application = describe(G_DESKTOP_APP_INFO(entry->data)))
+            applications.append(*std::move(application));
     }
     g_list_free_full(all, g_object_unref);
-
-    // Folded, because the collation of the C locale knows case only.
-    const QCollator collator;
-    std::ranges::sort(applications, [&](const AllowlistedApp& left, const AllowlistedApp& right) {
-        return collator.compare(left.name.toCaseFolded(), right.name.toCaseFolded()) < 0;
-    });
     return applications;
+}
+
+std::optional<InstalledApplication> applicationOfFile(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!path.endsWith(suffix) || !file.isFile() || file.size() > maximumBytes)
+        return {};
+    const DesktopFile info(g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
+    if (info == nullptr || g_desktop_app_info_get_is_hidden(info.get()) != FALSE)
+        return {};
+    return describe(info.get());
 }
 
 } // namespace Tarvik
