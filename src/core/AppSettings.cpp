@@ -14,11 +14,6 @@ namespace Tarvik {
 
 namespace {
 
-bool readFlag(const SettingsStore& store, const QString& key, bool fallback)
-{
-    return store.boolean(key).value_or(fallback);
-}
-
 int readThreshold(const SettingsStore& store)
 {
     constexpr int fallback = 20;
@@ -55,21 +50,41 @@ QList<AllowlistedApp> readAllowlist(const SettingsStore& store)
 
 AppSettings::AppSettings(SettingsStore& store)
     : m_store(store)
-    , m_keepDisplayAwake(readFlag(store, u"keepDisplayAwake"_s, false))
-    , m_isEnabled(readIsEnabled(store))
-    , m_allowlist(readAllowlist(store))
-    , m_watchAgents(readFlag(store, u"watchAgents"_s, true))
-    , m_watchEditors(readFlag(store, u"watchEditors"_s, false))
-    , m_requireAC(readFlag(store, u"requireAC"_s, false))
-    , m_batteryLimitEnabled(readFlag(store, u"batteryLimitEnabled"_s, false))
-    , m_batteryThreshold(readThreshold(store))
-    , m_pauseWhenHot(readFlag(store, u"pauseWhenHot"_s, true))
-    , m_enableOnAC(readFlag(store, u"enableOnAC"_s, true))
-    , m_clamshellEnabled(readClamshellEnabled(store))
-    , m_screenOffOnLidClose(readFlag(store, u"screenOffOnLidClose"_s, true))
-    , m_notifyOnToggle(readFlag(store, u"notifyOnToggle"_s, false))
-    , m_notifyOnPause(readFlag(store, u"notifyOnPause"_s, true))
+    , m_storeChanges(store.changed.subscribe([this] {
+        for (const Notify notify : readStore())
+            publish(notify);
+    }))
 {
+    readStore();
+}
+
+std::vector<AppSettings::Notify> AppSettings::readStore()
+{
+    std::vector<Notify> news;
+    const auto take = [&news](auto& field, const auto& stored, Notify notify) {
+        if (field == stored)
+            return;
+        field = stored;
+        news.push_back(notify);
+    };
+    const auto takeFlag = [&](bool& field, const QString& key, bool fallback, Notify notify) {
+        take(field, m_store.boolean(key).value_or(fallback), notify);
+    };
+    takeFlag(m_keepDisplayAwake, u"keepDisplayAwake"_s, false, &AppSettings::keepDisplayAwakeChanged);
+    take(m_isEnabled, readIsEnabled(m_store), &AppSettings::isEnabledChanged);
+    take(m_allowlist, readAllowlist(m_store), &AppSettings::allowlistChanged);
+    takeFlag(m_watchAgents, u"watchAgents"_s, true, &AppSettings::watchAgentsChanged);
+    takeFlag(m_watchEditors, u"watchEditors"_s, false, &AppSettings::watchEditorsChanged);
+    takeFlag(m_requireAC, u"requireAC"_s, false, &AppSettings::requireACChanged);
+    takeFlag(m_batteryLimitEnabled, u"batteryLimitEnabled"_s, false, &AppSettings::batteryLimitEnabledChanged);
+    take(m_batteryThreshold, readThreshold(m_store), &AppSettings::batteryThresholdChanged);
+    takeFlag(m_pauseWhenHot, u"pauseWhenHot"_s, true, &AppSettings::pauseWhenHotChanged);
+    takeFlag(m_enableOnAC, u"enableOnAC"_s, true, &AppSettings::enableOnACChanged);
+    take(m_clamshellEnabled, readClamshellEnabled(m_store), &AppSettings::clamshellEnabledChanged);
+    takeFlag(m_screenOffOnLidClose, u"screenOffOnLidClose"_s, true, &AppSettings::screenOffOnLidCloseChanged);
+    takeFlag(m_notifyOnToggle, u"notifyOnToggle"_s, false, &AppSettings::notifyOnToggleChanged);
+    takeFlag(m_notifyOnPause, u"notifyOnPause"_s, true, &AppSettings::notifyOnPauseChanged);
+    return news;
 }
 
 void AppSettings::publish(Notify notify)

@@ -2,17 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
 #include "core/AgentPreset.h"
 #include "core/AllowlistedApp.h"
 
 #include <QObject>
+
+#include <vector>
 
 namespace Tarvik {
 
 class SettingsStore;
 
 /// Every preference of the user. Each setter stores the value at once under the field's own name, also when it is the
-/// one held already, and then notifies.
+/// one held already, and then notifies. What somebody else stores is taken over.
 class AppSettings : public QObject {
     Q_OBJECT
     // clang-format off
@@ -126,22 +129,26 @@ private:
     void publish(Notify notify);
     void updateFlag(bool& field, bool value, const QString& key, Notify notify);
 
+    /// Takes over what is stored and returns the signals of the fields that this has changed.
+    std::vector<Notify> readStore();
+
     SettingsStore& m_store;
+    Subscription m_storeChanges;
     bool m_keepDisplayAwake = false;
     bool m_launchAtLogin = false;
-    bool m_isEnabled = true;
+    bool m_isEnabled = false;
     QList<AllowlistedApp> m_allowlist;
-    bool m_watchAgents = true;
+    bool m_watchAgents = false;
     bool m_watchEditors = false;
     bool m_requireAC = false;
     bool m_batteryLimitEnabled = false;
-    int m_batteryThreshold = 20;
-    bool m_pauseWhenHot = true;
-    bool m_enableOnAC = true;
-    bool m_clamshellEnabled = true;
-    bool m_screenOffOnLidClose = true;
+    int m_batteryThreshold = 0;
+    bool m_pauseWhenHot = false;
+    bool m_enableOnAC = false;
+    bool m_clamshellEnabled = false;
+    bool m_screenOffOnLidClose = false;
     bool m_notifyOnToggle = false;
-    bool m_notifyOnPause = true;
+    bool m_notifyOnPause = false;
 };
 
 } // namespace Tarvik

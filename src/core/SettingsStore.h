@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -28,6 +30,9 @@ public:
     virtual void setInteger(const QString& key, qint64 value) = 0;
     virtual void setString(const QString& key, const QString& value) = 0;
     virtual void setData(const QString& key, const QByteArray& value) = 0;
+
+    /// Somebody else has changed what is stored.
+    Signal<void()> changed;
 };
 
 } // namespace Tarvik

@@ -34,6 +34,7 @@ AwakeCoordinator::AwakeCoordinator(const Parts& parts, const Services& services,
     , m_transitions(parts.settings, parts.journal, m_notifications)
 {
     mirrorLaunchAtLogin(services.loginItem, m_parts.settings);
+    m_loginItemChanges = followLaunchAtLogin(services.loginItem, m_parts.settings);
     listen();
     m_lockHotKey.emplace(
         services.hotKeys,

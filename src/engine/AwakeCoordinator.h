@@ -149,6 +149,7 @@ private:
     Notifications m_notifications;
     TransitionRecorder m_transitions;
     Subscription m_failures;
+    Subscription m_loginItemChanges;
 
     Status m_status;
     std::optional<TimePoint> m_timedSessionEnd;

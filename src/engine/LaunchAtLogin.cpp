@@ -13,6 +13,14 @@ void mirrorLaunchAtLogin(const LoginItem& item, AppSettings& settings)
     settings.setLaunchAtLogin(item.isEnabled());
 }
 
+Subscription followLaunchAtLogin(LoginItem& item, AppSettings& settings)
+{
+    return item.changed.subscribe([&item, &settings] {
+        if (item.isEnabled() != settings.launchAtLogin())
+            mirrorLaunchAtLogin(item, settings);
+    });
+}
+
 void changeLaunchAtLogin(LoginItem& item, AppSettings& settings, bool on)
 {
     if (const auto error = on ? item.registerItem() : item.unregisterItem())

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/Signal.h"
+
 #include <QString>
 
 #include <optional>
@@ -19,6 +21,9 @@ public:
 
     /// What the desktop will really do at the next login; read anew at every call.
     virtual bool isEnabled() const = 0;
+
+    /// `isEnabled()` may have changed, by whomever.
+    Signal<void()> changed;
 };
 
 } // namespace Tarvik

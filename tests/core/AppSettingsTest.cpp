@@ -39,6 +39,59 @@ private Q_SLOTS:
         QVERIFY2(store.writes.isEmpty(), "reading writes nothing back");
     }
 
+    void whatSomebodyElseStoresIsTakenOverAndTold()
+    {
+        FakeSettingsStore store;
+        AppSettings settings(store);
+        QSignalSpy all(&settings, &AppSettings::changed);
+        QSignalSpy threshold(&settings, &AppSettings::batteryThresholdChanged);
+        // Every field is up to date when the first signal comes.
+        connect(&settings, &AppSettings::isEnabledChanged, &settings, [&] {
+            QCOMPARE(settings.batteryThreshold(), 45);
+            QVERIFY(settings.requireAC());
+        });
+        QMap<QString, QVariant> values;
+        for (const QString& key :
+            {u"keepDisplayAwake"_s, u"watchEditors"_s, u"requireAC"_s, u"batteryLimitEnabled"_s, u"notifyOnToggle"_s})
+            values[key] = true;
+        for (const QString& key : {u"isEnabled"_s,
+                 u"watchAgents"_s,
+                 u"pauseWhenHot"_s,
+                 u"enableOnAC"_s,
+                 u"clamshellEnabled"_s,
+                 u"screenOffOnLidClose"_s,
+                 u"notifyOnPause"_s})
+            values[key] = false;
+        values[u"batteryThreshold"_s] = qint64{45};
+        values[u"allowlist"_s] = encodeAllowlist({{u"org.blender"_s, u"Blender"_s}});
+        store.replace(values);
+        for (auto it = values.cbegin(); it != values.cend(); ++it) {
+            if (it->metaType() == QMetaType::fromType<bool>())
+                QCOMPARE(settings.property(it.key().toLatin1().constData()), *it);
+        }
+        QCOMPARE(settings.batteryThreshold(), 45);
+        QCOMPARE(settings.allowlist(), (QList<AllowlistedApp>{{u"org.blender"_s, u"Blender"_s}}));
+        QCOMPARE(all.size(), values.size());
+        QCOMPARE(threshold.size(), 1);
+        QVERIFY2(store.writes.isEmpty(), "nothing is written back");
+    }
+
+    void whatSomebodyElseStoresAndIsTheSameIsNotTold()
+    {
+        FakeSettingsStore store;
+        AppSettings settings(store);
+        settings.setRequireAC(true);
+        settings.setLaunchAtLogin(true);
+        QSignalSpy all(&settings, &AppSettings::changed);
+        store.replace(store.values);
+        QCOMPARE(all.size(), 0);
+        QVERIFY(settings.launchAtLogin());
+        // What is gone has its default again.
+        store.replace({{u"clamshellOnboardingComplete"_s, true}});
+        QVERIFY(!settings.requireAC() && !settings.clamshellEnabled());
+        QCOMPARE(all.size(), 2);
+    }
+
     void anOlderModeOfOffYieldsSwitchedOffAndNoLidClosedMode()
     {
         FakeSettingsStore store;

@@ -91,6 +91,15 @@ private Q_SLOTS:
         QVERIFY(m->settings->launchAtLogin());
     }
 
+    void theLoginItemIsFollowed()
+    {
+        m->start();
+        m->loginItem.enable(true);
+        QVERIFY(m->settings->launchAtLogin());
+        m->loginItem.enable(false);
+        QVERIFY(!m->settings->launchAtLogin());
+    }
+
     void whatTheLoginItemSaysIsNoChangeOfASetting()
     {
         m->loginItem.enabled = true;

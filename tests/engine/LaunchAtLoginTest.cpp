@@ -7,6 +7,8 @@
 #include "fakes/FakeSettingsStore.h"
 #include "support/TestSupport.h"
 
+#include <QSignalSpy>
+
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 
@@ -25,6 +27,21 @@ private Q_SLOTS:
         QVERIFY(item.enabled && settings.launchAtLogin());
         changeLaunchAtLogin(item, settings, false);
         QVERIFY(!item.enabled && !settings.launchAtLogin());
+    }
+
+    void aChangeBySomebodyElseIsShown()
+    {
+        FakeLoginItem item;
+        FakeSettingsStore store;
+        AppSettings settings(store);
+        const Subscription following = followLaunchAtLogin(item, settings);
+        QSignalSpy changed(&settings, &AppSettings::changed);
+        item.enable(true);
+        QVERIFY(settings.launchAtLogin());
+        item.enable(true);
+        QCOMPARE(changed.size(), 1);
+        item.enable(false);
+        QVERIFY(!settings.launchAtLogin());
     }
 
     void aFailureIsLoggedAndTheSettingShowsTheRealState()

@@ -13,6 +13,13 @@ public:
     std::optional<QString> unregisterItem() override { return change(false); }
     bool isEnabled() const override { return enabled; }
 
+    /// Somebody else does.
+    void enable(bool on)
+    {
+        enabled = on;
+        changed();
+    }
+
     bool enabled = false;
     std::optional<QString> error;
 

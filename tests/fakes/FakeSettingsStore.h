@@ -23,6 +23,13 @@ public:
     void setString(const QString& key, const QString& newValue) override { set(key, newValue); }
     void setData(const QString& key, const QByteArray& newValue) override { set(key, newValue); }
 
+    /// All that is stored from now on, by somebody else.
+    void replace(const QMap<QString, QVariant>& others)
+    {
+        values = others;
+        changed();
+    }
+
     QMap<QString, QVariant> values;
     QStringList writes;
 

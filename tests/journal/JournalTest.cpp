@@ -22,7 +22,8 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_store = {};
+        m_store.values.clear();
+        m_store.writes.clear();
         m_clock.emplace();
     }
 

@@ -255,6 +255,80 @@ class SettingsTest(TarvikTestCase):
         self.assertIn("cannot be written: No space left on device", tarvik.log())
 
 
+class OtherProgramsChangesTest(TarvikTestCase):
+    """Somebody else writes to the files that belong to Tarvik: an editor, a dotfile manager."""
+
+    @staticmethod
+    def call(*words):
+        return subprocess.run(["busctl", "--user", "--json=short", *words], check=True, capture_output=True, text=True).stdout
+
+    def setting(self, name):
+        return json.loads(self.call("get-property", "com.morvanta.Tarvik", "/com/morvanta/Tarvik", "com.morvanta.Tarvik.Settings1", name))["data"]
+
+    def set(self, name, kind, value):
+        self.call("set-property", "com.morvanta.Tarvik", "/com/morvanta/Tarvik", "com.morvanta.Tarvik.Settings1", name, kind, value)
+
+    def test_edited_settings_take_effect_within_a_second_and_stay(self):
+        dotfiles = self.config / "dotfiles"
+        dotfiles.mkdir()
+        new = dotfiles / "new.json"
+
+        def in_place(text):
+            self.settings_file.write_text(text, encoding="utf-8")
+
+        def replaced(text):
+            new.write_text(text, encoding="utf-8")
+            new.rename(self.settings_file)
+
+        def linked(text):
+            target = dotfiles / f"{len(list(dotfiles.iterdir()))}.json"
+            target.write_text(text, encoding="utf-8")
+            new.symlink_to(target)
+            new.rename(self.settings_file)
+
+        self.programs.start("claude")
+        tarvik = self.start_tarvik()
+        eventually(is_held, "held")
+        self.wait_for_journal("on: Awake · 1 agent")
+        for threshold, edit in enumerate((in_place, replaced, linked, in_place), 30):
+            for on in False, True:
+                with self.subTest(edit=edit.__name__, on=on):
+                    edit(json.dumps({**self.read_settings(), "isEnabled": on, "batteryThreshold": threshold}))
+                    eventually(lambda: self.setting("isEnabled") is on, "it is shown", 1)
+                    eventually(is_held if on else is_not_held, "it takes effect", 1)
+            # What Tarvik writes itself leaves the rest as it is.
+            self.set("requireAC", "b", "false")
+            self.assertEqual((self.setting("batteryThreshold"), self.read_settings()["batteryThreshold"]), (threshold, threshold))
+        self.assertTrue(self.settings_file.is_symlink())
+        self.assertEqual(tarvik.log(), "")
+
+    def test_half_a_file_is_neither_taken_nor_destroyed(self):
+        self.programs.start("claude")
+        tarvik = self.start_tarvik()
+        eventually(is_held, "held")
+        self.wait_for_journal("on: Awake · 1 agent")
+        text = json.dumps({**self.read_settings(), "isEnabled": False})
+        self.settings_file.write_text(text[:-20], encoding="utf-8")
+        eventually(lambda: "the settings stay as they are" in tarvik.log(), "it is reported")
+        self.assertTrue(self.setting("isEnabled"))
+        self.assertEqual(self.settings_file.read_text(encoding="utf-8"), text[:-20])
+        self.settings_file.write_text(text, encoding="utf-8")
+        eventually(is_not_held, "the whole is taken", 1)
+
+    def test_the_login_item_is_shown_as_it_is(self):
+        self.start_tarvik()
+        entry = self.config / "autostart" / "com.morvanta.Tarvik.desktop"
+        self.set("launchAtLogin", "b", "true")
+        self.assertTrue(self.setting("launchAtLogin"))
+        text = entry.read_text(encoding="utf-8")
+        entry.unlink()
+        eventually(lambda: not self.setting("launchAtLogin"), "it is gone", 1)
+        entry.write_text(text, encoding="utf-8")
+        eventually(lambda: self.setting("launchAtLogin"), "it is back", 1)
+        entry.write_text(text + "Hidden=true\n", encoding="utf-8")
+        eventually(lambda: not self.setting("launchAtLogin"), "it is switched off", 1)
+
+
 class LoggingTest(TarvikTestCase):
     def test_names_that_others_gave_neither_forge_a_line_nor_steer_a_terminal(self):
         config = self.config / "\x1b[2J\nTarvik [settings] all is well\u202e"

@@ -35,7 +35,8 @@ private Q_SLOTS:
         TARVIK_FAIL_ON_WARNINGS();
         m_updater.reset();
         m_clock.emplace();
-        m_store = {};
+        m_store.values.clear();
+        m_store.writes.clear();
         m_driver.emplace();
     }
 

@@ -18,6 +18,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +42,38 @@ void removeUnfinishedFiles(const QString& directory)
         QFile::remove(directory + u'/' + name);
 }
 
+/// What a file says.
+struct Content {
+    /// Nothing when there is no file.
+    std::optional<QJsonObject> values = {};
+    /// Why it cannot be read; empty when it can.
+    QString error = {};
+    bool isEmpty = false;
+};
+
+Content readContent(const QString& path)
+{
+    // A named pipe must not make us wait for its other end.
+    const FileDescriptor descriptor(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!descriptor.isValid())
+        return errno == ENOENT ? Content{} : Content{.error = systemError()};
+    struct stat status = {};
+    if (fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {.error = u"not a regular file"_s};
+    if (status.st_size > maximumBytes)
+        return {.error = u"too large"_s};
+    QFile file;
+    if (!file.open(descriptor.get(), QIODevice::ReadOnly))
+        return {.error = file.errorString()};
+    const QByteArray bytes = file.readAll();
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (document.isObject())
+        return {.values = document.object()};
+    return {.error = error.error == QJsonParseError::NoError ? u"not a JSON object"_s : error.errorString(),
+        .isEmpty = bytes.isEmpty()};
+}
+
 QString unusedName(const QString& path)
 {
     const QString stamp = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd'T'HHmmss"_s);
@@ -60,6 +93,7 @@ JsonFileSettingsStore::JsonFileSettingsStore(const QString& path)
     QDir().mkdir(directory, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (lock()) {
         removeUnfinishedFiles(directory);
+        m_watch.emplace(QStringList{m_path}, [this] { follow(); });
     } else {
         m_mayWrite = false;
         qCWarning(
@@ -90,26 +124,32 @@ std::optional<JsonFileSettingsStore::Version> JsonFileSettingsStore::currentVers
 void JsonFileSettingsStore::load()
 {
     m_version = currentVersion();
-    // A named pipe must not make us wait for its other end.
-    const FileDescriptor descriptor(open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!descriptor.isValid()) {
-        if (errno != ENOENT)
-            setAside(systemError());
+    const Content content = readContent(m_path);
+    if (!content.error.isEmpty())
+        setAside(content.error);
+    else if (content.values)
+        m_values = *content.values;
+}
+
+void JsonFileSettingsStore::follow()
+{
+    const auto version = currentVersion();
+    if (!version || version == m_version)
         return;
+    const Content content = readContent(m_path);
+    // A file that is about to be written anew is empty first.
+    if (!content.error.isEmpty() && !content.isEmpty) {
+        qCWarning(logSettings,
+            "%s cannot be read (%s); the settings stay as they are",
+            qUtf8Printable(m_path),
+            qUtf8Printable(content.error));
     }
-    struct stat status = {};
-    if (fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode))
-        return setAside(u"not a regular file"_s);
-    if (status.st_size > maximumBytes)
-        return setAside(u"too large"_s);
-    QFile file;
-    if (!file.open(descriptor.get(), QIODevice::ReadOnly))
-        return setAside(file.errorString());
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (!document.isObject())
-        return setAside(error.error == QJsonParseError::NoError ? u"not a JSON object"_s : error.errorString());
-    m_values = document.object();
+    if (!content.values)
+        return;
+    m_version = version;
+    m_mayWrite = true;
+    if (std::exchange(m_values, *content.values) != *content.values)
+        changed();
 }
 
 void JsonFileSettingsStore::setAside(const QString& why)
@@ -191,11 +231,15 @@ void JsonFileSettingsStore::set(const QString& key, const QJsonValue& value)
 {
     // Somebody edited the file by hand: what they wrote is kept, except for this key.
     const auto version = currentVersion();
+    const QJsonObject known = m_values;
     if (m_mayWrite && version && version != m_version)
         load();
+    const bool isEdited = m_values != known;
     m_values[key] = value;
     if (m_mayWrite)
         write();
+    if (isEdited)
+        changed();
 }
 
 void JsonFileSettingsStore::write()

@@ -4,21 +4,24 @@
 
 #include "base/FileDescriptor.h"
 #include "core/SettingsStore.h"
+#include "platform/linux/kernel/FileWatch.h"
 
 #include <QJsonObject>
 
 #include <compare>
+#include <optional>
 
 namespace Tarvik {
 
 /// Settings in one JSON file: an object whose members are booleans, numbers, strings and, for data values,
-/// {"data": "<base64>"}. Every change is on the disk before the setter returns; a file that was edited meanwhile keeps
-/// the edit. What cannot be read is renamed and reported, never overwritten; what cannot be written stays in memory and
-/// is tried again with the next change.
+/// {"data": "<base64>"}. Every change is on the disk before the setter returns; what cannot be written stays in memory
+/// and is tried again with the next change. A file that somebody else edits or replaces is taken over at once. One that
+/// cannot be read then may still be being written and is left alone, and one that is removed is not missed, until there
+/// is something to store: what cannot be read even then is renamed and reported, never overwritten.
 class JsonFileSettingsStore final : public SettingsStore {
 public:
-    /// The file and its directory need not exist. Of two stores on one file the second changes memory only; see
-    /// flock(2).
+    /// The file and its directory need not exist. Of two stores on one file the second changes memory only, and does
+    /// not follow the file; see flock(2).
     explicit JsonFileSettingsStore(const QString& path);
 
     bool contains(const QString& key) const override;
@@ -46,6 +49,7 @@ private:
     std::optional<Version> currentVersion() const;
     bool lock();
     void load();
+    void follow();
     void setAside(const QString& why);
     void set(const QString& key, const QJsonValue& value);
     void write();
@@ -56,6 +60,8 @@ private:
     std::optional<Version> m_version;
     bool m_mayWrite = true;
     QString m_lastError;
+    /// None in the second of two stores.
+    std::optional<FileWatch> m_watch;
 };
 
 } // namespace Tarvik

@@ -16,6 +16,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
+
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 
@@ -230,6 +232,160 @@ private Q_SLOTS:
         QCOMPARE(readObject(), QJsonDocument::fromJson(R"({"isEnabled": false, "batteryThreshold": 50})").object());
     }
 
+    void whatSomebodyElseWritesIsTakenOverAtOnce_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char* how : {"in place", "renamed", "removed first", "linked", "directory replaced"})
+            QTest::newRow(how) << QString::fromLatin1(how);
+    }
+
+    void whatSomebodyElseWritesIsTakenOverAtOnce()
+    {
+        QFETCH(QString, how);
+        writeFile(R"({"isEnabled": true, "mine": 1})");
+        JsonFileSettingsStore store(path());
+        store.setInteger(u"batteryThreshold"_s, 30);
+        follow(store);
+        const QByteArray edited = R"({"isEnabled": false})";
+        if (how == u"in place"_s) {
+            writeFile(edited);
+        } else if (how == u"directory replaced"_s) {
+            QVERIFY(QDir().rename(directory(), directory() + u"-before"_s));
+            writeFile(edited);
+        } else {
+            QFile other(m_directory->filePath(u"dotfiles.json"_s));
+            QVERIFY(other.open(QIODevice::WriteOnly) && other.write(edited) == edited.size());
+            other.close();
+            if (how == u"removed first"_s) {
+                QVERIFY(QFile::remove(path()));
+                QCoreApplication::processEvents();
+                QCOMPARE(m_news, 0);
+            }
+            if (how == u"linked"_s) {
+                QVERIFY(QFile::link(other.fileName(), path() + u".new"_s));
+                QCOMPARE(std::rename(
+                             QFile::encodeName(path() + u".new"_s).constData(), QFile::encodeName(path()).constData()),
+                    0);
+            } else {
+                QCOMPARE(
+                    std::rename(QFile::encodeName(other.fileName()).constData(), QFile::encodeName(path()).constData()),
+                    0);
+            }
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 1);
+        QCOMPARE(store.boolean(u"isEnabled"_s), false);
+        QVERIFY(!store.contains(u"batteryThreshold"_s));
+        store.setBoolean(u"requireAC"_s, true);
+        QCOMPARE(readObject(), QJsonDocument::fromJson(R"({"isEnabled": false, "requireAC": true})").object());
+    }
+
+    void itsOwnWritesAreNoNews()
+    {
+        JsonFileSettingsStore store(path());
+        follow(store);
+        for (int number = 0; number < 3; ++number) {
+            store.setInteger(u"batteryThreshold"_s, number);
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(m_news, 0);
+        const QByteArray bytes = QJsonDocument(readObject()).toJson();
+        writeFile(bytes);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 0);
+    }
+
+    void whatTheNextChangeFindsEditedIsNewsToo()
+    {
+        JsonFileSettingsStore store(path());
+        store.setBoolean(u"isEnabled"_s, true);
+        follow(store);
+        writeFile(R"({"isEnabled": false, "requireAC": true})");
+        store.setBoolean(u"isEnabled"_s, true);
+        QCOMPARE(m_news, 1);
+        QCOMPARE(store.boolean(u"requireAC"_s), true);
+        QCOMPARE(store.boolean(u"isEnabled"_s), true);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 1);
+    }
+
+    void aFileThatSomebodyBreaksIsLeftAloneUntilItIsMended()
+    {
+        JsonFileSettingsStore store(path());
+        store.setBoolean(u"isEnabled"_s, false);
+        follow(store);
+        writeFile(R"({"isEnabled": tr)");
+        expectLog(QtWarningMsg, u"settings\\.json cannot be read \\(.+\\); the settings stay as they are$"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 0);
+        QCOMPARE(store.boolean(u"isEnabled"_s), false);
+        QVERIFY(namesLike(u"settings.json.unreadable-*"_s).isEmpty());
+        writeFile(R"({"isEnabled": true})");
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 1);
+        QCOMPARE(store.boolean(u"isEnabled"_s), true);
+    }
+
+    void aFileThatIsEmptyBeforeItIsWrittenIsNotReported()
+    {
+        JsonFileSettingsStore store(path());
+        store.setBoolean(u"isEnabled"_s, false);
+        follow(store);
+        writeFile({});
+        QCoreApplication::processEvents();
+        QCOMPARE(store.boolean(u"isEnabled"_s), false);
+        writeFile(R"({"isEnabled": true})");
+        QCoreApplication::processEvents();
+        QCOMPARE(store.boolean(u"isEnabled"_s), true);
+    }
+
+    void aFileThatCouldNotBeSetAsideIsUsedAgainWhenItIsMended()
+    {
+        QVERIFY(QDir().mkpath(m_directory->filePath(u"elsewhere"_s)));
+        const QString elsewhere = m_directory->filePath(u"elsewhere/dotfiles.json"_s);
+        QFile file(elsewhere);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("rubbish") == 7);
+        file.close();
+        QVERIFY(QDir().mkpath(directory()));
+        QVERIFY(QFile::link(elsewhere, path()));
+        for (const QString& each : {m_directory->path(), directory(), m_directory->filePath(u"config"_s), elsewhere})
+            QVERIFY(QFile::setPermissions(each, QFile::Permissions(0x7777)));
+        QVERIFY(QFile::setPermissions(m_directory->filePath(u"elsewhere"_s), QFile::Permissions(0x5555)));
+        const OrdinaryUser user;
+        expectLog(QtWarningMsg, u"and is left as it is; changes are kept in memory only$"_s);
+        JsonFileSettingsStore store(path());
+        follow(store);
+        writeFile(R"({"isEnabled": false})");
+        QCoreApplication::processEvents();
+        QCOMPARE(store.boolean(u"isEnabled"_s), false);
+    }
+
+    void aFileThatIsRemovedChangesNothing()
+    {
+        JsonFileSettingsStore store(path());
+        store.setBoolean(u"isEnabled"_s, false);
+        follow(store);
+        QVERIFY(QFile::remove(path()));
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 0);
+        QCOMPARE(store.boolean(u"isEnabled"_s), false);
+    }
+
+    void aSecondStoreDoesNotFollow()
+    {
+        JsonFileSettingsStore first(path());
+        first.setBoolean(u"isEnabled"_s, false);
+        expectLog(QtWarningMsg, u"is in use by another Tarvik; changes are kept in memory only$"_s);
+        JsonFileSettingsStore second(path());
+        second.setBoolean(u"requireAC"_s, true);
+        follow(second);
+        writeFile(R"({"isEnabled": true})");
+        QCoreApplication::processEvents();
+        QCOMPARE(m_news, 0);
+        QCOMPARE(second.boolean(u"requireAC"_s), true);
+        QCOMPARE(first.boolean(u"isEnabled"_s), true);
+    }
+
     void inAReadOnlyDirectoryChangesStayInMemoryAndAreReportedOnce()
     {
         QVERIFY(QDir().mkpath(directory()));
@@ -310,12 +466,22 @@ private:
         return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
     }
 
+    /// Counts the news of the store from now on.
+    void follow(JsonFileSettingsStore& store)
+    {
+        QCoreApplication::processEvents();
+        m_news = 0;
+        m_following = store.changed.subscribe([this] { ++m_news; });
+    }
+
     QStringList namesLike(const QString& pattern) const
     {
         return QDir(directory()).entryList({pattern}, QDir::AllEntries | QDir::Hidden | QDir::System);
     }
 
     std::unique_ptr<QTemporaryDir> m_directory;
+    Subscription m_following;
+    int m_news = 0;
 };
 
 QTEST_GUILESS_MAIN(JsonFileSettingsStoreTest)

@@ -56,6 +56,7 @@ XdgAutostartLoginItem::XdgAutostartLoginItem(
     : m_configHome(std::move(configHome))
     , m_systemConfigDirectories(std::move(systemConfigDirectories))
     , m_command(std::move(command))
+    , m_watch(entries(), [this] { changed(); })
 {
     Q_ASSERT(!m_command.isEmpty());
 }
@@ -102,6 +103,14 @@ QString XdgAutostartLoginItem::systemEntry() const
             return directory + entryName;
     }
     return {};
+}
+
+QStringList XdgAutostartLoginItem::entries() const
+{
+    QStringList paths{userEntry()};
+    for (const QString& directory : m_systemConfigDirectories)
+        paths.append(directory + entryName);
+    return paths;
 }
 
 std::optional<QString> XdgAutostartLoginItem::write(const QByteArray& bytes) const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/LoginItem.h"
+#include "platform/linux/kernel/FileWatch.h"
 
 #include <QStringList>
 
@@ -25,11 +26,13 @@ public:
 private:
     QString userEntry() const;
     QString systemEntry() const;
+    QStringList entries() const;
     std::optional<QString> write(const QByteArray& bytes) const;
 
     QString m_configHome;
     QStringList m_systemConfigDirectories;
     QStringList m_command;
+    FileWatch m_watch;
 };
 
 } // namespace Tarvik

@@ -172,6 +172,26 @@ private Q_SLOTS:
         QVERIFY(!item().isEnabled());
     }
 
+    void whatSomebodyElseDoesToAnEntryIsNoticed()
+    {
+        XdgAutostartLoginItem watched = item();
+        int changes = 0;
+        const Subscription listening = watched.changed.subscribe([&] { ++changes; });
+        const auto isNoticed = [&changes] {
+            QCoreApplication::processEvents();
+            return std::exchange(changes, 0) > 0;
+        };
+        const QByteArray on = "[Desktop Entry]\nType=Application\nExec=x\n";
+        write(systemEntry(), on);
+        QVERIFY(isNoticed() && watched.isEnabled());
+        write(userEntry(), on + "Hidden=true\n");
+        QVERIFY(isNoticed() && !watched.isEnabled());
+        write(userEntry(), on);
+        QVERIFY(isNoticed() && watched.isEnabled());
+        QVERIFY(QFile::remove(systemEntry()) && QFile::remove(userEntry()));
+        QVERIFY(isNoticed() && !watched.isEnabled());
+    }
+
 private:
     QString program() const { return m_directory->filePath(u"my apps/tarvik"_s); }
     QString userEntry() const { return m_directory->filePath(u"config/autostart/com.morvanta.Tarvik.desktop"_s); }
@@ -203,5 +223,5 @@ private:
     std::unique_ptr<QTemporaryDir> m_directory;
 };
 
-QTEST_APPLESS_MAIN(XdgAutostartLoginItemTest)
+QTEST_GUILESS_MAIN(XdgAutostartLoginItemTest)
 #include "XdgAutostartLoginItemTest.moc"
