@@ -47,7 +47,8 @@ WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chron
     m_linger.setSingleShot(true);
     m_linger.setInterval(linger);
     connect(&m_patience, &QTimer::timeout, this, &WindowKeeper::openWhenReady);
-    connect(&m_linger, &QTimer::timeout, this, &WindowKeeper::finished);
+    connect(&m_linger, &QTimer::timeout, this, &WindowKeeper::finishWhenUnneeded);
+    connect(&m_copied, &CopiedText::changed, this, &WindowKeeper::finishWhenUnneeded);
     connect(&m_models.appearance, &Appearance::known, this, &WindowKeeper::openWhenReady);
     connect(&m_models.status, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_models.settings, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
@@ -116,6 +117,12 @@ bool WindowKeeper::isReady() const
         && (m_models.appearance.isKnown() || !m_patience.isActive());
 }
 
+bool WindowKeeper::isAnyVisible() const
+{
+    return m_panel.isVisible() || (m_settings && m_settings->isVisible())
+        || std::ranges::any_of(m_lidClosedWindows, &KeptWindow::isVisible);
+}
+
 void WindowKeeper::openWhenReady()
 {
     if (!isReady())
@@ -148,14 +155,19 @@ void WindowKeeper::openSettings(const QString& activationToken)
 
 void WindowKeeper::followVisibility()
 {
-    if (m_panel.isVisible() || (m_settings && m_settings->isVisible())
-        || std::ranges::any_of(m_lidClosedWindows, &KeptWindow::isVisible)) {
+    if (isAnyVisible()) {
         m_linger.stop();
         return;
     }
     m_linger.start();
     // Nothing waits for this now; left alone, what scripts leave behind would pile up over hundreds of openings.
     m_engine.collectGarbage();
+}
+
+void WindowKeeper::finishWhenUnneeded()
+{
+    if (!isAnyVisible() && !m_linger.isActive() && !m_copied.needsThisProcess())
+        Q_EMIT finished();
 }
 
 } // namespace Tarvik

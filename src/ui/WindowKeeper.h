@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/CopiedText.h"
 #include "ui/mirror/ApplicationChoice.h"
 #include "ui/onboarding/OnboardingController.h"
 #include "ui/panel/Panel.h"
@@ -23,7 +24,8 @@ namespace Tarvik {
 class SettingsWindow;
 
 /// Tarvik's windows, each at most once. They are kept when they are closed, so that they open quickly the next time;
-/// some time after the last one was closed the keeper is `finished`.
+/// some time after the last one was closed, and when what was copied from them does not need this process any more, the
+/// keeper is `finished`.
 class WindowKeeper : public QObject {
     Q_OBJECT
 
@@ -50,7 +52,7 @@ public:
     void showHelperApproval(const QString& activationToken);
 
 Q_SIGNALS:
-    /// No window has been open for a while.
+    /// No window has been open for a while, and nothing would be lost.
     void finished();
 
 private:
@@ -61,10 +63,12 @@ private:
 
     KeptWindow::Content alert(const QString& name, QVariantMap properties = {}) const;
     bool isReady() const;
+    bool isAnyVisible() const;
     void want(KeptWindow& window, const QString& activationToken);
     void openWhenReady();
     void openSettings(const QString& activationToken);
     void followVisibility();
+    void finishWhenUnneeded();
 
     Models m_models;
     QDBusConnection m_bus;
@@ -82,6 +86,7 @@ private:
     QList<std::pair<KeptWindow*, QString>> m_wantedLidClosedWindows;
     QTimer m_patience;
     QTimer m_linger;
+    CopiedText m_copied;
 };
 
 } // namespace Tarvik

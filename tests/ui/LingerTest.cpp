@@ -8,13 +8,17 @@
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QWindow>
 
+#include <xcb/xcb.h>
+
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
@@ -28,6 +32,50 @@ bool isPanelShown()
 {
     return std::ranges::any_of(QGuiApplication::allWindows(), &QWindow::isVisible);
 }
+
+/// Another program on the X server.
+class OtherProgram {
+public:
+    OtherProgram()
+        : m_window(xcb_generate_id(m_connection))
+    {
+        const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
+        xcb_create_window(m_connection,
+            0,
+            m_window,
+            screen->root,
+            0,
+            0,
+            1,
+            1,
+            0,
+            XCB_WINDOW_CLASS_INPUT_ONLY,
+            XCB_COPY_FROM_PARENT,
+            0,
+            nullptr);
+    }
+    ~OtherProgram() { xcb_disconnect(m_connection); }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    /// Takes a selection of the Inter-Client Communication Conventions Manual.
+    void take(const QByteArray& selection) const { own(selection, m_window); }
+    void giveUp(const QByteArray& selection) const { own(selection, XCB_NONE); }
+
+private:
+    void own(const QByteArray& selection, xcb_window_t owner) const
+    {
+        const auto cookie
+            = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(selection.size()), selection.constData());
+        xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(m_connection, cookie, nullptr);
+        xcb_set_selection_owner(m_connection, owner, atom->atom, XCB_CURRENT_TIME);
+        std::free(atom);
+        std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    }
+
+    xcb_connection_t* m_connection = xcb_connect(nullptr, nullptr);
+    xcb_window_t m_window;
+};
 
 } // namespace
 
@@ -93,6 +141,36 @@ private Q_SLOTS:
         QVERIFY(!m_finished->wait(3 * linger.count()));
     }
 
+    void whatWasCopiedKeepsItUntilSomebodyElseCopiesSomething()
+    {
+        QGuiApplication::clipboard()->setText(u"the journal"_s);
+        QVERIFY(!m_finished->wait(3 * linger.count()));
+        m_other.take("CLIPBOARD");
+        QVERIFY(m_finished->wait(patience));
+    }
+
+    void itStaysAsUsualWhenSomebodyElseCopiesSomething()
+    {
+        click();
+        QTRY_VERIFY(isPanelShown());
+        QGuiApplication::clipboard()->setText(u"the journal"_s);
+        m_other.take("CLIPBOARD");
+        QTRY_VERIFY(!QGuiApplication::clipboard()->ownsClipboard());
+        QVERIFY(!m_finished->wait(3 * linger.count()));
+        closePanel();
+        QVERIFY(m_finished->wait(patience));
+    }
+
+    void aClipboardManagerTakesOver()
+    {
+        m_other.take("CLIPBOARD_MANAGER");
+        QGuiApplication::clipboard()->setText(u"the journal"_s);
+        QVERIFY(m_finished->wait(patience));
+        QVERIFY(QGuiApplication::clipboard()->ownsClipboard());
+        m_other.giveUp("CLIPBOARD_MANAGER");
+        m_other.take("CLIPBOARD");
+    }
+
 private:
     static void closePanel()
     {
@@ -112,6 +190,7 @@ private:
     Appearance m_appearance{m_bus};
     std::optional<WindowKeeper> m_keeper;
     std::optional<QSignalSpy> m_finished;
+    OtherProgram m_other;
 };
 
 int main(int argc, char** argv)
