@@ -17,6 +17,7 @@ namespace {
 enum Role {
     idRole = Qt::UserRole,
     atRole,
+    dayRole,
     kindRole,
     reasonRole,
     iconNameRole,
@@ -57,6 +58,8 @@ QVariant JournalModel::data(const QModelIndex& index, int role) const
         return row.id;
     case atRole:
         return *WireValue::toDateTime(row.at);
+    case dayRole:
+        return WireValue::toDateTime(row.at)->toLocalTime().date().toString(Qt::ISODate);
     case kindRole:
         return row.kind;
     case reasonRole:
@@ -74,6 +77,7 @@ QHash<int, QByteArray> JournalModel::roleNames() const
 {
     return {{idRole, "entryId"},
         {atRole, "at"},
+        {dayRole, "day"},
         {kindRole, "kind"},
         {reasonRole, "reason"},
         {iconNameRole, "iconName"},

@@ -9,8 +9,9 @@
 
 namespace Tarvik {
 
-/// The journal's entries as the rows of a view, newest first. Every row has the roles "entryId", "at" (a date), "kind"
-/// ("on", "off", "paused" or "resumed"), "reason", "iconName" and "iconColor" ("secondary" or "orange").
+/// The journal's entries as the rows of a view, newest first. Every row has the roles "entryId", "at" (a date), "day"
+/// (that of `at` in local time, ISO 8601), "kind" ("on", "off", "paused" or "resumed"), "reason", "iconName" and
+/// "iconColor" ("secondary" or "orange").
 class JournalModel : public QAbstractListModel {
     Q_OBJECT
     QML_ANONYMOUS

@@ -35,6 +35,10 @@ constexpr std::array<Unit, 7> units{{
     {1, QT_TRANSLATE_N_NOOP("Texts", "%n second ago"), QT_TRANSLATE_N_NOOP("Texts", "%n seconds ago")},
 }};
 
+/// In milliseconds.
+constexpr qint64 second = 1'000;
+constexpr qint64 minute = 60 * second;
+
 QString ago(qint64 seconds)
 {
     const auto found = std::ranges::find_if(units, [&](const Unit& unit) { return seconds >= unit.seconds; });
@@ -113,15 +117,37 @@ QString Texts::hookState(const QString& id, const QVariant& date, const QDateTim
     return firstEvent(HookTraits::of(name).start).arg(label);
 }
 
-QString Texts::time(const QDateTime& at, const QDateTime& now)
+int Texts::untilNextAge(const QVariant& date, const QDateTime& now)
 {
-    const QLocale locale;
-    const QDateTime local = at.toLocalTime();
-    const QString clock = locale.toString(local.time(), QLocale::ShortFormat);
-    if (local.date() == now.toLocalTime().date())
-        return QCoreApplication::translate("Texts", "Today %1").arg(clock);
-    return QCoreApplication::translate("Texts", "%1 %2")
-        .arg(locale.toString(local.date(), QLocale::ShortFormat), clock);
+    const QDateTime at = date.toDateTime();
+    if (!at.isValid())
+        return 0;
+    const qint64 age = std::max<qint64>(0, at.msecsTo(now));
+    const qint64 unit = age < minute ? second : minute;
+    return static_cast<int>(unit - age % unit);
+}
+
+QString Texts::day(const QString& day, const QDateTime& now)
+{
+    const QDate date = QDate::fromString(day, Qt::ISODate);
+    const QDate today = now.toLocalTime().date();
+    if (date == today)
+        return QCoreApplication::translate("Texts", "Today");
+    if (date == today.addDays(-1))
+        return QCoreApplication::translate("Texts", "Yesterday");
+    return QLocale().toString(date, QLocale::LongFormat);
+}
+
+int Texts::untilNextDay(const QDateTime& now)
+{
+    const QDateTime local = now.toLocalTime();
+    const QDateTime midnight = local.date().addDays(1).startOfDay();
+    return static_cast<int>(std::clamp<qint64>(local.msecsTo(midnight), 1, minute));
+}
+
+QString Texts::time(const QDateTime& at)
+{
+    return QLocale().toString(at.toLocalTime().time(), QLocale::ShortFormat);
 }
 
 QVariantList Texts::matching(const QVariantList& applications, const QString& wanted)

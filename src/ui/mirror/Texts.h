@@ -25,11 +25,20 @@ public:
 
     /// `date` is invalid when there was no check yet. In the largest unit of which at least one has passed.
     Q_INVOKABLE static QString lastCheck(const QVariant& date, const QDateTime& now);
+    /// Milliseconds until `lastCheck` says something else of the same date; 0 when it never does.
+    Q_INVOKABLE static int untilNextAge(const QVariant& date, const QDateTime& now);
+
     /// Whether the hook of an agent works: when it last told of itself or, with an invalid `date`, what the agent needs
     /// until it runs it.
     Q_INVOKABLE static QString hookState(const QString& id, const QVariant& date, const QDateTime& now);
-    /// When something happened, short.
-    Q_INVOKABLE static QString time(const QDateTime& at, const QDateTime& now);
+
+    /// A day in ISO 8601, as a heading.
+    Q_INVOKABLE static QString day(const QString& day, const QDateTime& now);
+    /// Milliseconds until `day` says something else. At most a minute, since nobody tells of a clock that is set or of
+    /// a computer that has slept.
+    Q_INVOKABLE static int untilNextDay(const QDateTime& now);
+    /// When on its day something happened.
+    Q_INVOKABLE static QString time(const QDateTime& at);
 
     /// Those of the applications, objects with "bundleID" and "name", that have `wanted` in their names, in whatever
     /// case.

@@ -4,11 +4,12 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarvik.Design
 
-/// The entries of the history; an arrow key, a page or an end is where the keyboard goes.
+/// The entries of the history below the days that they are of; an arrow key, a page or an end is where the keyboard goes.
 ListView {
     id: root
 
     required property Theme theme
+    required property date now
 
     /// Entries are being added to a list that is at its beginning, and stays there.
     property bool staysAtBeginning: false
@@ -23,14 +24,27 @@ ListView {
 
     Accessible.name: qsTr("Journal")
     Accessible.role: Accessible.List
+    // Clear of the card's corners and of the ring around what has the focus.
     T.ScrollBar.vertical: ScrollBar {
+        bottomPadding: 10
+        horizontalPadding: 4
+        implicitWidth: 12
         theme: root.theme
+        topPadding: 10
     }
+    section.property: "day"
 
     // What a component names of its surroundings cannot be declared before Qt 6.5.
     // qmllint disable unqualified
     delegate: JournalRow {
         isCurrent: ListView.isCurrentItem && root.activeFocus
+        isFirstOfDay: ListView.previousSection !== ListView.section
+        now: root.now
+        theme: root.theme
+        width: root.width
+    }
+    section.delegate: JournalHeading {
+        now: root.now
         theme: root.theme
         width: root.width
     }
@@ -39,7 +53,7 @@ ListView {
     onActiveFocusChanged: {
         if (!activeFocus)
             return;
-        currentIndex = indexAt(1, contentY);
+        currentIndex = rowAt(contentY);
         positionViewAtIndex(currentIndex, ListView.Contain);
     }
 
@@ -57,13 +71,19 @@ ListView {
         target: root.model
     }
 
+    /// The row at `y`, or below the heading there; -1 without one.
+    function rowAt(y: real): int {
+        const row = indexAt(1, y);
+        return row < 0 ? indexAt(1, y + theme.scaled(40)) : row;
+    }
+
     /// By a page, or to an end.
     function moveBy(key: int): bool {
         const targets = {
             [Qt.Key_Home]: 0,
             [Qt.Key_End]: count - 1,
-            [Qt.Key_PageUp]: Math.max(0, indexAt(1, contentY - height)),
-            [Qt.Key_PageDown]: indexAt(1, contentY + 2 * height - 1)
+            [Qt.Key_PageUp]: Math.max(0, rowAt(contentY - height)),
+            [Qt.Key_PageDown]: rowAt(contentY + 2 * height - 1)
         };
         if (!(key in targets))
             return false;

@@ -9,11 +9,13 @@ Item {
     id: root
 
     required property Theme theme
-    required property int index
     required property date at
+    required property string day
     required property string reason
     required property string iconName
     required property string iconColor
+    required property date now
+    required property bool isFirstOfDay
     /// The one that the keyboard has reached.
     property bool isCurrent: false
 
@@ -22,7 +24,7 @@ Item {
 
     implicitHeight: Math.max(theme.scaled(36), texts.implicitHeight + theme.scaled(16))
 
-    Accessible.name: qsTr("%1, %2").arg(reason).arg(time.text)
+    Accessible.name: qsTr("%1, %2, %3").arg(reason).arg(Texts.day(day, now)).arg(time.text)
     Accessible.role: Accessible.ListItem
 
     Separator {
@@ -30,7 +32,7 @@ Item {
         anchors.right: parent.right
         inset: root.inset
         theme: root.theme
-        visible: root.index > 0
+        visible: !root.isFirstOfDay
     }
     Rectangle {
         anchors.fill: parent
@@ -74,7 +76,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         color: root.isCurrent ? root.theme.secondaryText : root.theme.tertiaryText
         font.pixelSize: root.theme.captionSize
-        text: Texts.time(root.at, new Date())
+        text: Texts.time(root.at)
         theme: root.theme
 
         Accessible.ignored: true

@@ -15,6 +15,11 @@ Item {
 
     Keys.onPressed: event => event.accepted = list.moveBy(event.key)
 
+    PresentTime {
+        id: present
+
+        lifetime: Texts.untilNextDay(now)
+    }
     Rectangle {
         id: card
 
@@ -48,6 +53,7 @@ Item {
             anchors.fill: parent
             anchors.margins: 1
             model: root.journal.entries
+            now: present.now
             objectName: "entries"
             theme: root.theme
         }
@@ -57,40 +63,27 @@ Item {
             visible: list.activeFocus
         }
     }
-    Row {
+    JournalButtons {
         id: buttons
 
         anchors.bottom: parent.bottom
         anchors.bottomMargin: root.theme.scaled(16)
         anchors.right: card.right
-        spacing: root.theme.scaled(8)
+        enabled: list.count > 0
+        theme: root.theme
 
-        PushButton {
-            enabled: list.count > 0
-            objectName: "copy"
-            text: qsTr("Copy")
-            theme: root.theme
-
-            onClicked: root.journal.exportText()
+        onClearWanted: {
+            // A button that cannot be used any more keeps no focus.
+            if (isClearFocused)
+                list.forceActiveFocus(Qt.TabFocusReason);
+            root.journal.clear();
         }
-        PushButton {
-            enabled: list.count > 0
-            isDestructive: true
-            objectName: "clear"
-            text: qsTr("Clear")
-            theme: root.theme
-
-            onClicked: {
-                // A button that cannot be used any more keeps no focus.
-                if (visualFocus)
-                    list.forceActiveFocus(Qt.TabFocusReason);
-                root.journal.clear();
-            }
-        }
+        onCopyWanted: root.journal.exportText()
     }
     Connections {
         function onExported(text: string) {
             root.copyText(text);
+            buttons.confirmCopy();
         }
 
         target: root.journal

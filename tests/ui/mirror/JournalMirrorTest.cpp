@@ -31,6 +31,8 @@ private Q_SLOTS:
         QCOMPARE(rows(journal, "kind"), (QStringList{u"paused"_s, u"on"_s}));
         QCOMPARE(rows(journal, "iconName"), (QStringList{u"pause.circle"_s, u"bolt.fill"_s}));
         QCOMPARE(rows(journal, "iconColor"), (QStringList{u"orange"_s, u"secondary"_s}));
+        QCOMPARE(rows(journal, "day"),
+            QStringList(2, QDateTime::fromSecsSinceEpoch(1'700'000'000).date().toString(Qt::ISODate)));
         const QVariant at = journal.entries()->index(0, 0).data(role(journal, "at"));
         QCOMPARE(at.toDateTime().toSecsSinceEpoch(), 1'700'000'000);
         QCOMPARE(rows(journal, "entryId").constFirst(),

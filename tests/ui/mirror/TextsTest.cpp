@@ -92,14 +92,51 @@ private Q_SLOTS:
         QCOMPARE(Texts::hookState(id, {}, QDateTime::currentDateTime()), text);
     }
 
-    void theDateOfTodayIsNotTold()
+    void theAgeOfACheckIsLookedAtWhenItsTextChanges_data()
     {
-        const QDateTime now({2026, 3, 5}, {17, 4});
-        QCOMPARE(Texts::time(QDateTime({2026, 3, 5}, {0, 0}), now), u"Today 00:00"_s);
-        QCOMPARE(Texts::time(now.toUTC(), now), u"Today 17:04"_s);
-        QCOMPARE(Texts::time(QDateTime({2026, 3, 4}, {23, 59}), now), u"04/03/2026 23:59"_s);
-        QCOMPARE(Texts::time(QDateTime({2025, 3, 5}, {17, 4}), now), u"05/03/2025 17:04"_s);
+        QTest::addColumn<qint64>("milliseconds");
+        QTest::addColumn<int>("left");
+        QTest::newRow("in the future") << qint64{-5'000} << 1'000;
+        QTest::newRow("now") << qint64{0} << 1'000;
+        QTest::newRow("seconds") << qint64{3'400} << 600;
+        QTest::newRow("almost a minute") << qint64{59'999} << 1;
+        QTest::newRow("minutes") << qint64{119'000} << 1'000;
+        QTest::newRow("hours") << qint64{7'230'000} << 30'000;
     }
+
+    void theAgeOfACheckIsLookedAtWhenItsTextChanges()
+    {
+        QFETCH(qint64, milliseconds);
+        QFETCH(int, left);
+        const QDateTime now = QDateTime::currentDateTime();
+        QCOMPARE(Texts::untilNextAge(now.addMSecs(-milliseconds), now), left);
+    }
+
+    void withoutACheckNothingIsEverLookedAt() { QCOMPARE(Texts::untilNextAge({}, QDateTime::currentDateTime()), 0); }
+
+    void daysHaveNames()
+    {
+        const QDateTime now({2026, 3, 1}, {17, 4});
+        QCOMPARE(Texts::day(u"2026-03-01"_s, now), u"Today"_s);
+        QCOMPARE(Texts::day(u"2026-02-28"_s, now), u"Yesterday"_s);
+        QCOMPARE(Texts::day(u"2026-02-27"_s, now), u"Friday, 27 February 2026"_s);
+        QCOMPARE(Texts::day(u"2026-03-02"_s, now), u"Monday, 2 March 2026"_s);
+        const QDateTime midnight = now.date().addDays(1).startOfDay();
+        QCOMPARE(Texts::day(u"2026-03-01"_s, midnight.addMSecs(-1)), u"Today"_s);
+        QCOMPARE(Texts::day(u"2026-03-01"_s, midnight), u"Yesterday"_s);
+        QCOMPARE(Texts::day(u"2026-03-01"_s, midnight.toUTC()), u"Yesterday"_s);
+    }
+
+    void theDayIsLookedAtWhenItEndsAndEveryMinute()
+    {
+        const QDateTime midnight = QDate(2026, 3, 2).startOfDay();
+        QCOMPARE(Texts::untilNextDay(midnight), 60'000);
+        QCOMPARE(Texts::untilNextDay(midnight.addSecs(-61)), 60'000);
+        QCOMPARE(Texts::untilNextDay(midnight.addSecs(-10)), 10'000);
+        QCOMPARE(Texts::untilNextDay(midnight.addMSecs(-1).toUTC()), 1);
+    }
+
+    void theTimeOfAnEntryIsShort() { QCOMPARE(Texts::time(QDateTime({2026, 3, 5}, {0, 7}).toUTC()), u"00:07"_s); }
 
     void applicationsAreFoundByAPartOfTheirNames()
     {

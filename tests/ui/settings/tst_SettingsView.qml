@@ -466,9 +466,15 @@ Item {
             tryVerify(() => find("entries").itemAtIndex(0) && find("entries").itemAtIndex(1));
             const rows = [0, 1].map(index => find("entries").itemAtIndex(index));
             compare(rows.map(row => row.reason), ["Awake · 1 agent", "Paused — on battery"]);
-            compare(rows.map(row => row.timeText), rows.map(row => Texts.time(row.at, new Date())));
-            mouseClick(find("copy"));
+            compare(rows.map(row => row.timeText), rows.map(row => Texts.time(row.at)));
+            const copy = find("copy");
+            compare(copy.text, "Copy");
+            const width = copy.width;
+            mouseClick(copy);
             tryCompare(view, "copied", tarvik.journalText());
+            compare(copy.text, "Copied");
+            compare(copy.width, width);
+            tryCompare(copy, "text", "Copy");
             mouseClick(find("clear"));
             tryCompare(find("entries"), "count", 0);
         }
