@@ -22,6 +22,16 @@ namespace Tarvik::StatusDescription {
 
 namespace {
 
+/// That a terminal takes for a text; Chinese and Japanese characters take two each.
+qsizetype columns(const QString& text)
+{
+    return text.size() + std::ranges::count_if(text, [](QChar character) {
+        const QChar::Script script = character.script();
+        return script == QChar::Script_Han || script == QChar::Script_Hiragana || script == QChar::Script_Katakana
+            || script == QChar::Script_Hangul || character.unicode() == 0x30fc;
+    });
+}
+
 /// Lines of a label and a value; further values of one label stand below each other.
 class Table final {
 public:
@@ -36,10 +46,10 @@ public:
         constexpr qsizetype gap = 2;
         qsizetype width = 0;
         for (const auto& [label, value] : m_rows)
-            width = std::max(width, label.size() + gap);
+            width = std::max(width, columns(label) + gap);
         QStringList lines;
         for (const auto& [label, value] : m_rows)
-            lines.append(u"  "_s + label.leftJustified(width) + value);
+            lines.append(u"  "_s + label + QString(width - columns(label), u' ') + value);
         return lines;
     }
 
@@ -61,12 +71,14 @@ QString leaseText(const StatusLease& lease)
 {
     const QString text = QCoreApplication::translate("StatusDescription", "%1, %2 left, %3")
                              .arg(lease.tool, duration(lease.remaining), lease.key);
-    return lease.reason.isEmpty() ? text : text + u": "_s + lease.reason;
+    return lease.reason.isEmpty() ? text
+                                  : QCoreApplication::translate("StatusDescription", "%1: %2").arg(text, lease.reason);
 }
 
 QString holdText(const StatusAssertion& assertion)
 {
-    const QString text = u"%1: %2 (%3)"_s.arg(assertion.type, assertion.what, assertion.service);
+    const QString text = QCoreApplication::translate("StatusDescription", "%1: %2 (%3)")
+                             .arg(assertion.type, assertion.what, assertion.service);
     return assertion.isEffective ? text
                                  : QCoreApplication::translate("StatusDescription", "%1, not confirmed").arg(text);
 }

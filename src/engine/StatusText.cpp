@@ -27,6 +27,13 @@ QString appsText(int count)
                       : QCoreApplication::translate("StatusText", "%n apps", nullptr, count);
 }
 
+/// One or two of something.
+QString listed(const QStringList& names)
+{
+    return names.size() == 2 ? QCoreApplication::translate("StatusText", "%1, %2").arg(names[0], names[1])
+                             : names.join(QString());
+}
+
 QString activitySummary(qsizetype agentCount, qsizetype appCount)
 {
     QStringList parts;
@@ -34,7 +41,7 @@ QString activitySummary(qsizetype agentCount, qsizetype appCount)
         parts.append(agentsText(static_cast<int>(agentCount)));
     if (appCount > 0)
         parts.append(appsText(static_cast<int>(appCount)));
-    return parts.join(u", "_s);
+    return listed(parts);
 }
 
 QString minutesText(int minutes)
@@ -98,7 +105,7 @@ QString subtitle(const SubtitleInputs& inputs)
     if (inputs.reason)
         return inputs.reason->shortDescription();
     if (!inputs.activeList.isEmpty()) {
-        const QString first = inputs.activeList.mid(0, named).join(u", "_s);
+        const QString first = listed(inputs.activeList.mid(0, named));
         const int others = static_cast<int>(inputs.activeList.size() - named);
         return others > 0 ? QCoreApplication::translate("StatusText", "%1 +%n more", nullptr, others).arg(first)
                           : first;

@@ -2,21 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/HotKeys.h"
 
-namespace Tarvik {
+#include <QCoreApplication>
 
-using namespace Qt::StringLiterals;
+namespace Tarvik {
 
 QString hotKeyStatusText(HotKeyStatus status)
 {
     switch (status) {
     case HotKeyStatus::pending:
-        return u"pending"_s;
+        return QCoreApplication::translate("HotKeys", "pending");
     case HotKeyStatus::registered:
-        return u"registered"_s;
+        return QCoreApplication::translate("HotKeys", "registered");
     case HotKeyStatus::taken:
-        return u"taken by another program"_s;
+        return QCoreApplication::translate("HotKeys", "taken by another program");
     case HotKeyStatus::notAvailable:
-        return u"not available"_s;
+        return QCoreApplication::translate("HotKeys", "not available");
     }
     Q_UNREACHABLE();
 }

@@ -56,7 +56,7 @@ enum class HotKeyStatus {
     notAvailable,
 };
 
-/// "pending", "registered", "taken by another program" or "not available".
+/// "pending", "registered", "taken by another program" or "not available", in the language of the user.
 QString hotKeyStatusText(HotKeyStatus status);
 
 /// How a shortcut is held, for people to read.

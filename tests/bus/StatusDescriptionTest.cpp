@@ -9,9 +9,22 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTranslator>
 
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
+
+/// Into a script whose characters are wide; of one text.
+class WideTranslator : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        return QLatin1String(context) == "StatusDescription"_L1 && QLatin1String(text) == "Heat"_L1 ? u"温度"_s
+                                                                                                    : QString();
+    }
+};
 
 /// The clock of the machine stands still, so its leases do not run out.
 class StatusDescriptionTest : public QObject {
@@ -61,6 +74,13 @@ private Q_SLOTS:
         QVERIFY(text().contains(u"\n  Session   until 22:23\n"_s));
         QVERIFY(text().contains(u"\n  Heat      very hot (too hot to be kept awake)\n"_s));
         QVERIFY(text().contains(u"\n  Power     external\n"_s));
+    }
+
+    void valuesStandBelowEachOtherWhereCharactersTakeTwoColumns()
+    {
+        WideTranslator translator;
+        QCoreApplication::installTranslator(&translator);
+        QVERIFY2(text().contains(u"\n  Power     external\n  温度      normal\n"_s), qPrintable(text()));
     }
 
     void programsReadWhatTheContractNames()

@@ -96,10 +96,10 @@ private Q_SLOTS:
         reason.awake = true;
         reason.agentCount = 2;
         reason.appCount = 1;
-        QCOMPARE(StatusText::reason(reason), u"⟦Awake · ⟦2 agents~~~~⟧, ⟦1 app~~⟧~~~~⟧"_s);
+        QCOMPARE(StatusText::reason(reason), u"⟦Awake · ⟦⟦2 agents~~~~⟧, ⟦1 app~~⟧~~⟧~~~~⟧"_s);
         StatusText::SubtitleInputs subtitle;
         subtitle.activeList = {u"Claude Code"_s, u"%1 %n"_s, u"Gemini CLI"_s};
-        QCOMPARE(StatusText::subtitle(subtitle), u"⟦Claude Code, %1 %n +1 more~~~~⟧"_s);
+        QCOMPARE(StatusText::subtitle(subtitle), u"⟦⟦Claude Code, %1 %n~~⟧ +1 more~~~~⟧"_s);
     }
 
     void theTrayItemTheMenuTheNotificationsAndTheJournalAreTranslated()

@@ -25,7 +25,7 @@ FocusScope {
     opacity: isShown ? 1 : 0
     visible: isShown || opacity > 0
 
-    Accessible.description: qsTr("Step %1 of %2").arg(step + 1).arg(lastStep + 1) + ". " + summary
+    Accessible.description: qsTr("Step %1 of %2. %3").arg(step + 1).arg(lastStep + 1).arg(summary)
     Accessible.focusable: true
     Accessible.name: title
     Accessible.role: Accessible.Pane

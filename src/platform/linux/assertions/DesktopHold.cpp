@@ -5,14 +5,19 @@
 #include "dbus/BusNames.h"
 #include "platform/linux/inhibitors/LogindInhibitors.h"
 
+#include <QCoreApplication>
+
 namespace Tarvik::DesktopHolds {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Constant because KDE lets its user forbid an inhibitor by program and reason.
-const auto reason = u"Work is in progress"_s;
+/// Always the same because KDE, which shows it, lets its user forbid an inhibitor by program and reason.
+QString reason()
+{
+    return QCoreApplication::translate("DesktopHold", "Work is in progress");
+}
 
 constexpr uint inhibitSuspend = 4;
 constexpr uint inhibitIdle = 8;
@@ -23,7 +28,7 @@ InhibitorRequest sessionManager(uint flags, const QString& who)
     return {.service = BusNames::sessionManager,
         .path = u"/org/gnome/SessionManager"_s,
         .interface = u"org.gnome.SessionManager"_s,
-        .arguments = {who, noWindow, reason, flags},
+        .arguments = {who, noWindow, reason(), flags},
         .releaseMethod = u"Uninhibit"_s};
 }
 
@@ -32,7 +37,7 @@ InhibitorRequest cookie(const QString& service, const QString& path, const QStri
     return {.service = service,
         .path = path,
         .interface = interface,
-        .arguments = {who, reason},
+        .arguments = {who, reason()},
         .releaseMethod = u"UnInhibit"_s};
 }
 
@@ -89,7 +94,7 @@ InhibitorRequest request(DesktopHold hold, const QString& who)
     switch (hold) {
     case DesktopHold::logindIdle:
     case DesktopHold::logindSleep:
-        return LogindInhibitors::request(what(hold), who, reason);
+        return LogindInhibitors::request(what(hold), who, reason());
     case DesktopHold::sessionManagerSuspend:
         return sessionManager(inhibitSuspend, who);
     case DesktopHold::sessionManagerIdle:

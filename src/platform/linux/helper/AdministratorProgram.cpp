@@ -25,25 +25,22 @@ constexpr int notAuthorized = 127;
 const auto withoutAgent = u"No authentication agent found"_s;
 const auto withoutRight = u"Not authorized"_s;
 
-QString text(const char* english)
-{
-    return QCoreApplication::translate("AdministratorProgram", english);
-}
-
 QString describe(std::optional<int> status, const QString& output)
 {
     if (status == 0)
         return {};
     if (status == dismissed)
-        return text("No administrator’s password was given.");
+        return QCoreApplication::translate("AdministratorProgram", "No administrator’s password was given.");
     if (status == notAuthorized && output.contains(withoutAgent))
-        return text("Nothing in this session can ask for an administrator’s password: no polkit agent is running.");
+        return QCoreApplication::translate("AdministratorProgram",
+            "Nothing in this session can ask for an administrator’s password: no polkit agent is running.");
     if (status == notAuthorized && output.contains(withoutRight))
-        return text("Only an administrator of this computer may do this.");
+        return QCoreApplication::translate(
+            "AdministratorProgram", "Only an administrator of this computer may do this.");
     // pkexec names its reason first; a program that gives up does so last.
     const QString line
         = output.trimmed().section(u'\n', status == notAuthorized ? 0 : -1, status == notAuthorized ? 0 : -1);
-    return line.isEmpty() ? text("It ended before it was done.") : line;
+    return line.isEmpty() ? QCoreApplication::translate("AdministratorProgram", "It ended before it was done.") : line;
 }
 
 } // namespace

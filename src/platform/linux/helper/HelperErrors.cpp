@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto context = "HelperErrors";
-
 struct Description {
     /// An error's name, or how the names of several begin.
     QStringView name;
@@ -53,20 +51,21 @@ QString describe(const QDBusMessage& error)
 {
     for (const auto& [name, text] : descriptions) {
         if (error.errorName().startsWith(name))
-            return QCoreApplication::translate(context, text);
+            return QCoreApplication::translate("HelperErrors", text);
     }
     // Mostly of whoever tried to start it.
-    return QCoreApplication::translate(context, "The background helper does not work: %1").arg(error.errorMessage());
+    return QCoreApplication::translate("HelperErrors", "The background helper does not work: %1")
+        .arg(error.errorMessage());
 }
 
 QString otherVersion()
 {
-    return QCoreApplication::translate(context, "The background helper belongs to another version of Tarvik.");
+    return QCoreApplication::translate("HelperErrors", "The background helper belongs to another version of Tarvik.");
 }
 
 QString hasEnded()
 {
-    return QCoreApplication::translate(context, "The background helper has ended unexpectedly.");
+    return QCoreApplication::translate("HelperErrors", "The background helper has ended unexpectedly.");
 }
 
 } // namespace Tarvik::HelperErrors
