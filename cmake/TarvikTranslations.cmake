@@ -1,20 +1,20 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 #
-# Texts for people stand in the sources in English. A language is a file translations/tarvik_LANGUAGE.ts, which the target
-# "lupdate" brings up to date; it is compiled into the bundle, where both programs find it.
+# A language is a file translations/tarvik_LANGUAGE.ts, see docs/translating.md; it is compiled into the bundle, where both
+# programs find it.
 find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
 
 set(translation_directory ${PROJECT_BINARY_DIR}/${TARVIK_BUNDLE_DIR}/Contents/Resources/translations)
 file(GLOB translation_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/translations/tarvik_*.ts)
 set(compiled_translations "")
 
-# tarvik_release_translation(TS QM): compiles one.
+# tarvik_release_translation(TS QM): compiles one. A text that stays as it is in the sources needs no place in it.
 function(tarvik_release_translation ts qm)
   get_filename_component(directory ${qm} DIRECTORY)
   add_custom_command(OUTPUT ${qm}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${directory}
-    COMMAND Qt6::lrelease -silent ${ts} -qm ${qm}
+    COMMAND Qt6::lrelease -silent -removeidentical ${ts} -qm ${qm}
     DEPENDS ${ts}
     VERBATIM)
 endfunction()
@@ -25,12 +25,4 @@ foreach(ts IN LISTS translation_files)
   list(APPEND compiled_translations ${translation_directory}/${name}.qm)
 endforeach()
 add_custom_target(tarvik-translations ALL DEPENDS ${compiled_translations})
-if(compiled_translations)
-  install(FILES ${compiled_translations} DESTINATION ${TARVIK_BUNDLE_DIR}/Contents/Resources/translations)
-endif()
-
-set(template ${PROJECT_BINARY_DIR}/tarvik.ts)
-add_custom_target(lupdate
-  COMMENT "Finding the texts to translate; a new language starts from ${template}"
-  COMMAND Qt6::lupdate -silent -locations none -no-obsolete ${PROJECT_SOURCE_DIR}/src -ts ${template} ${translation_files}
-  VERBATIM)
+install(FILES ${compiled_translations} DESTINATION ${TARVIK_BUNDLE_DIR}/Contents/Resources/translations)

@@ -3,8 +3,10 @@
 #include "core/Translation.h"
 
 #include <QCoreApplication>
-#include <QDir>
+#include <QFile>
 #include <QLocale>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -20,34 +22,67 @@ QString bundleDirectory()
     return QCoreApplication::applicationDirPath() + u"/../Resources/translations"_s;
 }
 
-QStringList sessionLanguages()
+QString catalogue(const QString& directory, const QString& name)
 {
-    // Without any translation, the session's languages do not matter.
-    return QDir(bundleDirectory()).exists() ? QLocale::system().uiLanguages() : QStringList();
+    return directory + u"/tarvik_"_s + name + u".qm"_s;
 }
 
-bool isEnglish(const QString& language)
+/// The names that the catalogue for a language can have, best first. Between a country and the language alone is where
+/// the script is at home: Singapore reads the Chinese of China, Hong Kong that of Taiwan.
+QStringList catalogueNames(QString language)
 {
-    return language == "C"_L1 || language == "en"_L1 || language.startsWith("en-"_L1);
+    const QLocale locale(language);
+    return {language.replace(u'-', u'_'),
+        QLocale(locale.language(), locale.script(), QLocale::AnyTerritory).name(),
+        QLocale::languageToCode(locale.language())};
+}
+
+/// The English of the country where the language is spoken, or that of no country.
+QLocale englishFor(const QLocale& locale)
+{
+    const QLocale english(QLocale::English, locale.territory());
+    return english.territory() == locale.territory() ? english : QLocale(QLocale::English, QLocale::World);
 }
 
 } // namespace
 
 Translation::Translation()
-    : Translation(bundleDirectory(), sessionLanguages())
+    : Translation(bundleDirectory(), QLocale::system().uiLanguages())
 {
 }
 
 Translation::Translation(const QString& directory, const QStringList& languages)
 {
-    for (QString language : languages) {
-        // A language that comes after English is no better than English.
-        if (isEnglish(language))
+    QList<QLocale::Language> known;
+    for (const QString& language : languages) {
+        const QLocale locale(language);
+        if (language == "C"_L1)
             return;
-        if (m_translator.load(u"tarvik_"_s + language.replace(u'-', u'_'), directory)) {
-            QCoreApplication::installTranslator(&m_translator);
+        // After a country's language, that language alone is what the system has added; it may be another script's.
+        const bool isAdded = known.contains(locale.language()) && !language.contains(u'-');
+        known.append(locale.language());
+        const QStringList names = isAdded ? QStringList() : catalogueNames(language);
+        if (std::ranges::any_of(names, [&](const QString& name) { return load(catalogue(directory, name)); }))
             return;
-        }
     }
+    load(catalogue(directory, u"en"_s));
+    const QLocale wanted(languages.value(0));
+    if (wanted.script() != QLocale::LatinScript)
+        QLocale::setDefault(englishFor(wanted));
 }
+
+Translation::~Translation()
+{
+    QLocale::setDefault(QLocale::system());
+}
+
+bool Translation::load(const QString& path)
+{
+    // Qt would be content with another file whose name begins alike.
+    if (!QFile::exists(path) || !m_translator.load(path))
+        return false;
+    QCoreApplication::installTranslator(&m_translator);
+    return true;
+}
+
 } // namespace Tarvik

@@ -27,12 +27,12 @@ def call(service, path, interface, method, arguments=None):
         return None
 
 
-def names(accessible):
-    """Of everything in the window, the window itself left out."""
+def texts(accessible, kind):
+    """The names or descriptions of everything in the window, the window itself left out."""
     for child in (accessible.getChildAtIndex(index) for index in range(accessible.childCount)):
         if child:
-            yield child.name
-            yield from names(child)
+            yield getattr(child, kind)
+            yield from texts(child, kind)
 
 
 class TranslatedProgramsTest(unittest.TestCase):
@@ -61,7 +61,7 @@ class TranslatedProgramsTest(unittest.TestCase):
         answer = call(*TARVIK, "org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", ("com.morvanta.Tarvik.Status1", name)))
         return answer[0] if answer else None
 
-    def panel(self):
+    def panel(self, kind="name"):
         call(*TARVIK, "org.freedesktop.Application", "Activate", GLib.Variant("(a{sv})", ({},)))
 
         def found():
@@ -70,7 +70,7 @@ class TranslatedProgramsTest(unittest.TestCase):
                 desktop.set_cache_mask(Atspi.Cache.NONE)
                 for application in (desktop.getChildAtIndex(index) for index in range(desktop.childCount)):
                     if application and application.name == "Tarvik" and application.childCount:
-                        return [name for name in names(application.getChildAtIndex(0)) if name]
+                        return [text for text in texts(application.getChildAtIndex(0), kind) if text]
             except GLib.Error:
                 # It is just coming up.
                 pass
@@ -102,11 +102,18 @@ class TranslatedProgramsTest(unittest.TestCase):
         self.assertEqual(len(panel), 8)
         self.assertEqual(self.loaded(), [True, True])
 
-    def test_in_english_nothing_is_loaded(self):
-        self.start("en")
+    def test_without_a_language_nothing_is_loaded(self):
+        self.start("C")
         self.assertEqual(self.status("Reason"), "Dozing — nothing to watch")
         self.assertIn("Lock & leave", self.panel())
         self.assertEqual(self.loaded(), [False, False])
+
+    def test_where_the_language_is_not_there_both_speak_english_and_of_no_mac(self):
+        self.start("ar_EG")
+        self.assertEqual(self.status("Reason"), "Dozing — nothing to watch")
+        help_text = "On keeps the computer awake while a coding agent or chosen app is running."
+        self.assertTrue(any(help_text in text for text in self.panel("description")))
+        self.assertEqual(self.loaded(), [True, True])
 
 
 if __name__ == "__main__":

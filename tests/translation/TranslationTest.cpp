@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/Translation.h"
 
+#include "engine/BlockReason.h"
 #include "engine/CoordinatedMachine.h"
 #include "engine/StatusText.h"
 #include "engine/TrayPresenter.h"
@@ -9,6 +10,7 @@
 #include "hotkey/LockScreen.h"
 #include "support/TestSupport.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 
 using namespace Tarvik;
@@ -17,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto directory = QStringLiteral(TARVIK_TRANSLATIONS);
+const auto bundled = QStringLiteral(TARVIK_BUNDLED_TRANSLATIONS);
 
 /// What of a text is not marked as translated, without numbers, what stands between parts, and proper names.
 QString untranslated(QString text)
@@ -41,24 +44,38 @@ class TranslationTest : public QObject {
 private Q_SLOTS:
     void init() { TARVIK_FAIL_ON_WARNINGS(); }
 
-    void withoutItsLanguageTheTextsStayEnglish_data()
+    void withoutItsLanguageTheComputerIsSpokenOfInEnglish_data()
+    {
+        QTest::addColumn<QStringList>("languages");
+        QTest::newRow("English") << QStringList{u"en"_s};
+        QTest::newRow("American English") << QStringList{u"en-US"_s, u"en-Latn-US"_s, u"en"_s};
+        QTest::newRow("English before German") << QStringList{u"en-GB"_s, u"de"_s};
+        QTest::newRow("a language that is not there") << QStringList{u"eo"_s};
+        QTest::newRow("a language whose name begins alike") << QStringList{u"den"_s};
+    }
+
+    void withoutItsLanguageTheComputerIsSpokenOfInEnglish()
+    {
+        QFETCH(QStringList, languages);
+        const Translation translation(directory, languages);
+        QCOMPARE(BlockReason::tooHot().pauseTitle(), u"Paused — computer is running hot"_s);
+        QCOMPARE(title(false, false, false), u"Off"_s);
+    }
+
+    void withoutALanguageTheTextsStayAsTheyAre_data()
     {
         QTest::addColumn<QStringList>("languages");
         QTest::addColumn<QString>("where");
-        QTest::newRow("English") << QStringList{u"en"_s} << directory;
-        QTest::newRow("American English") << QStringList{u"en-US"_s, u"en"_s} << directory;
-        QTest::newRow("English before German") << QStringList{u"en-GB"_s, u"de"_s} << directory;
         QTest::newRow("no language at all") << QStringList{u"C"_s, u"de"_s} << directory;
-        QTest::newRow("a language that is not there") << QStringList{u"eo"_s} << directory;
         QTest::newRow("a bundle without translations") << QStringList{u"de"_s} << u"/nowhere"_s;
     }
 
-    void withoutItsLanguageTheTextsStayEnglish()
+    void withoutALanguageTheTextsStayAsTheyAre()
     {
         QFETCH(QStringList, languages);
         QFETCH(QString, where);
         const Translation translation(where, languages);
-        QCOMPARE(title(false, false, false), u"Off"_s);
+        QCOMPARE(BlockReason::tooHot().pauseTitle(), u"Paused — Mac is running hot"_s);
     }
 
     void theFirstLanguageThatIsThereIsTaken_data()
@@ -77,6 +94,101 @@ private Q_SLOTS:
             QCOMPARE(title(false, false, false), u"⟦Off~⟧"_s);
         }
         QCOMPARE(title(false, false, false), u"Off"_s);
+    }
+
+    void whoReadsOneKindOfChineseIsNotGivenTheOther_data()
+    {
+        QTest::addColumn<QStringList>("languages");
+        QTest::addColumn<QString>("off");
+        const auto simplified = u"关闭"_s;
+        QTest::newRow("China") << QStringList{u"zh-CN"_s, u"zh-Hans-CN"_s, u"zh"_s} << simplified;
+        QTest::newRow("Singapore") << QStringList{u"zh-SG"_s, u"zh-Hans-SG"_s} << simplified;
+        QTest::newRow("Chinese") << QStringList{u"zh"_s} << simplified;
+        QTest::newRow("Taiwan") << QStringList{u"zh-TW"_s, u"zh-Hant-TW"_s, u"zh"_s} << u"Off"_s;
+        QTest::newRow("Hong Kong") << QStringList{u"zh-HK"_s, u"zh-Hant-HK"_s, u"zh-Hant"_s, u"zh"_s} << u"Off"_s;
+        QTest::newRow("Taiwan before China") << QStringList{u"zh-TW"_s, u"zh"_s, u"zh-CN"_s} << simplified;
+    }
+
+    void whoReadsOneKindOfChineseIsNotGivenTheOther()
+    {
+        QFETCH(QStringList, languages);
+        QFETCH(QString, off);
+        const Translation translation(bundled, languages);
+        QCOMPARE(title(false, false, false), off);
+    }
+
+    void theBundleSpeaks_data()
+    {
+        QTest::addColumn<QStringList>("languages");
+        QTest::addColumn<QString>("one");
+        QTest::addColumn<QString>("several");
+        QTest::addColumn<QString>("battery");
+        const auto add
+            = [](const char* language, const char16_t* one, const char16_t* several, const char16_t* battery) {
+                  QTest::newRow(language) << QStringList{QString::fromLatin1(language)} << QString::fromUtf16(one)
+                                          << QString::fromUtf16(several) << QString::fromUtf16(battery);
+              };
+        add("en", u"Awake · 1 agent", u"Awake · 2 agents, 5 apps", u"Paused — battery 15% < 20%");
+        add("de",
+            u"Wach · 1\u00a0Agent",
+            u"Wach · 2\u00a0Agenten, 5\u00a0Apps",
+            u"Pausiert – Akku 15\u00a0% < 20\u00a0%");
+        add("fr",
+            u"Actif · 1\u00a0agent",
+            u"Actif · 2\u00a0agents, 5\u00a0applications",
+            u"En pause – batterie 15\u00a0% < 20\u00a0%");
+        add("es",
+            u"Activo · 1\u00a0agente",
+            u"Activo · 2\u00a0agentes, 5\u00a0aplicaciones",
+            u"En pausa — batería 15\u00a0% < 20\u00a0%");
+        add("ja",
+            u"スリープ防止中 · エージェント 1 件",
+            u"スリープ防止中 · エージェント 2 件、アプリ 5 件",
+            u"一時停止中 — バッテリー 15% < 20%");
+        add("zh-CN", u"保持唤醒 · 1 个智能体", u"保持唤醒 · 2 个智能体、5 个应用", u"已暂停 — 电量 15% < 20%");
+    }
+
+    void theBundleSpeaks()
+    {
+        QFETCH(QStringList, languages);
+        const Translation translation(bundled, languages);
+        StatusText::ReasonInputs inputs;
+        inputs.awake = true;
+        inputs.agentCount = 1;
+        QTEST(StatusText::reason(inputs), "one");
+        inputs.agentCount = 2;
+        inputs.appCount = 5;
+        QTEST(StatusText::reason(inputs), "several");
+        QTEST(BlockReason::lowBattery(15, 20).pauseTitle(), "battery");
+    }
+
+    void datesAreWrittenAsTheTextsAre_data()
+    {
+        QTest::addColumn<QStringList>("languages");
+        QTest::addColumn<QString>("locale");
+        QTest::newRow("a language that is there") << QStringList{u"de-DE"_s} << QLocale::system().name();
+        QTest::newRow("one that is not, in the same script") << QStringList{u"it-IT"_s} << QLocale::system().name();
+        QTest::newRow("in another script") << QStringList{u"ar-EG"_s, u"ar"_s} << u"en_001"_s;
+        QTest::newRow("in another script, of a country with an English of its own")
+            << QStringList{u"he-IL"_s} << u"en_IL"_s;
+        QTest::newRow("no language") << QStringList{u"C"_s} << QLocale::system().name();
+    }
+
+    void datesAreWrittenAsTheTextsAre()
+    {
+        QFETCH(QStringList, languages);
+        {
+            const Translation translation(directory, languages);
+            QTEST(QLocale().name(), "locale");
+        }
+        QCOMPARE(QLocale().name(), QLocale::system().name());
+    }
+
+    void withoutItsTranslationALanguageThatIsReadFromTheRightIsReadFromTheLeft()
+    {
+        const Translation translation(directory, {u"ar-EG"_s});
+        QCOMPARE(QCoreApplication::translate("QGuiApplication", "QT_LAYOUT_DIRECTION"), u"LTR"_s);
+        QCOMPARE(QLocale().textDirection(), Qt::LeftToRight);
     }
 
     void everyStatusTextIsTranslated()

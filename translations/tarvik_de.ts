@@ -1,0 +1,1057 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>AdministratorProgram</name>
+    <message>
+        <source>No administrator’s password was given.</source>
+        <translation>Es wurde kein Administratorpasswort eingegeben.</translation>
+    </message>
+    <message>
+        <source>Nothing in this session can ask for an administrator’s password: no polkit agent is running.</source>
+        <translation>In dieser Sitzung kann nicht nach einem Administratorpasswort gefragt werden: Es läuft kein Polkit-Agent.</translation>
+    </message>
+    <message>
+        <source>Only an administrator of this computer may do this.</source>
+        <translation>Das darf nur ein Administrator dieses Computers.</translation>
+    </message>
+    <message>
+        <source>It ended before it was done.</source>
+        <translation>Der Vorgang wurde vorzeitig beendet.</translation>
+    </message>
+</context>
+<context>
+    <name>AllowedAppRow</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>AllowedApps</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>No apps added. Keep awake while a chosen app is running.</source>
+        <translation>Keine Apps hinzugefügt. Hält wach, solange eine gewählte App läuft.</translation>
+    </message>
+    <message>
+        <source>Add App…</source>
+        <translation>App hinzufügen&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>AppList</name>
+    <message>
+        <source>Installed applications</source>
+        <translation>Installierte Anwendungen</translation>
+    </message>
+</context>
+<context>
+    <name>AppSearch</name>
+    <message>
+        <source>Add App</source>
+        <translation>App hinzufügen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>No such application.</source>
+        <translation>Keine passende Anwendung.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundHelper</name>
+    <message>
+        <source>Approve Tarvik in System Settings ▸ Login Items.</source>
+        <translation>Der Hilfsdienst muss zuerst erlaubt werden.</translation>
+    </message>
+    <message>
+        <source>Approve Tarvik in System Settings ▸ Login Items, then try again.</source>
+        <translation>Erlauben Sie den Hilfsdienst und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Background helper reinstalled.</source>
+        <translation>Hilfsdienst neu installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>BlockReason</name>
+    <message>
+        <source>the Mac is running hot</source>
+        <translation>der Computer ist zu heiß</translation>
+    </message>
+    <message>
+        <source>running on battery</source>
+        <translation>Akkubetrieb</translation>
+    </message>
+    <message>
+        <source>battery %1% is below %2%</source>
+        <translation>Akku %1&#xa0;% liegt unter %2&#xa0;%</translation>
+    </message>
+    <message>
+        <source>Paused — Mac is running hot</source>
+        <translation>Pausiert – Computer zu heiß</translation>
+    </message>
+    <message>
+        <source>Paused — on battery</source>
+        <translation>Pausiert – Akkubetrieb</translation>
+    </message>
+    <message>
+        <source>Paused — battery %1% &lt; %2%</source>
+        <translation>Pausiert – Akku %1&#xa0;% &lt; %2&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopHold</name>
+    <message>
+        <source>Work is in progress</source>
+        <translation>Es wird gearbeitet</translation>
+    </message>
+</context>
+<context>
+    <name>EnableRow</name>
+    <message>
+        <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
+        <translation>Ausgeschaltet tut Tarvik nichts. Eingeschaltet hält es den Computer wach, solange ein Coding-Agent oder eine gewählte App läuft.</translation>
+    </message>
+</context>
+<context>
+    <name>GeneralTab</name>
+    <message>
+        <source>Also keep the display awake</source>
+        <translation>Auch den Bildschirm anlassen</translation>
+    </message>
+    <message>
+        <source>Launch Tarvik at login</source>
+        <translation>Tarvik bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Every change is recorded in the Journal tab either way.</source>
+        <translation>Jede Änderung steht in jedem Fall im Reiter „Verlauf“.</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>Benachrichtigungen</translation>
+    </message>
+    <message>
+        <source>Notify every time Tarvik starts or stops</source>
+        <translation>Melden, wenn Tarvik beginnt oder aufhört</translation>
+    </message>
+    <message>
+        <source>Notify when paused by battery or heat</source>
+        <translation>Pausen wegen Akku oder Hitze melden</translation>
+    </message>
+</context>
+<context>
+    <name>HelperApproval</name>
+    <message>
+        <source>The background helper is installed, but this computer does not allow it. If its service was masked, this command allows it again:</source>
+        <translation>Der Hilfsdienst ist installiert, aber auf diesem Computer nicht erlaubt. Falls er maskiert wurde, erlaubt ihn dieser Befehl wieder:</translation>
+    </message>
+    <message>
+        <source>Allow the background helper</source>
+        <translation>Den Hilfsdienst erlauben</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Otherwise ask your administrator to allow you the action “%1”. Tarvik notices when you come back.</source>
+        <translation>Bitten Sie andernfalls Ihren Administrator, Ihnen die Aktion „%1“ zu erlauben. Tarvik bemerkt es, wenn Sie zurückkommen.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperErrors</name>
+    <message>
+        <source>This session is not allowed to switch sleep off.</source>
+        <translation>Diese Sitzung darf den Ruhezustand nicht ausschalten.</translation>
+    </message>
+    <message>
+        <source>The background helper is not installed.</source>
+        <translation>Der Hilfsdienst ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>There is no connection to the system bus.</source>
+        <translation>Es besteht keine Verbindung zum Systembus.</translation>
+    </message>
+    <message>
+        <source>The background helper isn’t responding.</source>
+        <translation>Der Hilfsdienst antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The background helper belongs to another version of Tarvik.</source>
+        <translation>Der Hilfsdienst gehört zu einer anderen Version von Tarvik.</translation>
+    </message>
+    <message>
+        <source>The administrator of this computer has blocked the background helper.</source>
+        <translation>Der Administrator dieses Computers hat den Hilfsdienst gesperrt.</translation>
+    </message>
+    <message>
+        <source>The background helper does not work: %1</source>
+        <translation>Der Hilfsdienst funktioniert nicht: %1</translation>
+    </message>
+    <message>
+        <source>The background helper has ended unexpectedly.</source>
+        <translation>Der Hilfsdienst wurde unerwartet beendet.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperManager</name>
+    <message>
+        <source>No helper connection</source>
+        <translation>Keine Verbindung zum Hilfsdienst</translation>
+    </message>
+    <message>
+        <source>The background helper isn’t responding.</source>
+        <translation>Der Hilfsdienst antwortet nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperPage</name>
+    <message>
+        <source>Skip the password prompts</source>
+        <translation>Ohne Passwortabfragen</translation>
+    </message>
+    <message>
+        <source>Install a small background helper so turning lid-closed mode on and off never asks for your admin password — and a safety watchdog can restore normal sleep if Tarvik ever quits or crashes.</source>
+        <translation>Installieren Sie einen kleinen Hilfsdienst, damit das Ein- und Ausschalten des Betriebs mit geschlossenem Deckel nie nach Ihrem Administratorpasswort fragt – und damit der normale Ruhezustand sicher wiederhergestellt wird, falls Tarvik beendet wird oder abstürzt.</translation>
+    </message>
+    <message>
+        <source>Optional — Tarvik still works without it; it&apos;ll just ask for your password each time you toggle.</source>
+        <translation>Nicht zwingend – Tarvik funktioniert auch ohne ihn, fragt dann aber bei jedem Umschalten nach Ihrem Passwort.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperRow</name>
+    <message>
+        <source>Background helper active — toggles no longer ask for your password.</source>
+        <translation>Hilfsdienst aktiv – beim Umschalten wird nicht mehr nach dem Passwort gefragt.</translation>
+    </message>
+    <message>
+        <source>Approve Tarvik in System Settings ▸ Login Items to finish setup.</source>
+        <translation>Erlauben Sie den Hilfsdienst, um die Einrichtung abzuschließen.</translation>
+    </message>
+    <message>
+        <source>Install a background helper so toggling never asks for your admin password. Restored automatically when keep-awake ends or Tarvik quits.</source>
+        <translation>Installieren Sie einen Hilfsdienst, damit das Umschalten nie nach Ihrem Administratorpasswort fragt. Der normale Ruhezustand kehrt von selbst zurück, wenn das Wachhalten endet oder Tarvik beendet wird.</translation>
+    </message>
+    <message>
+        <source>Reinstall helper…</source>
+        <translation>Hilfsdienst neu installieren&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Open Login Items…</source>
+        <translation>Hilfsdienst erlauben&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Install background helper…</source>
+        <translation>Hilfsdienst installieren&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>HelperStatus</name>
+    <message>
+        <source>Background helper installed and active.</source>
+        <translation>Hilfsdienst installiert und aktiv.</translation>
+    </message>
+    <message>
+        <source>Approve Tarvik under System Settings ▸ Login Items, then come back here.</source>
+        <translation>Erlauben Sie den Hilfsdienst und kommen Sie dann hierher zurück.</translation>
+    </message>
+    <message>
+        <source>Open Login Items to approve…</source>
+        <translation>Hilfsdienst erlauben&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Install background helper…</source>
+        <translation>Hilfsdienst installieren&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>HookSetupList</name>
+    <message>
+        <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
+        <translation>Über Hooks erfährt Tarvik, wann ein Agent eine Runde beginnt und beendet; so lässt ein Agent, der auf eine Eingabe wartet, den Computer schlafen. Beim Einschalten wird nur ein Tarvik-Eintrag in die Konfigurationsdatei des Agenten geschrieben – und Tarvik achtet nicht mehr auf seinen Prozess, weil die Runden das bessere Signal sind. Beim Ausschalten wird der Eintrag entfernt und die Prozesserkennung wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>Lifecycle hooks</source>
+        <translation>Hooks</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>~/%1 konnte nicht geschrieben werden. Falls Sie die Datei von Hand bearbeitet haben, prüfen Sie, ob sie gültiges JSON enthält – Tarvik überschreibt keine Datei, die es nicht lesen kann.</translation>
+    </message>
+</context>
+<context>
+    <name>HotKeys</name>
+    <message>
+        <source>pending</source>
+        <translation>noch offen</translation>
+    </message>
+    <message>
+        <source>registered</source>
+        <translation>registriert</translation>
+    </message>
+    <message>
+        <source>taken by another program</source>
+        <translation>von einem anderen Programm belegt</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>Journal</name>
+    <message>
+        <source>Switched on — plugged in</source>
+        <translation>Eingeschaltet – Netzteil angeschlossen</translation>
+    </message>
+    <message>
+        <source>Keeping awake</source>
+        <translation>Wird wach gehalten</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Beendet</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Pausiert</translation>
+    </message>
+    <message>
+        <source>Resumed</source>
+        <translation>Fortgesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>JournalList</name>
+    <message>
+        <source>Journal</source>
+        <translation>Verlauf</translation>
+    </message>
+</context>
+<context>
+    <name>JournalRow</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>JournalTab</name>
+    <message>
+        <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
+        <translation>Noch nichts. Tarvik hält jeden Beginn, jedes Ende und jede Pause fest.</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>LidClosedMode</name>
+    <message>
+        <source>The background helper didn’t respond.</source>
+        <translation>Der Hilfsdienst hat nicht geantwortet.</translation>
+    </message>
+</context>
+<context>
+    <name>LidClosedSection</name>
+    <message>
+        <source>This computer has no lid — these settings have no effect.</source>
+        <translation>Dieser Computer hat keinen Deckel – diese Einstellungen sind wirkungslos.</translation>
+    </message>
+    <message>
+        <source>Lid closed</source>
+        <translation>Geschlossener Deckel</translation>
+    </message>
+    <message>
+        <source>Keep running with the lid closed</source>
+        <translation>Bei geschlossenem Deckel weiterlaufen</translation>
+    </message>
+    <message>
+        <source>Turn the screen off when the lid closes</source>
+        <translation>Bildschirm beim Schließen des Deckels ausschalten</translation>
+    </message>
+</context>
+<context>
+    <name>LockScreen</name>
+    <message>
+        <source>Tarvik could not lock the screen</source>
+        <translation>Tarvik konnte den Bildschirm nicht sperren</translation>
+    </message>
+</context>
+<context>
+    <name>LockShortcut</name>
+    <message>
+        <source>Lock the screen</source>
+        <translation>Bildschirm sperren</translation>
+    </message>
+</context>
+<context>
+    <name>Notifications</name>
+    <message>
+        <source>Tarvik is keeping your Mac awake</source>
+        <translation>Tarvik hält Ihren Computer wach</translation>
+    </message>
+    <message>
+        <source>Tarvik stopped keeping your Mac awake</source>
+        <translation>Tarvik hält Ihren Computer nicht mehr wach</translation>
+    </message>
+    <message>
+        <source>Tarvik paused</source>
+        <translation>Tarvik pausiert</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingPage</name>
+    <message>
+        <source>Step %1 of %2. %3</source>
+        <translation>Schritt %1 von %2. %3</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingView</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingWindow</name>
+    <message>
+        <source>Set up lid-closed mode</source>
+        <translation>Betrieb mit geschlossenem Deckel einrichten</translation>
+    </message>
+</context>
+<context>
+    <name>PanelContent</name>
+    <message>
+        <source>Lock &amp; leave</source>
+        <translation>Sperren und gehen</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Quit Tarvik</source>
+        <translation>Tarvik beenden</translation>
+    </message>
+</context>
+<context>
+    <name>PowerTab</name>
+    <message>
+        <source>Only keep awake while on AC power</source>
+        <translation>Nur am Stromnetz wach halten</translation>
+    </message>
+    <message>
+        <source>Stop keeping awake below a battery level</source>
+        <translation>Unter einem Akkustand nicht wach halten</translation>
+    </message>
+    <message>
+        <source>Battery level</source>
+        <translation>Akkustand</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
+        <translation>Das Anschließen des Netzteils schaltet Tarvik ein. Nach dem Trennen bleibt es eingeschaltet; von Hand ausgeschaltet bleibt es aus.</translation>
+    </message>
+    <message>
+        <source>Turn Tarvik on when plugged in</source>
+        <translation>Tarvik am Stromnetz einschalten</translation>
+    </message>
+    <message>
+        <source>Temperature is currently %1. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.</source>
+        <translation>Die Temperatur ist derzeit %1. Tarvik pausiert, solange das System wegen Hitze gedrosselt wird, und macht nach dem Abkühlen weiter.</translation>
+    </message>
+    <message>
+        <source>Pause when the Mac gets hot</source>
+        <translation>Pausieren, wenn der Computer heiß wird</translation>
+    </message>
+    <message>
+        <source>No internal battery detected — these conditions have no effect.</source>
+        <translation>Kein eingebauter Akku gefunden – diese Bedingungen sind wirkungslos.</translation>
+    </message>
+    <message>
+        <source>on AC power</source>
+        <translation>am Stromnetz</translation>
+    </message>
+    <message>
+        <source>on battery</source>
+        <translation>im Akkubetrieb</translation>
+    </message>
+    <message>
+        <source>Currently %1% • %2</source>
+        <translation>Derzeit %1&#xa0;% • %2</translation>
+    </message>
+</context>
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>QT_LAYOUT_DIRECTION</source>
+        <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>ReadyPage</name>
+    <message>
+        <source>Nothing else to do. Whenever Tarvik is keeping your Mac awake, it now keeps going with the lid closed — turn that off under **Keep running with the lid closed** in Settings.</source>
+        <translation>Mehr ist nicht zu tun. Wenn Tarvik Ihren Computer wach hält, läuft er jetzt auch bei geschlossenem Deckel weiter. Ausschalten können Sie das in den Einstellungen unter **Bei geschlossenem Deckel weiterlaufen**.</translation>
+    </message>
+    <message>
+        <source>You&apos;re all set</source>
+        <translation>Alles bereit</translation>
+    </message>
+</context>
+<context>
+    <name>RestartAlert</name>
+    <message>
+        <source>Restart Tarvik to finish connecting to the background helper.</source>
+        <translation>Starten Sie Tarvik neu, um die Verbindung zum Hilfsdienst herzustellen.</translation>
+    </message>
+    <message>
+        <source>Background helper enabled</source>
+        <translation>Hilfsdienst aktiviert</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Restart Now</source>
+        <translation>Jetzt neu starten</translation>
+    </message>
+</context>
+<context>
+    <name>SessionChoices</name>
+    <message>
+        <source>10 minutes</source>
+        <translation>10&#xa0;Minuten</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1&#xa0;Stunde</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2&#xa0;Stunden</translation>
+    </message>
+    <message>
+        <source>All day (16 h)</source>
+        <translation>Den ganzen Tag (16&#xa0;Std.)</translation>
+    </message>
+    <message>
+        <source>Change session…</source>
+        <translation>Dauer ändern&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Keep awake for…</source>
+        <translation>Wach halten für&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Cancel timer</source>
+        <translation>Timer abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTabs</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Triggers</source>
+        <translation>Auslöser</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Energie</translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Updates</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWindow</name>
+    <message>
+        <source>Tarvik Settings</source>
+        <translation>Tarvik-Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>StatusDescription</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1&#xa0;s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1&#xa0;h %2&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1, %2 left, %3</source>
+        <translation>%1, noch %2, %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 (%3)</source>
+        <translation>%1: %2 (%3)</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1, nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>external</source>
+        <translation>extern</translation>
+    </message>
+    <message>
+        <source>battery</source>
+        <translation>Akku</translation>
+    </message>
+    <message>
+        <source>%1, battery at %2 %</source>
+        <translation>%1, Akku bei %2&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 (too hot to be kept awake)</source>
+        <translation>%1 (zu heiß, um wach gehalten zu werden)</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Leases</source>
+        <translation>Leases</translation>
+    </message>
+    <message>
+        <source>Session</source>
+        <translation>Sitzung</translation>
+    </message>
+    <message>
+        <source>until %1</source>
+        <translation>bis %1</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>Sperren</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Lid</source>
+        <translation>Deckel</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>geschlossen</translation>
+    </message>
+    <message>
+        <source>Lock key</source>
+        <translation>Sperrtaste</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>Infobereich</translation>
+    </message>
+    <message>
+        <source>shown</source>
+        <translation>sichtbar</translation>
+    </message>
+    <message>
+        <source>not shown: no panel offers a place</source>
+        <translation>nicht sichtbar: keine Leiste bietet einen Platz</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+</context>
+<context>
+    <name>StatusText</name>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n agent</source>
+        <translation>
+            <numerusform>%n&#xa0;Agent</numerusform>
+            <numerusform>%n&#xa0;Agenten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n agents</source>
+        <translation>
+            <numerusform>%n&#xa0;Agent</numerusform>
+            <numerusform>%n&#xa0;Agenten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n app</source>
+        <translation>
+            <numerusform>%n&#xa0;App</numerusform>
+            <numerusform>%n&#xa0;Apps</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n apps</source>
+        <translation>
+            <numerusform>%n&#xa0;App</numerusform>
+            <numerusform>%n&#xa0;Apps</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min left</source>
+        <translation>
+            <numerusform>noch %n&#xa0;min</numerusform>
+            <numerusform>noch %n&#xa0;min</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>charging %1%</source>
+        <translation>lädt, %1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>on battery %1%</source>
+        <translation>Akku %1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Pausiert</translation>
+    </message>
+    <message>
+        <source>Awake</source>
+        <translation>Wach</translation>
+    </message>
+    <message>
+        <source>Watching</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Dozing — nothing to watch</source>
+        <translation>Ruht – nichts zu beobachten</translation>
+    </message>
+    <message>
+        <source>Awake — %1</source>
+        <translation>Wach – %1</translation>
+    </message>
+    <message>
+        <source>Awake — timed</source>
+        <translation>Wach – mit Timer</translation>
+    </message>
+    <message>
+        <source>Awake · %1</source>
+        <translation>Wach · %1</translation>
+    </message>
+    <message>
+        <source>Not watching</source>
+        <translation>Keine Beobachtung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 +%n more</source>
+        <translation>
+            <numerusform>%1 +%n weiterer</numerusform>
+            <numerusform>%1 +%n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Timed session</source>
+        <translation>Timer läuft</translation>
+    </message>
+    <message>
+        <source>Nothing running to keep awake for</source>
+        <translation>Nichts läuft, das Wachhalten erfordert</translation>
+    </message>
+    <message>
+        <source>running %1</source>
+        <translation>Temperatur %1</translation>
+    </message>
+    <message>
+        <source>lid closed</source>
+        <translation>Deckel geschlossen</translation>
+    </message>
+    <message>
+        <source>normal</source>
+        <translation>normal</translation>
+    </message>
+    <message>
+        <source>warm</source>
+        <translation>erhöht</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>hoch</translation>
+    </message>
+    <message>
+        <source>very hot</source>
+        <translation>sehr hoch</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+</context>
+<context>
+    <name>SystemdHelperService</name>
+    <message>
+        <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
+        <translation>Es gibt kein pkexec, das nach einem Administratorpasswort fragen würde. Ein Administrator kann stattdessen %1 ausführen.</translation>
+    </message>
+</context>
+<context>
+    <name>Texts</name>
+    <message numerus="yes">
+        <source>%n year ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Jahr</numerusform>
+            <numerusform>vor %n&#xa0;Jahren</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n years ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Jahr</numerusform>
+            <numerusform>vor %n&#xa0;Jahren</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n month ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Monat</numerusform>
+            <numerusform>vor %n&#xa0;Monaten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n months ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Monat</numerusform>
+            <numerusform>vor %n&#xa0;Monaten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n week ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Woche</numerusform>
+            <numerusform>vor %n&#xa0;Wochen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n weeks ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Woche</numerusform>
+            <numerusform>vor %n&#xa0;Wochen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Tag</numerusform>
+            <numerusform>vor %n&#xa0;Tagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Tag</numerusform>
+            <numerusform>vor %n&#xa0;Tagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Stunde</numerusform>
+            <numerusform>vor %n&#xa0;Stunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Stunde</numerusform>
+            <numerusform>vor %n&#xa0;Stunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minute ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Minute</numerusform>
+            <numerusform>vor %n&#xa0;Minuten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minutes ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Minute</numerusform>
+            <numerusform>vor %n&#xa0;Minuten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Sekunde</numerusform>
+            <numerusform>vor %n&#xa0;Sekunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n seconds ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;Sekunde</numerusform>
+            <numerusform>vor %n&#xa0;Sekunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Last checked %1</source>
+        <translation>Zuletzt gesucht %1</translation>
+    </message>
+    <message>
+        <source>Not checked yet.</source>
+        <translation>Noch nicht gesucht.</translation>
+    </message>
+    <message>
+        <source>Today %1</source>
+        <translation>Heute %1</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>TrayPresenter</name>
+    <message>
+        <source>Open Tarvik…</source>
+        <translation>Tarvik öffnen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Lock &amp; leave</source>
+        <translation>Sperren und gehen</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Quit Tarvik</source>
+        <translation>Tarvik beenden</translation>
+    </message>
+</context>
+<context>
+    <name>TriggersTab</name>
+    <message>
+        <source>Coding agents</source>
+        <translation>Coding-Agenten</translation>
+    </message>
+    <message>
+        <source>Keep the Mac awake while any of %1 known coding agents is running.</source>
+        <translation>Den Computer wach halten, solange einer von %1 bekannten Coding-Agenten läuft.</translation>
+    </message>
+    <message>
+        <source>Watch coding agents</source>
+        <translation>Coding-Agenten beobachten</translation>
+    </message>
+    <message>
+        <source>Cursor, Zed, Warp and friends run their agent inside the editor, so Tarvik can only tell that the app is open — not that it&apos;s working. Your Mac stays awake for as long as the editor is running.</source>
+        <translation>Bei Cursor, Zed, Warp und Co. läuft der Agent im Editor; Tarvik sieht daher nur, dass die App geöffnet ist, nicht, ob sie arbeitet. Ihr Computer bleibt wach, solange der Editor läuft.</translation>
+    </message>
+    <message>
+        <source>Keep awake while an AI editor is open</source>
+        <translation>Wach halten, solange ein KI-Editor offen ist</translation>
+    </message>
+</context>
+<context>
+    <name>UpdatesTab</name>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Automatisch nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Automatically download and install updates</source>
+        <translation>Updates automatisch herunterladen und installieren</translation>
+    </message>
+    <message>
+        <source>Tarvik %1</source>
+        <translation>Tarvik %1</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Updates suchen&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage</name>
+    <message>
+        <source>Keep working, lid closed</source>
+        <translation>Weiterarbeiten bei geschlossenem Deckel</translation>
+    </message>
+    <message>
+        <source>Let agents, builds, and downloads keep running after you shut the lid.</source>
+        <translation>Agenten, Builds und Downloads laufen weiter, auch wenn Sie den Deckel schließen.</translation>
+    </message>
+    <message>
+        <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
+        <translation>Normalerweise geht ein Laptop beim Schließen des Deckels sofort in den Ruhezustand. Tarvik kann das verhindern – dafür muss zuerst ein kleiner Hilfsdienst installiert werden.</translation>
+    </message>
+</context>
+</TS>

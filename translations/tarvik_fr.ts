@@ -1,0 +1,1057 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_FR">
+<context>
+    <name>AdministratorProgram</name>
+    <message>
+        <source>No administrator’s password was given.</source>
+        <translation>Aucun mot de passe administrateur n’a été saisi.</translation>
+    </message>
+    <message>
+        <source>Nothing in this session can ask for an administrator’s password: no polkit agent is running.</source>
+        <translation>Rien dans cette session ne peut demander le mot de passe d’un administrateur&#xa0;: aucun agent polkit n’est en cours d’exécution.</translation>
+    </message>
+    <message>
+        <source>Only an administrator of this computer may do this.</source>
+        <translation>Seul un administrateur de cet ordinateur peut faire cela.</translation>
+    </message>
+    <message>
+        <source>It ended before it was done.</source>
+        <translation>L’opération s’est interrompue avant la fin.</translation>
+    </message>
+</context>
+<context>
+    <name>AllowedAppRow</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>Supprimer %1</translation>
+    </message>
+</context>
+<context>
+    <name>AllowedApps</name>
+    <message>
+        <source>Apps</source>
+        <translation>Applications</translation>
+    </message>
+    <message>
+        <source>No apps added. Keep awake while a chosen app is running.</source>
+        <translation>Aucune application ajoutée. Reste actif tant qu’une application choisie est en cours d’exécution.</translation>
+    </message>
+    <message>
+        <source>Add App…</source>
+        <translation>Ajouter une application…</translation>
+    </message>
+</context>
+<context>
+    <name>AppList</name>
+    <message>
+        <source>Installed applications</source>
+        <translation>Applications installées</translation>
+    </message>
+</context>
+<context>
+    <name>AppSearch</name>
+    <message>
+        <source>Add App</source>
+        <translation>Ajouter une application</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>No such application.</source>
+        <translation>Aucune application correspondante.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundHelper</name>
+    <message>
+        <source>Approve Tarvik in System Settings ▸ Login Items.</source>
+        <translation>Le service auxiliaire doit d’abord être autorisé.</translation>
+    </message>
+    <message>
+        <source>Approve Tarvik in System Settings ▸ Login Items, then try again.</source>
+        <translation>Autorisez le service auxiliaire, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>Background helper reinstalled.</source>
+        <translation>Service auxiliaire réinstallé.</translation>
+    </message>
+</context>
+<context>
+    <name>BlockReason</name>
+    <message>
+        <source>the Mac is running hot</source>
+        <translation>l’ordinateur chauffe</translation>
+    </message>
+    <message>
+        <source>running on battery</source>
+        <translation>fonctionne sur batterie</translation>
+    </message>
+    <message>
+        <source>battery %1% is below %2%</source>
+        <translation>batterie à %1&#xa0;%, sous %2&#xa0;%</translation>
+    </message>
+    <message>
+        <source>Paused — Mac is running hot</source>
+        <translation>En pause – l’ordinateur chauffe</translation>
+    </message>
+    <message>
+        <source>Paused — on battery</source>
+        <translation>En pause – sur batterie</translation>
+    </message>
+    <message>
+        <source>Paused — battery %1% &lt; %2%</source>
+        <translation>En pause – batterie %1&#xa0;% &lt; %2&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopHold</name>
+    <message>
+        <source>Work is in progress</source>
+        <translation>Un travail est en cours</translation>
+    </message>
+</context>
+<context>
+    <name>EnableRow</name>
+    <message>
+        <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
+        <translation>Désactivé, Tarvik ne fait rien. Activé, il maintient l’ordinateur actif tant qu’un agent de programmation ou une application choisie est en cours d’exécution.</translation>
+    </message>
+</context>
+<context>
+    <name>GeneralTab</name>
+    <message>
+        <source>Also keep the display awake</source>
+        <translation>Garder aussi l’écran allumé</translation>
+    </message>
+    <message>
+        <source>Launch Tarvik at login</source>
+        <translation>Lancer Tarvik à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>Every change is recorded in the Journal tab either way.</source>
+        <translation>Dans tous les cas, chaque changement est consigné dans l’onglet «&#xa0;Journal&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>Notify every time Tarvik starts or stops</source>
+        <translation>Notifier chaque fois que Tarvik commence ou s’arrête</translation>
+    </message>
+    <message>
+        <source>Notify when paused by battery or heat</source>
+        <translation>Notifier les pauses dues à la batterie ou à la chaleur</translation>
+    </message>
+</context>
+<context>
+    <name>HelperApproval</name>
+    <message>
+        <source>The background helper is installed, but this computer does not allow it. If its service was masked, this command allows it again:</source>
+        <translation>Le service auxiliaire est installé, mais cet ordinateur ne l’autorise pas. S’il a été masqué, cette commande l’autorise à nouveau&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Allow the background helper</source>
+        <translation>Autoriser le service auxiliaire</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Otherwise ask your administrator to allow you the action “%1”. Tarvik notices when you come back.</source>
+        <translation>Sinon, demandez à votre administrateur de vous autoriser l’action «&#xa0;%1&#xa0;». Tarvik le remarquera à votre retour.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperErrors</name>
+    <message>
+        <source>This session is not allowed to switch sleep off.</source>
+        <translation>Cette session n’est pas autorisée à désactiver la mise en veille.</translation>
+    </message>
+    <message>
+        <source>The background helper is not installed.</source>
+        <translation>Le service auxiliaire n’est pas installé.</translation>
+    </message>
+    <message>
+        <source>There is no connection to the system bus.</source>
+        <translation>Aucune connexion au bus système.</translation>
+    </message>
+    <message>
+        <source>The background helper isn’t responding.</source>
+        <translation>Le service auxiliaire ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The background helper belongs to another version of Tarvik.</source>
+        <translation>Le service auxiliaire appartient à une autre version de Tarvik.</translation>
+    </message>
+    <message>
+        <source>The administrator of this computer has blocked the background helper.</source>
+        <translation>L’administrateur de cet ordinateur a bloqué le service auxiliaire.</translation>
+    </message>
+    <message>
+        <source>The background helper does not work: %1</source>
+        <translation>Le service auxiliaire ne fonctionne pas&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The background helper has ended unexpectedly.</source>
+        <translation>Le service auxiliaire s’est arrêté de façon inattendue.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperManager</name>
+    <message>
+        <source>No helper connection</source>
+        <translation>Pas de connexion au service auxiliaire</translation>
+    </message>
+    <message>
+        <source>The background helper isn’t responding.</source>
+        <translation>Le service auxiliaire ne répond pas.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperPage</name>
+    <message>
+        <source>Skip the password prompts</source>
+        <translation>Plus de mots de passe à saisir</translation>
+    </message>
+    <message>
+        <source>Install a small background helper so turning lid-closed mode on and off never asks for your admin password — and a safety watchdog can restore normal sleep if Tarvik ever quits or crashes.</source>
+        <translation>Installez un petit service auxiliaire pour que l’activation du mode capot fermé ne demande jamais votre mot de passe administrateur, et pour que la mise en veille normale soit rétablie si Tarvik se ferme ou plante.</translation>
+    </message>
+    <message>
+        <source>Optional — Tarvik still works without it; it&apos;ll just ask for your password each time you toggle.</source>
+        <translation>Facultatif – Tarvik fonctionne aussi sans lui, mais demande alors votre mot de passe à chaque changement.</translation>
+    </message>
+</context>
+<context>
+    <name>HelperRow</name>
+    <message>
+        <source>Background helper active — toggles no longer ask for your password.</source>
+        <translation>Service auxiliaire actif – les changements ne demandent plus votre mot de passe.</translation>
+    </message>
+    <message>
+        <source>Approve Tarvik in System Settings ▸ Login Items to finish setup.</source>
+        <translation>Autorisez le service auxiliaire pour terminer la configuration.</translation>
+    </message>
+    <message>
+        <source>Install a background helper so toggling never asks for your admin password. Restored automatically when keep-awake ends or Tarvik quits.</source>
+        <translation>Installez un service auxiliaire pour que les changements ne demandent jamais votre mot de passe administrateur. La mise en veille normale revient d’elle-même quand le maintien actif se termine ou que Tarvik se ferme.</translation>
+    </message>
+    <message>
+        <source>Reinstall helper…</source>
+        <translation>Réinstaller le service…</translation>
+    </message>
+    <message>
+        <source>Open Login Items…</source>
+        <translation>Autoriser le service…</translation>
+    </message>
+    <message>
+        <source>Install background helper…</source>
+        <translation>Installer le service auxiliaire…</translation>
+    </message>
+</context>
+<context>
+    <name>HelperStatus</name>
+    <message>
+        <source>Background helper installed and active.</source>
+        <translation>Service auxiliaire installé et actif.</translation>
+    </message>
+    <message>
+        <source>Approve Tarvik under System Settings ▸ Login Items, then come back here.</source>
+        <translation>Autorisez le service auxiliaire, puis revenez ici.</translation>
+    </message>
+    <message>
+        <source>Open Login Items to approve…</source>
+        <translation>Autoriser le service…</translation>
+    </message>
+    <message>
+        <source>Install background helper…</source>
+        <translation>Installer le service auxiliaire…</translation>
+    </message>
+</context>
+<context>
+    <name>HookSetupList</name>
+    <message>
+        <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
+        <translation>Grâce aux hooks, Tarvik sait quand un agent commence et termine un tour&#xa0;: un agent qui attend une saisie laisse donc l’ordinateur se mettre en veille. En activer un ajoute seulement une entrée Tarvik au fichier de configuration de l’agent, et Tarvik ne surveille plus son processus, car les tours sont un meilleur signal. Le désactiver retire l’entrée et rétablit la détection du processus.</translation>
+    </message>
+    <message>
+        <source>Lifecycle hooks</source>
+        <translation>Hooks de cycle de vie</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>Impossible d’écrire ~/%1. Si vous l’avez modifié à la main, vérifiez que c’est du JSON valide&#xa0;: Tarvik n’écrase pas un fichier qu’il ne peut pas lire.</translation>
+    </message>
+</context>
+<context>
+    <name>HotKeys</name>
+    <message>
+        <source>pending</source>
+        <translation>en attente</translation>
+    </message>
+    <message>
+        <source>registered</source>
+        <translation>enregistré</translation>
+    </message>
+    <message>
+        <source>taken by another program</source>
+        <translation>pris par un autre programme</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>non disponible</translation>
+    </message>
+</context>
+<context>
+    <name>Journal</name>
+    <message>
+        <source>Switched on — plugged in</source>
+        <translation>Activé – branché au secteur</translation>
+    </message>
+    <message>
+        <source>Keeping awake</source>
+        <translation>Maintien actif</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Arrêté</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>Resumed</source>
+        <translation>Reprise</translation>
+    </message>
+</context>
+<context>
+    <name>JournalList</name>
+    <message>
+        <source>Journal</source>
+        <translation>Journal</translation>
+    </message>
+</context>
+<context>
+    <name>JournalRow</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>JournalTab</name>
+    <message>
+        <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
+        <translation>Rien pour l’instant. Tarvik consigne chaque début, chaque arrêt et chaque pause.</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+</context>
+<context>
+    <name>LidClosedMode</name>
+    <message>
+        <source>The background helper didn’t respond.</source>
+        <translation>Le service auxiliaire n’a pas répondu.</translation>
+    </message>
+</context>
+<context>
+    <name>LidClosedSection</name>
+    <message>
+        <source>This computer has no lid — these settings have no effect.</source>
+        <translation>Cet ordinateur n’a pas de capot&#xa0;: ces réglages sont sans effet.</translation>
+    </message>
+    <message>
+        <source>Lid closed</source>
+        <translation>Capot fermé</translation>
+    </message>
+    <message>
+        <source>Keep running with the lid closed</source>
+        <translation>Continuer avec le capot fermé</translation>
+    </message>
+    <message>
+        <source>Turn the screen off when the lid closes</source>
+        <translation>Éteindre l’écran à la fermeture du capot</translation>
+    </message>
+</context>
+<context>
+    <name>LockScreen</name>
+    <message>
+        <source>Tarvik could not lock the screen</source>
+        <translation>Tarvik n’a pas pu verrouiller l’écran</translation>
+    </message>
+</context>
+<context>
+    <name>LockShortcut</name>
+    <message>
+        <source>Lock the screen</source>
+        <translation>Verrouiller l’écran</translation>
+    </message>
+</context>
+<context>
+    <name>Notifications</name>
+    <message>
+        <source>Tarvik is keeping your Mac awake</source>
+        <translation>Tarvik maintient votre ordinateur actif</translation>
+    </message>
+    <message>
+        <source>Tarvik stopped keeping your Mac awake</source>
+        <translation>Tarvik ne maintient plus votre ordinateur actif</translation>
+    </message>
+    <message>
+        <source>Tarvik paused</source>
+        <translation>Tarvik est en pause</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingPage</name>
+    <message>
+        <source>Step %1 of %2. %3</source>
+        <translation>Étape %1 sur %2. %3</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingView</name>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingWindow</name>
+    <message>
+        <source>Set up lid-closed mode</source>
+        <translation>Configurer le mode capot fermé</translation>
+    </message>
+</context>
+<context>
+    <name>PanelContent</name>
+    <message>
+        <source>Lock &amp; leave</source>
+        <translation>Verrouiller et partir</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Quit Tarvik</source>
+        <translation>Quitter Tarvik</translation>
+    </message>
+</context>
+<context>
+    <name>PowerTab</name>
+    <message>
+        <source>Only keep awake while on AC power</source>
+        <translation>Rester actif uniquement sur secteur</translation>
+    </message>
+    <message>
+        <source>Stop keeping awake below a battery level</source>
+        <translation>S’arrêter sous un niveau de batterie</translation>
+    </message>
+    <message>
+        <source>Battery level</source>
+        <translation>Niveau de batterie</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
+        <translation>Le branchement au secteur active Tarvik. Le débranchement le laisse activé&#xa0;; désactivé à la main, il le reste.</translation>
+    </message>
+    <message>
+        <source>Turn Tarvik on when plugged in</source>
+        <translation>Activer Tarvik au branchement</translation>
+    </message>
+    <message>
+        <source>Temperature is currently %1. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.</source>
+        <translation>La température est actuellement %1. Tarvik se met en pause quand le système ralentit à cause de la chaleur, et reprend une fois refroidi.</translation>
+    </message>
+    <message>
+        <source>Pause when the Mac gets hot</source>
+        <translation>Mettre en pause si l’ordinateur chauffe</translation>
+    </message>
+    <message>
+        <source>No internal battery detected — these conditions have no effect.</source>
+        <translation>Aucune batterie interne détectée&#xa0;: ces conditions sont sans effet.</translation>
+    </message>
+    <message>
+        <source>on AC power</source>
+        <translation>sur secteur</translation>
+    </message>
+    <message>
+        <source>on battery</source>
+        <translation>sur batterie</translation>
+    </message>
+    <message>
+        <source>Currently %1% • %2</source>
+        <translation>Actuellement %1&#xa0;% • %2</translation>
+    </message>
+</context>
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>QT_LAYOUT_DIRECTION</source>
+        <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>ReadyPage</name>
+    <message>
+        <source>Nothing else to do. Whenever Tarvik is keeping your Mac awake, it now keeps going with the lid closed — turn that off under **Keep running with the lid closed** in Settings.</source>
+        <translation>Rien d’autre à faire. Quand Tarvik maintient votre ordinateur actif, il continue désormais avec le capot fermé. Pour l’éviter, désactivez **Continuer avec le capot fermé** dans les paramètres.</translation>
+    </message>
+    <message>
+        <source>You&apos;re all set</source>
+        <translation>Tout est prêt</translation>
+    </message>
+</context>
+<context>
+    <name>RestartAlert</name>
+    <message>
+        <source>Restart Tarvik to finish connecting to the background helper.</source>
+        <translation>Redémarrez Tarvik pour terminer la connexion au service auxiliaire.</translation>
+    </message>
+    <message>
+        <source>Background helper enabled</source>
+        <translation>Service auxiliaire activé</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>Restart Now</source>
+        <translation>Redémarrer maintenant</translation>
+    </message>
+</context>
+<context>
+    <name>SessionChoices</name>
+    <message>
+        <source>10 minutes</source>
+        <translation>10&#xa0;minutes</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1&#xa0;heure</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2&#xa0;heures</translation>
+    </message>
+    <message>
+        <source>All day (16 h)</source>
+        <translation>Toute la journée (16&#xa0;h)</translation>
+    </message>
+    <message>
+        <source>Change session…</source>
+        <translation>Modifier la durée…</translation>
+    </message>
+    <message>
+        <source>Keep awake for…</source>
+        <translation>Garder actif pendant…</translation>
+    </message>
+    <message>
+        <source>Cancel timer</source>
+        <translation>Annuler le minuteur</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTabs</name>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message>
+        <source>Triggers</source>
+        <translation>Déclencheurs</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Énergie</translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation>Journal</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Mises à jour</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWindow</name>
+    <message>
+        <source>Tarvik Settings</source>
+        <translation>Paramètres de Tarvik</translation>
+    </message>
+</context>
+<context>
+    <name>StatusDescription</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1&#xa0;s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1&#xa0;h %2&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1, %2 left, %3</source>
+        <translation>%1, encore %2, %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 (%3)</source>
+        <translation>%1&#xa0;: %2 (%3)</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1, non confirmé</translation>
+    </message>
+    <message>
+        <source>external</source>
+        <translation>externe</translation>
+    </message>
+    <message>
+        <source>battery</source>
+        <translation>batterie</translation>
+    </message>
+    <message>
+        <source>%1, battery at %2 %</source>
+        <translation>%1, batterie à %2&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 (too hot to be kept awake)</source>
+        <translation>%1 (trop chaud pour rester actif)</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Maintenant</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Leases</source>
+        <translation>Baux</translation>
+    </message>
+    <message>
+        <source>Session</source>
+        <translation>Session</translation>
+    </message>
+    <message>
+        <source>until %1</source>
+        <translation>jusqu’à %1</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>Blocages</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Alimentation</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Température</translation>
+    </message>
+    <message>
+        <source>Lid</source>
+        <translation>Capot</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>fermé</translation>
+    </message>
+    <message>
+        <source>Lock key</source>
+        <translation>Verrouillage</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>Zone de notification</translation>
+    </message>
+    <message>
+        <source>shown</source>
+        <translation>affiché</translation>
+    </message>
+    <message>
+        <source>not shown: no panel offers a place</source>
+        <translation>non affiché&#xa0;: aucun tableau de bord n’offre de place</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+</context>
+<context>
+    <name>StatusText</name>
+    <message>
+        <source>Off</source>
+        <translation>Désactivé</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n agent</source>
+        <translation>
+            <numerusform>%n&#xa0;agent</numerusform>
+            <numerusform>%n&#xa0;agents</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n agents</source>
+        <translation>
+            <numerusform>%n&#xa0;agent</numerusform>
+            <numerusform>%n&#xa0;agents</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n app</source>
+        <translation>
+            <numerusform>%n&#xa0;application</numerusform>
+            <numerusform>%n&#xa0;applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n apps</source>
+        <translation>
+            <numerusform>%n&#xa0;application</numerusform>
+            <numerusform>%n&#xa0;applications</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min left</source>
+        <translation>
+            <numerusform>encore %n&#xa0;min</numerusform>
+            <numerusform>encore %n&#xa0;min</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>charging %1%</source>
+        <translation>en charge, %1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>on battery %1%</source>
+        <translation>batterie %1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>Awake</source>
+        <translation>Actif</translation>
+    </message>
+    <message>
+        <source>Watching</source>
+        <translation>Surveillance</translation>
+    </message>
+    <message>
+        <source>Dozing — nothing to watch</source>
+        <translation>Au repos – rien à surveiller</translation>
+    </message>
+    <message>
+        <source>Awake — %1</source>
+        <translation>Actif – %1</translation>
+    </message>
+    <message>
+        <source>Awake — timed</source>
+        <translation>Actif – avec minuteur</translation>
+    </message>
+    <message>
+        <source>Awake · %1</source>
+        <translation>Actif · %1</translation>
+    </message>
+    <message>
+        <source>Not watching</source>
+        <translation>Aucune surveillance</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 +%n more</source>
+        <translation>
+            <numerusform>%1 +%n autre</numerusform>
+            <numerusform>%1 +%n autres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Timed session</source>
+        <translation>Minuteur en cours</translation>
+    </message>
+    <message>
+        <source>Nothing running to keep awake for</source>
+        <translation>Rien en cours qui demande de rester actif</translation>
+    </message>
+    <message>
+        <source>running %1</source>
+        <translation>température %1</translation>
+    </message>
+    <message>
+        <source>lid closed</source>
+        <translation>capot fermé</translation>
+    </message>
+    <message>
+        <source>normal</source>
+        <translation>normale</translation>
+    </message>
+    <message>
+        <source>warm</source>
+        <translation>modérée</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>élevée</translation>
+    </message>
+    <message>
+        <source>very hot</source>
+        <translation>très élevée</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>inconnue</translation>
+    </message>
+</context>
+<context>
+    <name>SystemdHelperService</name>
+    <message>
+        <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
+        <translation>pkexec, qui demanderait un mot de passe administrateur, est absent. Un administrateur peut exécuter %1 à la place.</translation>
+    </message>
+</context>
+<context>
+    <name>Texts</name>
+    <message numerus="yes">
+        <source>%n year ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;an</numerusform>
+            <numerusform>il y a %n&#xa0;ans</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n years ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;an</numerusform>
+            <numerusform>il y a %n&#xa0;ans</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n month ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;mois</numerusform>
+            <numerusform>il y a %n&#xa0;mois</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n months ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;mois</numerusform>
+            <numerusform>il y a %n&#xa0;mois</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n week ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;semaine</numerusform>
+            <numerusform>il y a %n&#xa0;semaines</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n weeks ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;semaine</numerusform>
+            <numerusform>il y a %n&#xa0;semaines</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;jour</numerusform>
+            <numerusform>il y a %n&#xa0;jours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;jour</numerusform>
+            <numerusform>il y a %n&#xa0;jours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;heure</numerusform>
+            <numerusform>il y a %n&#xa0;heures</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hours ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;heure</numerusform>
+            <numerusform>il y a %n&#xa0;heures</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minute ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;minute</numerusform>
+            <numerusform>il y a %n&#xa0;minutes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minutes ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;minute</numerusform>
+            <numerusform>il y a %n&#xa0;minutes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;seconde</numerusform>
+            <numerusform>il y a %n&#xa0;secondes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n seconds ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;seconde</numerusform>
+            <numerusform>il y a %n&#xa0;secondes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Last checked %1</source>
+        <translation>Dernière recherche %1</translation>
+    </message>
+    <message>
+        <source>Not checked yet.</source>
+        <translation>Aucune recherche pour l’instant.</translation>
+    </message>
+    <message>
+        <source>Today %1</source>
+        <translation>Aujourd’hui %1</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>TrayPresenter</name>
+    <message>
+        <source>Open Tarvik…</source>
+        <translation>Ouvrir Tarvik…</translation>
+    </message>
+    <message>
+        <source>Lock &amp; leave</source>
+        <translation>Verrouiller et partir</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Quit Tarvik</source>
+        <translation>Quitter Tarvik</translation>
+    </message>
+</context>
+<context>
+    <name>TriggersTab</name>
+    <message>
+        <source>Coding agents</source>
+        <translation>Agents de programmation</translation>
+    </message>
+    <message>
+        <source>Keep the Mac awake while any of %1 known coding agents is running.</source>
+        <translation>Garde l’ordinateur actif tant qu’un des %1 agents de programmation connus est en cours d’exécution.</translation>
+    </message>
+    <message>
+        <source>Watch coding agents</source>
+        <translation>Surveiller les agents de programmation</translation>
+    </message>
+    <message>
+        <source>Cursor, Zed, Warp and friends run their agent inside the editor, so Tarvik can only tell that the app is open — not that it&apos;s working. Your Mac stays awake for as long as the editor is running.</source>
+        <translation>Cursor, Zed, Warp et consorts exécutent leur agent dans l’éditeur&#xa0;: Tarvik voit seulement que l’application est ouverte, pas qu’elle travaille. Votre ordinateur reste actif tant que l’éditeur est ouvert.</translation>
+    </message>
+    <message>
+        <source>Keep awake while an AI editor is open</source>
+        <translation>Rester actif si un éditeur d’IA est ouvert</translation>
+    </message>
+</context>
+<context>
+    <name>UpdatesTab</name>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Rechercher automatiquement les mises à jour</translation>
+    </message>
+    <message>
+        <source>Automatically download and install updates</source>
+        <translation>Télécharger et installer automatiquement</translation>
+    </message>
+    <message>
+        <source>Tarvik %1</source>
+        <translation>Tarvik %1</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Rechercher les mises à jour…</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage</name>
+    <message>
+        <source>Keep working, lid closed</source>
+        <translation>Continuer, capot fermé</translation>
+    </message>
+    <message>
+        <source>Let agents, builds, and downloads keep running after you shut the lid.</source>
+        <translation>Laissez les agents, compilations et téléchargements continuer une fois le capot fermé.</translation>
+    </message>
+    <message>
+        <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
+        <translation>Normalement, un portable se met en veille dès que vous fermez le capot. Tarvik peut l’empêcher, mais doit d’abord installer un petit service auxiliaire.</translation>
+    </message>
+</context>
+</TS>
