@@ -20,7 +20,8 @@ public Q_SLOTS:
     void applicationAvailable()
     {
         if (qEnvironmentVariableIsSet("TARVIK_TRANSLATIONS"))
-            m_translation.emplace(qEnvironmentVariable("TARVIK_TRANSLATIONS"), QStringList{QStringLiteral("de")});
+            m_translation.emplace(
+                qEnvironmentVariable("TARVIK_TRANSLATIONS"), QStringList{qEnvironmentVariable("TARVIK_LANGUAGE")});
     }
 
     void cleanupTestCase() { m_translation.reset(); }

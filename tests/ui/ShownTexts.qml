@@ -10,6 +10,13 @@ QtObject {
         return Array.from(item.children).reduce((all, child) => all.concat(below(child)), own);
     }
 
+    /// Whether a text was translated, as far as that can be seen: only the translation that is made for tests marks what it
+    /// has gone over.
+    function isTranslated(text: string): bool {
+        const isMarked = qsTranslate("StatusText", "Off").startsWith("⟦");
+        return isMarked ? text.startsWith("⟦") && text.endsWith("⟧") : text.length > 0;
+    }
+
     /// Why a text cannot be read as a whole across `surface`; nothing when it can.
     function flaw(text: Item, surface: Item): string {
         const start = text.mapToItem(surface, 0, 0).x;
