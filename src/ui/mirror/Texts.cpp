@@ -35,9 +35,11 @@ constexpr std::array<Unit, 7> units{{
     {1, QT_TRANSLATE_N_NOOP("Texts", "%n second ago"), QT_TRANSLATE_N_NOOP("Texts", "%n seconds ago")},
 }};
 
-/// In milliseconds.
-constexpr qint64 second = 1'000;
-constexpr qint64 minute = 60 * second;
+/// In seconds.
+constexpr qint64 minute = 60;
+constexpr qint64 hour = 60 * minute;
+constexpr qint64 day = 24 * hour;
+constexpr qint64 millisecondsInSecond = 1'000;
 
 QString ago(qint64 seconds)
 {
@@ -49,9 +51,6 @@ QString ago(qint64 seconds)
 
 QString shortAgo(qint64 seconds)
 {
-    constexpr qint64 minute = 60;
-    constexpr qint64 hour = 60 * minute;
-    constexpr qint64 day = 24 * hour;
     if (seconds >= day)
         return ago(seconds);
     if (seconds >= hour)
@@ -123,13 +122,13 @@ int Texts::untilNextAge(const QVariant& date, const QDateTime& now)
     if (!at.isValid())
         return 0;
     const qint64 age = std::max<qint64>(0, at.msecsTo(now));
-    const qint64 unit = age < minute ? second : minute;
+    const qint64 unit = millisecondsInSecond * (age < minute * millisecondsInSecond ? 1 : minute);
     return static_cast<int>(unit - age % unit);
 }
 
-QString Texts::day(const QString& day, const QDateTime& now)
+QString Texts::day(const QString& isoDate, const QDateTime& now)
 {
-    const QDate date = QDate::fromString(day, Qt::ISODate);
+    const QDate date = QDate::fromString(isoDate, Qt::ISODate);
     const QDate today = now.toLocalTime().date();
     if (date == today)
         return QCoreApplication::translate("Texts", "Today");
@@ -142,7 +141,7 @@ int Texts::untilNextDay(const QDateTime& now)
 {
     const QDateTime local = now.toLocalTime();
     const QDateTime midnight = local.date().addDays(1).startOfDay();
-    return static_cast<int>(std::clamp<qint64>(local.msecsTo(midnight), 1, minute));
+    return static_cast<int>(std::clamp<qint64>(local.msecsTo(midnight), 1, minute * millisecondsInSecond));
 }
 
 QString Texts::time(const QDateTime& at)

@@ -33,7 +33,7 @@ public:
     Q_INVOKABLE static QString hookState(const QString& id, const QVariant& date, const QDateTime& now);
 
     /// A day in ISO 8601, as a heading.
-    Q_INVOKABLE static QString day(const QString& day, const QDateTime& now);
+    Q_INVOKABLE static QString day(const QString& isoDate, const QDateTime& now);
     /// Milliseconds until `day` says something else. At most a minute, since nobody tells of a clock that is set or of
     /// a computer that has slept.
     Q_INVOKABLE static int untilNextDay(const QDateTime& now);
