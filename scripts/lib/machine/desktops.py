@@ -118,6 +118,8 @@ class Xfce(Desktop):
     def set_up(self, machine):
         # It would lock after every suspend, and then its greeter is the active session.
         machine.shell("pkill light-locker", check=False)
+        # Debian 12's starts with MATE only.
+        machine.shell("pgrep -x polkit-mate-aut || (/usr/libexec/polkit-mate-authentication-agent-1 >/dev/null 2>&1 &)")
 
     def lock(self, machine):
         machine.shell("pgrep light-locker || (light-locker --lock-after-screensaver=0 >/dev/null 2>&1 &)")

@@ -132,6 +132,8 @@ def without_helper(context):
     try:
         yield
     finally:
+        # A machine that sleeps runs no command of its user.
+        move_lid(context, "open")
         for file in HELPER_FILES:
             machine.root("mv", f"/root/package/{file.rpartition('/')[2]}", file)
         reload_services(machine)
@@ -352,6 +354,53 @@ def refused(context):
     return f"suspend {slept:.1f} s"
 
 
+def dialog(context):
+    """The desktop's own dialog: cancelled, it comes back by what happens only; the password in it keeps the machine awake."""
+    machine = context.machine
+    if not context.desktop.has_x_server:
+        raise NotHere("no dialog without an X server")
+    dialogs = "xdotool search --onlyvisible --class '^polkit-.*-authentication-agent-1$'"
+
+    def is_shown():
+        return bool(machine.shell(dialogs, check=False).strip())
+
+    def expect_shown(what):
+        eventually(is_shown, REACTION, what)
+        # It cannot be typed into before it has the keyboard.
+        machine.shell(f"xdotool windowactivate --sync $({dialogs} | tail -n 1)")
+
+    with laptop(context, mode=False), without_helper(context):
+        before = prompt_refusals(context)
+        context.set("clamshellEnabled", True)
+        begin_work(context)
+        eventually(lambda: is_shown() or lid_locks(context), REACTION, "the dialog")
+        if lid_locks(context):
+            raise NotHere("asks for no password")
+        expect_shown("the dialog")
+        context.picture("lid-dialog")
+        machine.session("xdotool", "key", "Escape")
+        eventually(lambda: prompt_refusals(context) > before and not is_shown(), REACTION, "the dialog is dismissed")
+        # Twice the period of those who look at processes and at the lid.
+        time.sleep(10)
+        if is_shown() or lid_locks(context):
+            raise Unexpected("the clock makes it ask again")
+        context.set("notifyOnPause", False)
+        context.set("notifyOnPause", True)
+        expect_shown("the dialog after the next event")
+        machine.shell(f"xdotool type {USER}; xdotool key Return")
+        expect_locked(context, [0], "the password is given")
+        moved = move_lid(context, "close")
+        expect_no_suspend(context, moved, CALM)
+        move_lid(context, "open")
+        # Before systemd 257 the lid has had the desktop ask logind to sleep, and that the user whether in spite of the lock.
+        machine.session("xdotool", "key", "Escape")
+        eventually(lambda: not is_shown(), REACTION, "the question of the desktop's own is dismissed")
+        machine.root("pkill", "-KILL", "-f", f"^{PROGRAM}")
+        expect_locked(context, [], "killed")
+        slept = expect_asleep(context, move_lid(context, "close"), "the lid")
+    return f"cancelled, asked again, locked; after a kill suspend {slept:.1f} s"
+
+
 def two_users(context):
     """The work of another user, on another terminal, goes on after one's own; then theirs ends."""
     machine = context.machine
@@ -432,6 +481,7 @@ ALL = {f"lid-{name}": scenario for name, scenario in {
     "logind": logind_restarts,
     "password": password,
     "refused": refused,
+    "dialog": dialog,
     "two-users": two_users,
     "remote": remote,
     "cost": cost,
