@@ -408,7 +408,9 @@ def two_users(context):
         machine.root("systemd-run", "--quiet", "--unit=second-user", "--property=PAMName=login", "--property=User=other",
                      "--property=StandardInput=tty", "--property=TTYPath=/dev/tty5", "--setenv=XDG_SEAT=seat0",
                      "--setenv=XDG_VTNR=5", "/bin/sleep", "infinity")
-        eventually(lambda: "other" in machine.root("loginctl", "list-sessions"), REACTION, "the other's session")
+        # From systemd 257 on a session is listed before its bus is there.
+        eventually(lambda: machine.root("systemctl", "is-active", "user@1001.service", check=False) == "active\n", REACTION,
+                   "the other's session")
         try:
             context.start_tarvik("other")
             machine.session("busctl", "--user", "set-property", "com.morvanta.Tarvik", "/com/morvanta/Tarvik",
