@@ -10,7 +10,7 @@ Item {
 
     required property Theme theme
     /// In ISO 8601.
-    required property string section
+    required property string day
     required property date now
 
     readonly property int inset: theme.scaled(12)
@@ -32,7 +32,7 @@ Item {
         color: root.theme.secondaryText
         font.pixelSize: root.theme.captionSize
         font.weight: Font.DemiBold
-        text: Texts.day(root.section, root.now)
+        text: Texts.day(root.day, root.now)
         theme: root.theme
 
         Accessible.ignored: true

@@ -32,18 +32,15 @@ ListView {
         theme: root.theme
         topPadding: 10
     }
+    // A heading is a part of the first entry below it: as a delegate of the section it would come to a screen reader after
+    // that, and when it is used again, keep its text.
     section.property: "day"
 
     // What a component names of its surroundings cannot be declared before Qt 6.5.
     // qmllint disable unqualified
-    delegate: JournalRow {
+    delegate: JournalEntry {
         isCurrent: ListView.isCurrentItem && root.activeFocus
         isFirstOfDay: ListView.previousSection !== ListView.section
-        now: root.now
-        theme: root.theme
-        width: root.width
-    }
-    section.delegate: JournalHeading {
         now: root.now
         theme: root.theme
         width: root.width
@@ -53,7 +50,7 @@ ListView {
     onActiveFocusChanged: {
         if (!activeFocus)
             return;
-        currentIndex = rowAt(contentY);
+        currentIndex = indexAt(1, contentY);
         positionViewAtIndex(currentIndex, ListView.Contain);
     }
 
@@ -71,19 +68,13 @@ ListView {
         target: root.model
     }
 
-    /// The row at `y`, or below the heading there; -1 without one.
-    function rowAt(y: real): int {
-        const row = indexAt(1, y);
-        return row < 0 ? indexAt(1, y + theme.scaled(40)) : row;
-    }
-
     /// By a page, or to an end.
     function moveBy(key: int): bool {
         const targets = {
             [Qt.Key_Home]: 0,
             [Qt.Key_End]: count - 1,
-            [Qt.Key_PageUp]: Math.max(0, rowAt(contentY - height)),
-            [Qt.Key_PageDown]: rowAt(contentY + 2 * height - 1)
+            [Qt.Key_PageUp]: Math.max(0, indexAt(1, contentY - height)),
+            [Qt.Key_PageDown]: indexAt(1, contentY + 2 * height - 1)
         };
         if (!(key in targets))
             return false;

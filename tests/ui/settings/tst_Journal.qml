@@ -51,10 +51,16 @@ Item {
             tarvik.record("on", reason);
         }
 
-        /// The headings and rows, from top to bottom, as the screen reader has them.
+        /// The headings and rows below an item, from top to bottom, as a screen reader has them.
+        function parts(item) {
+            if (item.Accessible.name)
+                return [item];
+            const below = Array.from(item.children).filter(child => child.visible);
+            return [].concat(...below.sort((one, other) => one.y - other.y).map(parts));
+        }
+
         function shown() {
-            const items = Array.from(list.contentItem.children).filter(item => item.visible && item.Accessible.name);
-            return items.sort((one, other) => one.y - other.y).map(item => item.Accessible.name);
+            return parts(list.contentItem).map(item => item.Accessible.name);
         }
 
         function test_entriesStandBelowTheirDays() {
@@ -66,9 +72,8 @@ Item {
                 "Today", `just now, Today, ${time(23, 59)}`,
                 "Yesterday", `in the evening, Yesterday, ${time(23, 59)}`, `in the morning, Yesterday, ${time(0, 0)}`,
                 longAgo, `long ago, ${longAgo}, ${time(8, 30)}`]);
-            const heading = Array.from(list.contentItem.children).find(item => item.section === "2026-03-01");
-            compare(heading.Accessible.role, Accessible.Heading);
-            compare(list.itemAtIndex(0).Accessible.role, Accessible.ListItem);
+            const [heading, row] = parts(list.itemAtIndex(0));
+            compare([heading.Accessible.role, row.Accessible.role], [Accessible.Heading, Accessible.ListItem]);
             compare(list.itemAtIndex(0).timeText, time(23, 59));
         }
 
@@ -95,6 +100,29 @@ Item {
             tryVerify(() => list.atYEnd);
             list.moveBy(Qt.Key_Home);
             tryVerify(() => list.atYBeginning);
+        }
+
+        function test_headingsStayRightHoweverFarOneScrolls() {
+            tarvik.journal.clear();
+            tryVerify(() => list.count === 0);
+            for (let day = 1; day <= 28; ++day) {
+                record(new Date(2026, 3, day, 12, 0), "in the morning");
+                record(new Date(2026, 3, day, 18, 0), "in the evening");
+            }
+            for (const end of [Qt.Key_End, Qt.Key_Home, Qt.Key_PageDown, Qt.Key_PageDown, Qt.Key_PageUp]) {
+                list.moveBy(end);
+                waitForRendering(list);
+                for (let index = 0; index < list.count; ++index) {
+                    const entry = list.itemAtIndex(index);
+                    if (!entry)
+                        continue;
+                    const names = parts(entry).map(part => part.Accessible.name);
+                    const day = Texts.day(entry.day, list.now);
+                    compare(names.length, entry.isFirstOfDay ? 2 : 1);
+                    compare(entry.isFirstOfDay, entry.reason !== "in the morning");
+                    verify(names.every(name => name.includes(day)), names.join());
+                }
+            }
         }
 
         function test_onlyTheRowsThatAreSeenExist() {
