@@ -22,6 +22,11 @@ constexpr Seconds period{24.0 * 60 * 60};
 /// A session that begins has more urgent things to do.
 constexpr Seconds earliest{5.0 * 60};
 
+bool isOn(const SettingsStore& store, const QString& key)
+{
+    return store.boolean(key).value_or(false);
+}
+
 std::optional<TimePoint> readDate(const SettingsStore& store)
 {
     const auto seconds = store.integer(dateKey);
@@ -34,10 +39,14 @@ Updater::Updater(UpdateDriver& driver, SettingsStore& store, Clock& clock)
     : m_driver(driver)
     , m_store(store)
     , m_clock(clock)
-    , m_automaticallyChecksForUpdates(store.boolean(checksKey).value_or(false))
-    , m_automaticallyDownloadsUpdates(store.boolean(downloadsKey).value_or(false))
+    , m_automaticallyChecksForUpdates(isOn(store, checksKey))
+    , m_automaticallyDownloadsUpdates(isOn(store, downloadsKey))
     , m_lastUpdateCheckDate(readDate(store))
-    , m_availabilityChanges(driver.availabilityChanged.subscribe([this] { updateCanCheck(); }))
+    , m_channelChanges(driver.channelChanged.subscribe([this] {
+        Q_EMIT updateChannelChanged();
+        updateCanCheck();
+    }))
+    , m_storeChanges(store.changed.subscribe([this] { readStore(); }))
     , m_ends(driver.finished.subscribe([this](bool hasChecked) { finish(hasChecked); }))
 {
     updateCanCheck();
@@ -47,6 +56,23 @@ Updater::Updater(UpdateDriver& driver, SettingsStore& store, Clock& clock)
 void Updater::prepare()
 {
     m_driver.prepare();
+}
+
+QString Updater::updateChannel() const
+{
+    switch (m_driver.channel()) {
+    case UpdateDriver::Channel::available:
+        return u"available"_s;
+    case UpdateDriver::Channel::system:
+        return u"system"_s;
+    case UpdateDriver::Channel::source:
+        return u"source"_s;
+    case UpdateDriver::Channel::manual:
+        return u"manual"_s;
+    case UpdateDriver::Channel::unknown:
+        break;
+    }
+    return u"unknown"_s;
 }
 
 void Updater::checkForUpdates()
@@ -68,6 +94,20 @@ void Updater::setAutomaticallyDownloadsUpdates(bool on)
     m_automaticallyDownloadsUpdates = on;
     m_store.setBoolean(downloadsKey, on);
     Q_EMIT automaticallyDownloadsUpdatesChanged();
+}
+
+void Updater::readStore()
+{
+    const bool checks = isOn(m_store, checksKey);
+    const bool downloads = isOn(m_store, downloadsKey);
+    const bool isCheckingNew = std::exchange(m_automaticallyChecksForUpdates, checks) != checks;
+    const bool isDownloadingNew = std::exchange(m_automaticallyDownloadsUpdates, downloads) != downloads;
+    if (isCheckingNew) {
+        schedule();
+        Q_EMIT automaticallyChecksForUpdatesChanged();
+    }
+    if (isDownloadingNew)
+        Q_EMIT automaticallyDownloadsUpdatesChanged();
 }
 
 void Updater::schedule()

@@ -22,6 +22,7 @@ class Updater : public QObject {
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
     Q_PROPERTY(bool automaticallyChecksForUpdates READ automaticallyChecksForUpdates WRITE setAutomaticallyChecksForUpdates NOTIFY automaticallyChecksForUpdatesChanged)
     Q_PROPERTY(bool automaticallyDownloadsUpdates READ automaticallyDownloadsUpdates WRITE setAutomaticallyDownloadsUpdates NOTIFY automaticallyDownloadsUpdatesChanged)
+    Q_PROPERTY(QString updateChannel READ updateChannel NOTIFY updateChannelChanged)
     // clang-format on
 
 public:
@@ -33,6 +34,10 @@ public:
 
     /// Updates can be had and no check is under way; false until `prepare()` has found out.
     bool canCheckForUpdates() const { return m_canCheckForUpdates; }
+
+    /// How new versions come to this copy: "available", "system", "source" or "manual", see UpdateDriver::Channel, or
+    /// "unknown".
+    QString updateChannel() const;
 
     /// Does nothing while `canCheckForUpdates` is false.
     void checkForUpdates();
@@ -49,11 +54,13 @@ public:
 
 Q_SIGNALS:
     void canCheckForUpdatesChanged();
+    void updateChannelChanged();
     void automaticallyChecksForUpdatesChanged();
     void automaticallyDownloadsUpdatesChanged();
     void lastUpdateCheckDateChanged();
 
 private:
+    void readStore();
     void schedule();
     void scheduleIn(Seconds delay);
     void checkAutomatically();
@@ -72,7 +79,8 @@ private:
     /// The daily check has come due before it was known whether there can be one.
     bool m_isDue = false;
     std::unique_ptr<Timer> m_timer;
-    Subscription m_availabilityChanges;
+    Subscription m_channelChanges;
+    Subscription m_storeChanges;
     Subscription m_ends;
 };
 

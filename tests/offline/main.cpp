@@ -12,6 +12,7 @@
 //   install ID              installs the hooks of an agent
 //   event ID                the hook of an agent tells of the end of a turn
 //   updates on|off|checked  whether updates can be had; a check of which has just ended
+//   updates CHANNEL         how they come instead: system, source or manual
 //   forget                  clears the journal
 //   earlier SECONDS         sets the machine's clock back
 // Prints "entered LINE" once all of its consequences have been announced, "unknown LINE" for any other line. The
@@ -119,9 +120,8 @@ private:
             m_tarvik.updateDriver.finish(true);
             return true;
         }
-        m_tarvik.updateDriver.available = state == u"on"_s;
-        m_tarvik.updateDriver.availabilityChanged();
-        return true;
+        const QString channel = state == u"on"_s ? u"available"_s : state == u"off"_s ? u"unknown"_s : state;
+        return m_tarvik.updateDriver.become(channel);
     }
 
     /// A file stands where an agent keeps its folder, which stops root, too; those that have a folder keep it.

@@ -103,6 +103,7 @@ Item {
             const now = new Date();
             tarvik.setClock(now);
             tarvik.record("paused", "Paused");
+            tarvik.setUpdateChannel("source");
             verify(grabImage(view));
             check(view, view, [Texts.time(now)]);
         }

@@ -193,6 +193,13 @@ public:
         m_served->updateDriver.becomeAvailable();
         arrive();
     }
+    /// A channel by its name on the bus.
+    Q_INVOKABLE void setUpdateChannel(const QString& name)
+    {
+        if (!m_served->updateDriver.become(name))
+            qFatal("No updates come like this: %s", qUtf8Printable(name));
+        arrive();
+    }
     Q_INVOKABLE int updateChecks() const { return static_cast<int>(m_served->updateDriver.started.size()); }
     Q_INVOKABLE void finishUpdateCheck()
     {

@@ -55,7 +55,7 @@ private Q_SLOTS:
 
     void canCheckIsTakenFromTheDriverAtOnce()
     {
-        m_driver->available = true;
+        m_driver->current = UpdateDriver::Channel::available;
         start();
         QVERIFY(m_updater->canCheckForUpdates());
         QCOMPARE(m_driver->preparations, 0);
@@ -72,6 +72,41 @@ private Q_SLOTS:
         m_driver->becomeAvailable();
         QCOMPARE(m_updater->canCheckForUpdates(), true);
         QCOMPARE(changed.size(), 1);
+    }
+
+    void howUpdatesComeIsTakenFromTheDriver()
+    {
+        start();
+        QCOMPARE(m_updater->updateChannel(), u"unknown"_s);
+        QSignalSpy changed(&*m_updater, &Updater::updateChannelChanged);
+        using Channel = UpdateDriver::Channel;
+        const QList<std::pair<Channel, QString>> all{{Channel::system, u"system"_s},
+            {Channel::source, u"source"_s},
+            {Channel::manual, u"manual"_s},
+            {Channel::available, u"available"_s}};
+        for (const auto& [channel, name] : all) {
+            m_driver->become(channel);
+            QCOMPARE(m_updater->updateChannel(), name);
+            QCOMPARE(m_updater->canCheckForUpdates(), channel == Channel::available);
+        }
+        QCOMPARE(changed.size(), all.size());
+    }
+
+    void whatSomebodyElseStoresIsTakenOver()
+    {
+        start();
+        QSignalSpy checks(&*m_updater, &Updater::automaticallyChecksForUpdatesChanged);
+        QSignalSpy downloads(&*m_updater, &Updater::automaticallyDownloadsUpdatesChanged);
+        m_store.replace({{u"automaticallyChecksForUpdates"_s, true}, {u"automaticallyDownloadsUpdates"_s, true}});
+        QVERIFY(m_updater->automaticallyChecksForUpdates() && m_updater->automaticallyDownloadsUpdates());
+        QCOMPARE(m_clock->pending(), std::size_t{1});
+        m_store.replace(m_store.values);
+        QCOMPARE(checks.size(), 1);
+        QCOMPARE(downloads.size(), 1);
+        m_store.replace({});
+        QVERIFY(!m_updater->automaticallyChecksForUpdates() && !m_updater->automaticallyDownloadsUpdates());
+        QCOMPARE(m_clock->pending(), std::size_t{0});
+        QVERIFY(m_store.writes.isEmpty());
     }
 
     void aCheckByHandIsDoneOnceAtATimeAndDated()
@@ -136,7 +171,7 @@ private Q_SLOTS:
 
     void theDailyCheckIsDoneOnceADay()
     {
-        m_driver->available = true;
+        m_driver->current = UpdateDriver::Channel::available;
         m_store.values[u"automaticallyChecksForUpdates"_s] = true;
         start();
         m_clock->advance(4 * minute);
@@ -153,7 +188,7 @@ private Q_SLOTS:
 
     void aRestartDoesNotBringTheDailyCheckForward()
     {
-        m_driver->available = true;
+        m_driver->current = UpdateDriver::Channel::available;
         m_store.values[u"automaticallyChecksForUpdates"_s] = true;
         m_store.values[u"lastUpdateCheckDate"_s] = qint64{1'700'000'000 - 3600};
         start();
@@ -165,7 +200,7 @@ private Q_SLOTS:
 
     void aDateInTheFutureDelaysNothingForLongerThanADay()
     {
-        m_driver->available = true;
+        m_driver->current = UpdateDriver::Channel::available;
         m_store.values[u"automaticallyChecksForUpdates"_s] = true;
         m_store.values[u"lastUpdateCheckDate"_s] = qint64{4'000'000'000};
         start();
@@ -175,7 +210,7 @@ private Q_SLOTS:
 
     void afterAFailureTheNextDailyCheckIsADayLater()
     {
-        m_driver->available = true;
+        m_driver->current = UpdateDriver::Channel::available;
         m_store.values[u"automaticallyChecksForUpdates"_s] = true;
         start();
         m_clock->advance(5 * minute);
@@ -214,7 +249,7 @@ private Q_SLOTS:
 
     void switchedOnDuringACheckTheNextOneIsADayLater()
     {
-        m_driver->available = true;
+        m_driver->current = UpdateDriver::Channel::available;
         start();
         m_driver->becomeAvailable();
         m_updater->checkForUpdates();

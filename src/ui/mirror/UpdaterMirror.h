@@ -15,6 +15,7 @@ class UpdaterMirror : public Tarvik::PropertyMirror {
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
     Q_PROPERTY(bool automaticallyChecksForUpdates READ automaticallyChecksForUpdates WRITE setAutomaticallyChecksForUpdates NOTIFY automaticallyChecksForUpdatesChanged)
     Q_PROPERTY(bool automaticallyDownloadsUpdates READ automaticallyDownloadsUpdates WRITE setAutomaticallyDownloadsUpdates NOTIFY automaticallyDownloadsUpdatesChanged)
+    Q_PROPERTY(QString updateChannel READ updateChannel NOTIFY updateChannelChanged)
     Q_PROPERTY(QVariant lastUpdateCheckDate READ lastUpdateCheckDate NOTIFY lastUpdateCheckDateChanged)
     // clang-format on
 
@@ -22,6 +23,8 @@ public:
     explicit UpdaterMirror(const QDBusConnection& bus);
 
     bool canCheckForUpdates() const { return value("canCheckForUpdates").toBool(); }
+    /// Empty until it is known.
+    QString updateChannel() const { return value("updateChannel").toString(); }
     bool automaticallyChecksForUpdates() const { return value("automaticallyChecksForUpdates").toBool(); }
     void setAutomaticallyChecksForUpdates(bool on) { write("automaticallyChecksForUpdates", on); }
     bool automaticallyDownloadsUpdates() const { return value("automaticallyDownloadsUpdates").toBool(); }
@@ -33,6 +36,7 @@ public:
 
 Q_SIGNALS:
     void canCheckForUpdatesChanged();
+    void updateChannelChanged();
     void automaticallyChecksForUpdatesChanged();
     void automaticallyDownloadsUpdatesChanged();
     void lastUpdateCheckDateChanged();

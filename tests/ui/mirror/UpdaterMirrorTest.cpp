@@ -25,8 +25,10 @@ private Q_SLOTS:
         QCOMPARE(updater.lastUpdateCheckDate(), QVariant());
         QVERIFY(!updater.canCheckForUpdates());
         QTRY_COMPARE(tarvik.updateDriver.preparations, 1);
+        QCOMPARE(updater.updateChannel(), u"unknown"_s);
         tarvik.updateDriver.becomeAvailable();
         QTRY_VERIFY(updater.canCheckForUpdates());
+        QCOMPARE(updater.updateChannel(), u"available"_s);
         updater.setAutomaticallyDownloadsUpdates(true);
         updater.setAutomaticallyChecksForUpdates(true);
         updater.checkForUpdates();

@@ -499,6 +499,43 @@ Item {
             }
         }
 
+        function test_whereThereAreNoUpdatesItIsSaidHowThisCopyIsUpdated_data() {
+            return [
+                {tag: "system", text: "This copy is updated together with the other packages of this computer."},
+                {tag: "source", text: "This copy was built from source. To update it, build a newer version."},
+                {tag: "manual", text: "This copy does not come from a package. To update it, install a newer version in its place."},
+            ];
+        }
+
+        function test_whereThereAreNoUpdatesItIsSaidHowThisCopyIsUpdated(data) {
+            show("Updates");
+            const switches = ["automaticallyChecks", "automaticallyDownloads"].map(find);
+            verify(switches.every(row => row.visible));
+            compare(find("thisCopy").footer, "");
+            tarvik.setUpdateChannel(data.tag);
+            verify(switches.every(row => !row.visible));
+            compare(find("thisCopy").footer, data.text);
+            verify(!find("check").enabled);
+            verify(texts(view).includes(data.text));
+            tarvik.setUpdateChannel("available");
+            verify(switches.every(row => row.visible));
+            compare(find("thisCopy").footer, "");
+            verify(find("check").enabled);
+        }
+
+        function test_theLastCheckAges() {
+            show("Updates");
+            tarvik.offerUpdates();
+            tarvik.setClock(new Date());
+            tarvik.updater.checkForUpdates();
+            tryVerify(() => tarvik.updateChecks() === 1);
+            tarvik.finishUpdateCheck();
+            const version = find("version");
+            verify(/^Last checked \d seconds? ago$/.test(version.caption), version.caption);
+            const first = version.caption;
+            tryVerify(() => version.caption !== first);
+        }
+
         function test_theLastCheckIsTold() {
             show("Updates");
             compare(find("version").caption, "Not checked yet.");

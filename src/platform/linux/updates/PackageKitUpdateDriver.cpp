@@ -4,6 +4,9 @@
 
 #include "core/Logging.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 #include <utility>
 
@@ -25,6 +28,22 @@ bool isPlaceOfPackages(const QString& path)
     return (path.startsWith("/usr/"_L1) && !path.startsWith("/usr/local/"_L1)) || path.startsWith("/opt/"_L1);
 }
 
+/// Whether the program lies where CMake has built it.
+bool isInBuildTree(const QString& program)
+{
+    QDir directory(QFileInfo(program).absolutePath());
+    while (!directory.exists(u"CMakeCache.txt"_s)) {
+        if (!directory.cdUp())
+            return false;
+    }
+    return true;
+}
+
+UpdateDriver::Channel channelWithoutPackages(const QString& program)
+{
+    return isInBuildTree(program) ? UpdateDriver::Channel::source : UpdateDriver::Channel::manual;
+}
+
 QString packageName(const QString& packageId)
 {
     return packageId.section(u';', 0, 0);
@@ -36,13 +55,15 @@ PackageKitUpdateDriver::PackageKitUpdateDriver(QDBusConnection systemBus, QStrin
     : m_bus(std::move(systemBus))
     , m_program(std::move(program))
     , m_clock(clock)
+    , m_channel(isPlaceOfPackages(m_program) ? Channel::unknown : channelWithoutPackages(m_program))
 {
 }
 
 void PackageKitUpdateDriver::prepare()
 {
-    if (std::exchange(m_isPrepared, true) || !isPlaceOfPackages(m_program))
+    if (m_isPrepared || !isPlaceOfPackages(m_program))
         return;
+    m_isPrepared = true;
     m_initiator = Initiator::timer;
     run(u"SearchFiles"_s,
         {QVariant::fromValue(onlyInstalled), QStringList{m_program}},
@@ -56,12 +77,21 @@ void PackageKitUpdateDriver::readPackage(const PackageKitTransaction::Outcome& o
         qCInfo(logSystem, "There are no updates, for lack of PackageKit: %ls", qUtf16Printable(*outcome.error));
         // It may be installed later, or was only busy.
         m_isPrepared = false;
+        setChannel(Channel::system);
         return;
     }
-    if (outcome.packageIds.isEmpty())
+    if (outcome.packageIds.isEmpty()) {
+        setChannel(channelWithoutPackages(m_program));
         return;
+    }
     m_package = packageName(outcome.packageIds.constFirst());
-    availabilityChanged();
+    setChannel(Channel::available);
+}
+
+void PackageKitUpdateDriver::setChannel(Channel channel)
+{
+    if (std::exchange(m_channel, channel) != channel)
+        channelChanged();
 }
 
 void PackageKitUpdateDriver::start(Task task, Initiator initiator)

@@ -22,10 +22,11 @@ public:
     PackageKitUpdateDriver(QDBusConnection systemBus, QString program, Clock& clock);
 
     void prepare() override;
-    bool isAvailable() const override { return m_package.has_value(); }
+    Channel channel() const override { return m_channel; }
     void start(Task task, Initiator initiator) override;
 
 private:
+    void setChannel(Channel channel);
     void readPackage(const PackageKitTransaction::Outcome& outcome);
     void refreshCache();
     void readUpdates(const PackageKitTransaction::Outcome& outcome);
@@ -40,7 +41,8 @@ private:
     Clock& m_clock;
     /// The question whether there is a package has been asked, and nothing speaks for asking it again.
     bool m_isPrepared = false;
-    /// The name of the package.
+    Channel m_channel;
+    /// The name of the package; there is one when updates are available.
     std::optional<QString> m_package;
     Task m_task = Task::check;
     Initiator m_initiator = Initiator::timer;

@@ -7,7 +7,10 @@
 #include "support/TestSupport.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QDir>
+#include <QFile>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
@@ -49,9 +52,10 @@ private Q_SLOTS:
     {
         use(program);
         int announced = 0;
-        const Subscription listening = m_driver->availabilityChanged.subscribe([&] { ++announced; });
+        const Subscription listening = m_driver->channelChanged.subscribe([&] { ++announced; });
         m_driver->prepare();
         m_driver->prepare();
+        QCOMPARE(m_driver->channel(), UpdateDriver::Channel::unknown);
         QTRY_VERIFY(m_driver->isAvailable());
         QCOMPARE(announced, 1);
         QCOMPARE(m_packageKit->methods, QStringList{u"SearchFiles"_s});
@@ -79,6 +83,18 @@ private Q_SLOTS:
         QVERIFY(m_packageKit->methods.isEmpty());
     }
 
+    void aProgramThatNoPackageBroughtSaysAtOnceHowItIsUpdated()
+    {
+        const QTemporaryDir tree;
+        QVERIFY(QDir(tree.path()).mkpath(u"build/lib/tarvik"_s));
+        const QString built = tree.filePath(u"build/lib/tarvik/Tarvik"_s);
+        use(built);
+        QCOMPARE(m_driver->channel(), UpdateDriver::Channel::manual);
+        QVERIFY(QFile(tree.filePath(u"build/CMakeCache.txt"_s)).open(QIODevice::WriteOnly));
+        use(built);
+        QCOMPARE(m_driver->channel(), UpdateDriver::Channel::source);
+    }
+
     void aProgramOfNoPackageHasNoUpdates()
     {
         m_packageKit->outcomes[u"SearchFiles"_s].packageIds.clear();
@@ -86,7 +102,7 @@ private Q_SLOTS:
         m_driver->prepare();
         QTRY_COMPARE(m_packageKit->methods.size(), 1);
         settle();
-        QVERIFY(!m_driver->isAvailable());
+        QCOMPARE(m_driver->channel(), UpdateDriver::Channel::manual);
         m_driver->prepare();
         settle();
         QCOMPARE(m_packageKit->methods.size(), 1);
@@ -99,7 +115,7 @@ private Q_SLOTS:
         expectLog(QtInfoMsg, u"^There are no updates, for lack of PackageKit: .*org.freedesktop.PackageKit.*$"_s);
         m_driver->prepare();
         settle();
-        QVERIFY(!m_driver->isAvailable());
+        QCOMPARE(m_driver->channel(), UpdateDriver::Channel::system);
         QVERIFY(m_packageKit->appear());
         m_driver->prepare();
         QTRY_VERIFY(m_driver->isAvailable());
