@@ -127,8 +127,6 @@ class Window:
 
     def parts(self):
         """All that a screen reader finds in the window, outermost first."""
-        while GLib.MainContext.default().iteration(False):
-            pass
         try:
             frame = self.frame()
             return list(descendants(frame)) if frame else []
