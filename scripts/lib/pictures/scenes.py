@@ -87,7 +87,8 @@ class Settings(Window):
         xdotool("key", "ctrl+Page_Down")
 
     def scroll_to_end(self):
-        self.point(0.5, 100)
+        # On the labels: a slider has the wheel for itself.
+        self.point(0.1, 0.7)
         xdotool("click", "--repeat", 40, "--delay", 5, 5)
         self.leave()
 
@@ -187,7 +188,7 @@ class Onboarding(Window):
             yield f"helper-{state}"
         xdotool("key", "Tab")
         yield "helper-focus"
-        self.point(0.5, 34)
+        self.point(0.5, 0.92)
         xdotool("key", "shift+Tab", "Return")
         yield "ready"
 

@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Tarvik authors
 # SPDX-License-Identifier: MIT
 """A window of Tarvik's, steered like a user's and photographed when nothing moves any more."""
+import collections
 import os
 import pathlib
 import re
@@ -48,8 +49,8 @@ class Window:
     around = 8
 
     def __init__(self, executable, look):
-        self.scale = int(look["scale"])
-        arguments = ["-reverse"] if look["reverse"] == "1" else []
+        self.is_reversed = look["reverse"] == "1"
+        arguments = ["-reverse"] if self.is_reversed else []
         self.process = subprocess.Popen([executable, *arguments], env={
             **os.environ, "QT_SCALE_FACTOR": look["scale"], "LANGUAGE": look["language"], "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
         eventually(lambda: output("busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
@@ -94,8 +95,9 @@ class Window:
 
     def photograph(self, file):
         """Whether there is something else to be seen than on the picture before: takes a picture of what is there once every
-        process has done what it had to, and two pictures in a row are equal."""
-        before, seen = self.shown, b""
+        process has done what it had to, and two pictures in a row are equal. Or once there is a third one that is equal: a caret
+        that blinks never rests."""
+        before, seen, often = self.shown, b"", collections.Counter()
 
         def is_at_rest():
             nonlocal seen
@@ -104,7 +106,8 @@ class Window:
                 return False
             subprocess.run(["scrot", "--overwrite", "--silent", "--autoselect", self.area(), file], check=True, timeout=PATIENCE)
             seen = file.read_bytes()
-            return seen == last and work_of_others() == work
+            often[seen] += 1
+            return often[seen] == 3 or seen == last and work_of_others() == work
 
         eventually(is_at_rest, "the window comes to rest")
         self.shown = seen
@@ -161,10 +164,10 @@ class Window:
         ratio = width / frame.width
         xdotool("mousemove", x + int((part.x - frame.x + part.width / 2) * ratio), y + int((part.y - frame.y + part.height / 2) * ratio))
 
-    def point(self, share_x, from_bottom):
-        """Moves the pointer: a share of the window's width, and logical pixels above its lower edge."""
+    def point(self, share_x, share_y):
+        """Moves the pointer: shares of the window's width, from where lines begin, and of its height."""
         x, y, width, height = self.geometry()
-        xdotool("mousemove", x + int(share_x * width), y + height - int(from_bottom * self.scale))
+        xdotool("mousemove", x + int((1 - share_x if self.is_reversed else share_x) * width), y + int(share_y * height))
 
 
 def children(accessible):
