@@ -35,9 +35,11 @@ class Panel(Window):
 
     def open(self):
         self.close()
+        # It would open at an edge that the pointer is near to.
         self.leave()
         self.click_tray()
         self.await_focus()
+        self.leave()
 
     def close(self):
         if self.windows():
@@ -80,6 +82,7 @@ class Settings(Window):
     def open(self):
         self.show("ShowSettings", "s", "")
         self.await_focus()
+        self.leave()
 
     def leaf(self):
         """To the next tab, with the focus on it."""
@@ -177,9 +180,9 @@ class Onboarding(Window):
 
     def scenes(self, tarvik, _look):
         """Goes through the steps."""
-        self.leave()
         self.show("ShowOnboarding", "s", "")
         self.await_focus()
+        self.leave()
         yield "welcome"
         xdotool("key", "Tab")
         yield "welcome-focus-on-continue"
@@ -199,9 +202,9 @@ class Alerts(Window):
     def scenes(self, _tarvik, _look):
         """One after the other."""
         for name, method in (("restart", "ShowRestartAlert"), ("approval", "ShowHelperApproval")):
-            self.leave()
             self.show(method, "s", "")
             self.await_focus()
+            self.leave()
             yield name
             xdotool("key", "shift+Tab")
             yield f"{name}-focus"

@@ -13,8 +13,8 @@ sys.path.append(str(ROOT / "tests" / "support"))
 from waiting import PATIENCE, eventually  # noqa: E402
 
 SIZE = (2560, 1600)
-# Where the pointer touches no window: beside them, and so far from the screen's edges that no panel opens there.
-NOWHERE = (300, 800)
+# Where the pointer may rest: so far from the screen's edges that no panel opens there.
+RESTING_PLACES = ((300, 800), (2260, 800), (1280, 1450))
 FAKE_PORTAL = str(ROOT / "tests" / "ui" / "fake_portal.py")
 # The colours of wallpapers, above and below; pictures with the second are small files.
 SKY = ((48, 82, 124), (140, 166, 196))

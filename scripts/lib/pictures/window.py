@@ -9,7 +9,7 @@ import subprocess
 
 import pyatspi
 from gi.repository import Atspi, GLib
-from stage import NOWHERE, output, xdotool
+from stage import RESTING_PLACES, output, xdotool
 from waiting import PATIENCE, eventually
 from x_windows import x_windows
 
@@ -113,10 +113,11 @@ class Window:
         self.shown = seen
         return seen != before
 
-    @staticmethod
-    def leave():
-        """Moves the pointer away."""
-        xdotool("mousemove", *NOWHERE)
+    def leave(self):
+        """Moves the pointer away, to where it touches no window."""
+        left, top, width, height = self.geometry() if self.windows() else (0, 0, 0, 0)
+        xdotool("mousemove", *next(place for place in RESTING_PLACES
+                                   if not (left <= place[0] < left + width and top <= place[1] < top + height)))
 
     def frame(self):
         desktop = pyatspi.Registry.getDesktop(0)
