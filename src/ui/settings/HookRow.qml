@@ -15,6 +15,8 @@ SwitchRow {
     required property bool hasFailed
     required property date now
 
+    readonly property alias docsButton: docs
+    readonly property bool isDocsHovered: docs.hovered
     readonly property string path: `~/${agent.configPath}`
     readonly property string health: isOn ? Texts.hookState(agent.id, hooks.lastEvents[agent.id], now) : ""
 
@@ -35,15 +37,5 @@ SwitchRow {
         theme: root.theme
 
         onClicked: Qt.openUrlExternally(root.agent.docs)
-
-        HelpTip {
-            implicitWidth: implicitContentWidth + leftPadding + rightPadding
-            isMirrored: docs.mirrored
-            text: docs.text
-            theme: root.theme
-            visible: docs.hovered
-            x: (docs.width - width) / 2
-            y: docs.height + 2
-        }
     }
 }

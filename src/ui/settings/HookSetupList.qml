@@ -47,8 +47,26 @@ Section {
             hooks: root.hooks
             now: root.now
             theme: root.theme
+
+            onIsDocsHoveredChanged: if (isDocsHovered)
+                tip.parent = docsButton
         }
         // qmllint enable unqualified
+    }
+    // One for all rows, which are many for what is seldom needed.
+    HelpTip {
+        id: tip
+
+        readonly property IconButton button: parent as IconButton
+
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        isMirrored: button?.mirrored ?? false
+        objectName: "docsTip"
+        text: button?.text ?? ""
+        theme: root.theme
+        visible: button?.hovered ?? false
+        x: ((button?.width ?? 0) - width) / 2
+        y: (button?.height ?? 0) + 2
     }
     Connections {
         function onChanged(id: string, succeeded: bool) {

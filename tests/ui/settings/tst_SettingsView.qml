@@ -200,6 +200,9 @@ Item {
             const button = find("geminiDocs");
             compare(button.text, "How hooks of Gemini CLI work");
             scrollTo(button);
+            mouseMove(button, 5, 5);
+            tryCompare(find("docsTip"), "visible", true);
+            compare(find("docsTip").text, button.text);
             mouseClick(button);
             compare(desktop.opened, ["https://geminicli.com/docs/hooks/"]);
             compare(tarvik.installedHooks(), ["claude"]);
