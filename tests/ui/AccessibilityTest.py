@@ -287,6 +287,24 @@ class SettingsTest(AccessibleWindowTest):
             by_name[name].queryAction().doAction(actions(by_name[name]).index("Press"))
         self.assertEqual(self.tarvik.request(), "AddToAllowlist One One")
 
+    def test_an_application_that_no_menu_shows_is_added_by_its_file(self):
+        notes = pathlib.Path.home() / "notes.desktop"
+        notes.write_text("Buy milk.", encoding="utf-8")
+        hidden = pathlib.Path.home() / ".local" / "share" / "applications" / "org.example.hidden.desktop"
+        hidden.parent.mkdir(parents=True, exist_ok=True)
+        hidden.write_text("[Desktop Entry]\nType=Application\nName=Hidden.app\nExec=true\nNoDisplay=true\n", encoding="utf-8")
+        portal = self.start_fake("fake_portal.py", f"file={notes}")
+        self.perform("Triggers", "Press")
+        self.perform("Add App…", "Press")
+        self.perform("Other…", "Press")
+        await_told(lambda: self.find("notes.desktop is not the desktop file of an application that can be started.", "alert"), "why not")
+        portal.stdin.write(f"file={hidden}\n")
+        portal.stdin.flush()
+        self.assertEqual(portal.stdout.readline(), f"told file={hidden}\n")
+        self.perform("Other…", "Press")
+        self.assertEqual(self.tarvik.request(), "AddToAllowlist org.example.hidden Hidden")
+        await_told(lambda: not self.find("Other…"), "the chooser closes")
+
     def test_the_battery_level_is_a_slider_with_a_value(self):
         self.perform("Power", "Press")
         slider = await_told(lambda: self.find("Battery level", "slider"), "the slider")
