@@ -173,7 +173,7 @@ Item {
             tryVerify(() => tarvik.installedHooks().join() === "claude,codex");
             click("claude");
             tryVerify(() => tarvik.installedHooks().join() === "codex");
-            compare(find("codex").caption, "~/.codex/hooks.json\nNo event yet. Restart Codex and approve the hooks when it asks: it skips them until you do.");
+            tryCompare(find("codex"), "caption", "~/.codex/hooks.json\nNo event yet. Restart Codex and approve the hooks when it asks: it skips them until you do.");
             tryCompare(find("claude"), "caption", "~/.claude/settings.json");
         }
 
