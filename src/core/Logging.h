@@ -10,6 +10,7 @@ namespace Tarvik {
 Q_DECLARE_LOGGING_CATEGORY(logCoordinator)
 Q_DECLARE_LOGGING_CATEGORY(logNotify)
 Q_DECLARE_LOGGING_CATEGORY(logHooks)
+Q_DECLARE_LOGGING_CATEGORY(logAgentRequest)
 Q_DECLARE_LOGGING_CATEGORY(logSystem)
 
 /// The settings store, which has no text of its own to say but must not lose data in silence.
