@@ -18,6 +18,7 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -101,7 +102,8 @@ int main(int argc, char** argv)
                                     lidClosed,
                                     appearance,
                                     {Tarvik::installedApplications, Tarvik::applicationOfFile},
-                                    bundle.iconDirectory()},
+                                    bundle.iconDirectory(),
+                                    QUrl(QStringLiteral(TARVIK_API_ADDRESS))},
         bus,
         linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };

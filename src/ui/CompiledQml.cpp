@@ -7,17 +7,20 @@
 #include <QtGlobal>
 
 void qml_register_types_Tarvik_Mirror();
+void qml_register_types_Tarvik_Request();
 
 // Not in a namespace: the macro declares global functions.
 static void loadCompiledQml()
 {
+    Q_INIT_RESOURCE(qmlcache_tarvik_qml_agents);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_alerts);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_design);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_onboarding);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_panel);
     Q_INIT_RESOURCE(qmlcache_tarvik_qml_settings);
-    // Registers itself where it is linked.
-    [[maybe_unused]] void (*volatile types)() = qml_register_types_Tarvik_Mirror;
+    // They register themselves where they are linked.
+    [[maybe_unused]] void (*volatile mirror)() = qml_register_types_Tarvik_Mirror;
+    [[maybe_unused]] void (*volatile request)() = qml_register_types_Tarvik_Request;
 }
 
 Q_CONSTRUCTOR_FUNCTION(loadCompiledQml)

@@ -146,7 +146,8 @@ void WindowKeeper::openSettings(const QString& activationToken)
                 m_models.lidClosed,
                 m_models.appearance,
                 m_models.applications,
-                m_models.iconDirectory},
+                m_models.iconDirectory,
+                m_models.apiAddress},
             m_bus);
         connect(m_settings.get(), &SettingsWindow::visibleChanged, this, &WindowKeeper::followVisibility);
     }

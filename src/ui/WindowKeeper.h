@@ -12,6 +12,7 @@
 #include <QQmlEngine>
 #include <QString>
 #include <QTimer>
+#include <QUrl>
 
 #include <array>
 #include <chrono>
@@ -39,6 +40,8 @@ public:
         ApplicationChoice::Sources applications;
         /// Where the theme "hicolor" with the application's icon is.
         QString iconDirectory;
+        /// See AgentRequest.
+        QUrl apiAddress{};
     };
 
     WindowKeeper(Models models, const QDBusConnection& bus, std::chrono::milliseconds linger);

@@ -21,6 +21,9 @@ Item {
     TestTarvik {
         id: tarvik
     }
+    TestWebService {
+        id: webService
+    }
     ShownTexts {
         id: shownTexts
     }
@@ -33,6 +36,7 @@ Item {
         id: view
 
         agentCount: 29
+        agentRequest: webService.request
         anchors.fill: parent
         applications: tarvik.applications
         hooks: tarvik.hooks

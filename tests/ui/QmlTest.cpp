@@ -3,6 +3,7 @@
 #include "core/Translation.h"
 #include "ui/TestDesktop.h"
 #include "ui/TestTarvik.h"
+#include "ui/TestWebService.h"
 #include "ui/design/ApplicationIconProvider.h"
 #include "ui/design/IconProvider.h"
 #include "ui/design/ShadowProvider.h"
@@ -30,6 +31,7 @@ public Q_SLOTS:
     {
         qmlRegisterType<Tarvik::TestDesktop>("Tarvik.Test", 1, 0, "TestDesktop");
         qmlRegisterType<Tarvik::TestTarvik>("Tarvik.Test", 1, 0, "TestTarvik");
+        qmlRegisterType<Tarvik::TestWebService>("Tarvik.Test", 1, 0, "TestWebService");
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
         engine->addImageProvider(QStringLiteral("applications"), new Tarvik::ApplicationIconProvider);
         engine->addImageProvider(QStringLiteral("icons"), new Tarvik::IconProvider);

@@ -17,6 +17,11 @@ QtObject {
         return isMarked ? text.startsWith("⟦") && text.endsWith("⟧") : text.length > 0;
     }
 
+    /// Whether it is a part of `surface`.
+    function isBelow(item: Item, surface: Item): bool {
+        return item === surface || item !== null && isBelow(item.parent, surface);
+    }
+
     /// Why a text cannot be read as a whole across `surface`; nothing when it can.
     function flaw(text: Item, surface: Item): string {
         const start = text.mapToItem(surface, 0, 0).x;

@@ -3,6 +3,7 @@
 import QtQuick
 import Tarvik.Design
 import Tarvik.Mirror
+import Tarvik.Request
 
 /// What each tab of the settings shows, in the order of SettingsTabs.
 Item {
@@ -15,6 +16,7 @@ Item {
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
+    required property AgentRequest agentRequest
     required property int agentCount
     required property ApplicationChoice applications
     required property int currentTab
@@ -40,6 +42,7 @@ Item {
 
         sourceComponent: TriggersTab {
             agentCount: root.agentCount
+            agentRequest: root.agentRequest
             applications: root.applications
             hooks: root.hooks
             settings: root.settings

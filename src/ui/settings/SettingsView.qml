@@ -3,6 +3,7 @@
 import QtQuick
 import Tarvik.Design
 import Tarvik.Mirror
+import Tarvik.Request
 
 /// The content of the settings window: five tabs, each a form. Every change takes effect at once.
 FocusScope {
@@ -15,6 +16,7 @@ FocusScope {
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
+    required property AgentRequest agentRequest
     required property int agentCount
     required property ApplicationChoice applications
 
@@ -53,6 +55,7 @@ FocusScope {
         id: pages
 
         agentCount: root.agentCount
+        agentRequest: root.agentRequest
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right

@@ -25,11 +25,13 @@ SettingsWindow::SettingsWindow(QQmlEngine& engine, Models models, const QDBusCon
     , m_hooks(bus)
     , m_applications(m_models.applications, m_models.settings, bus)
     , m_updater(bus)
+    , m_agentRequest(m_models.apiAddress)
     , m_mirrors{&m_journal, &m_hooks, &m_updater, &m_models.lidClosed}
     , m_window(engine,
           {.file = QUrl(u"qrc:/qt/qml/Tarvik/Settings/SettingsWindow.qml"_s),
               .properties = {
                   {u"agentCount"_s, AgentCatalogue::agents().size()},
+                  {u"agentRequest"_s, QVariant::fromValue<QObject*>(&m_agentRequest)},
                   {u"appearance"_s, QVariant::fromValue<QObject*>(&m_models.appearance)},
                   {u"applications"_s, QVariant::fromValue<QObject*>(&m_applications)},
                   {u"hooks"_s, QVariant::fromValue<QObject*>(&m_hooks)},

@@ -7,6 +7,9 @@
 #include "ui/mirror/JournalMirror.h"
 #include "ui/mirror/UpdaterMirror.h"
 #include "ui/placement/KeptWindow.h"
+#include "ui/request/AgentRequest.h"
+
+#include <QUrl>
 
 #include <array>
 #include <optional>
@@ -32,6 +35,8 @@ public:
         ApplicationChoice::Sources applications;
         /// Where the theme "hicolor" with the application's icon is.
         QString iconDirectory;
+        /// See AgentRequest.
+        QUrl apiAddress{};
     };
 
     SettingsWindow(QQmlEngine& engine, Models models, const QDBusConnection& bus);
@@ -54,6 +59,7 @@ private:
     HooksMirror m_hooks;
     ApplicationChoice m_applications;
     UpdaterMirror m_updater;
+    AgentRequest m_agentRequest;
     std::array<PropertyMirror*, 4> m_mirrors;
     KeptWindow m_window;
     /// The activation token of a window that is wanted but not shown yet.

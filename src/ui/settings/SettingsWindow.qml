@@ -3,6 +3,7 @@
 import QtQuick
 import Tarvik.Design
 import Tarvik.Mirror
+import Tarvik.Request
 
 /// The window of the settings, of a fixed size that grows with the text as far as the screen goes.
 Window {
@@ -15,6 +16,7 @@ Window {
     required property JournalMirror journal
     required property HooksMirror hooks
     required property UpdaterMirror updater
+    required property AgentRequest agentRequest
     required property ApplicationChoice applications
     /// How many coding agents the catalogue knows.
     required property int agentCount
@@ -42,6 +44,7 @@ Window {
     }
     SettingsView {
         agentCount: root.agentCount
+        agentRequest: root.agentRequest
         anchors.fill: parent
         applications: root.applications
         focus: true

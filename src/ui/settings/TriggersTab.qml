@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tarvik.Agents
 import Tarvik.Design
 import Tarvik.Mirror
+import Tarvik.Request
 
 /// What counts as work: agents, their hooks, editors and chosen applications.
 Form {
@@ -10,6 +12,7 @@ Form {
 
     required property SettingsMirror settings
     required property HooksMirror hooks
+    required property AgentRequest agentRequest
     required property int agentCount
     required property ApplicationChoice applications
 
@@ -25,6 +28,10 @@ Form {
             title: qsTr("Watch coding agents")
 
             onSwitched: on => root.settings.watchAgents = on
+        }
+        AgentListRow {
+            request: root.agentRequest
+            theme: root.theme
         }
     }
     HookSetupList {

@@ -24,12 +24,16 @@ Item {
     TestTarvik {
         id: tarvik
     }
+    TestWebService {
+        id: webService
+    }
     SettingsView {
         id: view
 
         property string copied
 
         agentCount: 29
+        agentRequest: webService.request
         applications: tarvik.applications
         anchors.fill: parent
         hooks: tarvik.hooks

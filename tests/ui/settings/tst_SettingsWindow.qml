@@ -15,6 +15,9 @@ Item {
     TestTarvik {
         id: tarvik
     }
+    TestWebService {
+        id: webService
+    }
     ShownTexts {
         id: shownTexts
     }
@@ -25,6 +28,7 @@ Item {
         id: window
 
         agentCount: 29
+        agentRequest: webService.request
         applications: tarvik.applications
         appearance: desktop.appearance
         hooks: tarvik.hooks
@@ -169,7 +173,7 @@ Item {
                 const rows = [];
                 for (const textScale of [1, 2]) {
                     rows.push({tab: "General", controls: ["keepDisplayAwake", "launchAtLogin", "clamshellEnabled", "screenOffOnLidClose", "helperButton", "notifyOnToggle", "notifyOnPause"]});
-                    rows.push({tab: "Triggers", controls: ["watchAgents", ...hookControls, "watchEditors", "remove", "remove", "addApp"]});
+                    rows.push({tab: "Triggers", controls: ["watchAgents", "agentListButton", ...hookControls, "watchEditors", "remove", "remove", "addApp"]});
                     rows.push({tab: "Power", controls: ["requireAC", "batteryLimitEnabled", "batteryThreshold", "enableOnAC", "pauseWhenHot"]});
                     rows.push({tab: "Journal", controls: ["entries", "copy", "clear"]});
                     rows.push({tab: "Updates", controls: ["automaticallyChecks", "automaticallyDownloads", "check"]});
