@@ -305,6 +305,38 @@ class SettingsTest(AccessibleWindowTest):
         self.assertEqual(self.tarvik.request(), "AddToAllowlist org.example.hidden Hidden")
         await_told(lambda: not self.find("Other…"), "the chooser closes")
 
+    def listed(self):
+        """The names of the agents and editors that are shown, with what is said of each."""
+        agents = self.find("Agents and editors", "list")
+        return [(part.name, part.description) for part in descendants(agents) if part.getRoleName() == "list item"] if agents else []
+
+    def test_everything_that_is_detected_is_listed_and_searched(self):
+        self.perform("Triggers", "Press")
+        self.perform("See everything we detect…", "Press")
+        await_told(lambda: self.find("Agents Tarvik detects", "dialog"), "the sheet opens")
+        await_told(lambda: self.listed()[:2] == [("Claude Code", "claude"), ("Codex", "codex")], "the agents are listed")
+        await_told(lambda: (part := self.focused()) and part.name == "Search", "the search has the focus")
+        press("p", "d", "x")
+        await_told(lambda: self.listed() == [("Plandex", "plandex, pdx")], "one is found")
+        press("Down")
+        await_told(lambda: (part := self.focused()) and (part.getRoleName(), part.name) == ("list item", "Plandex"), "the keyboard reaches it")
+        self.perform("Done", "Press")
+        await_told(lambda: not self.find("Agents Tarvik detects", "dialog"), "the sheet is gone from the tree")
+
+    def test_a_copy_that_has_nowhere_to_send_requests_says_so(self):
+        self.perform("Triggers", "Press")
+        self.perform("See everything we detect…", "Press")
+        self.perform("Request it…", "Press")
+        reason = "This copy of Tarvik can't send requests."
+        await_told(lambda: self.find(reason, "alert"), "it says so")
+        await_told(lambda: (part := self.focused()) and part.name == "Agent or app name", "the form has the focus")
+        press("x")
+        self.perform("Send", "Press")
+        self.assertEqual(self.control("Send").description, reason)
+        press("Escape")
+        await_told(lambda: not self.find("Send"), "the sheet is gone from the tree")
+        await_told(lambda: (part := self.focused()) and part.name == "See everything we detect…", "the focus is back")
+
     def test_the_battery_level_is_a_slider_with_a_value(self):
         self.perform("Power", "Press")
         slider = await_told(lambda: self.find("Battery level", "slider"), "the slider")

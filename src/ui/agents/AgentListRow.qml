@@ -16,6 +16,8 @@ CardRow {
     title: qsTr("Agents and editors")
 
     PushButton {
+        id: button
+
         objectName: "agentListButton"
         text: qsTr("See everything we detect…")
         theme: root.theme
@@ -38,6 +40,9 @@ CardRow {
     }
 
     function open() {
+        // A screen reader presses without it; this is where it goes back to.
+        if (!button.activeFocus)
+            button.forceActiveFocus(Qt.OtherFocusReason);
         if (!sheet)
             sheet = component.createObject(root) as AgentListSheet;
         sheet.open();
