@@ -12,10 +12,10 @@ T.MenuItem {
     font.pixelSize: theme.bodySize
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    leftPadding: 8
-    rightPadding: 8
-    topPadding: 4
-    bottomPadding: 4
+    leftPadding: theme.scaled(8)
+    rightPadding: theme.scaled(8)
+    topPadding: theme.scaled(4)
+    bottomPadding: theme.scaled(4)
 
     // See Pressable.
     Accessible.onPressAction: {
@@ -26,10 +26,11 @@ T.MenuItem {
     }
 
     background: Rectangle {
-        color: root.highlighted ? root.theme.menuHover : "transparent"
+        color: root.highlighted ? root.theme.accent : "transparent"
         radius: root.theme.rowRadius
     }
     contentItem: Label {
+        color: root.highlighted ? root.theme.accentText : root.theme.text
         font: root.font
         text: root.text
         theme: root.theme

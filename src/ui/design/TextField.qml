@@ -28,7 +28,7 @@ T.TextField {
     Accessible.role: Accessible.EditableText
 
     background: Rectangle {
-        border.color: root.activeFocus ? root.theme.focusRing : root.theme.outline
+        border.color: root.activeFocus ? root.theme.focusRing : root.theme.controlOutline
         border.width: root.activeFocus ? 2 : 1
         color: root.theme.card
         radius: root.theme.buttonRadius

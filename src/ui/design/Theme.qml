@@ -21,10 +21,11 @@ QtObject {
     readonly property color panel: isDark ? "#292a2d" : "#fbfbfc"
     readonly property color menu: isDark ? "#333438" : "#ffffff"
     readonly property color outline: isHighContrast ? secondaryText : isDark ? "#46474c" : "#d3d3d8"
+    /// Around what is pressed or written into, to be told from any surface that it lies on.
+    readonly property color controlOutline: isHighContrast ? secondaryText : isDark ? "#606168" : "#aeaeb5"
     readonly property color separator: isHighContrast ? secondaryText : isDark ? "#3d3e42" : "#e3e3e7"
-    readonly property color hover: isDark ? "#3a3b40" : "#ececef"
-    readonly property color pressed: isDark ? "#46474d" : "#dfdfe4"
-    readonly property color menuHover: isDark ? "#46474d" : "#ececef"
+    readonly property color hover: isDark ? "#3a3b40" : "#e3e3e8"
+    readonly property color pressed: isDark ? "#46474d" : "#d9d9df"
 
     readonly property color text: isDark ? "#f3f3f5" : "#1a1a1c"
     readonly property color secondaryText: isHighContrast ? text : isDark ? "#b4b5bb" : "#58585e"
@@ -32,21 +33,23 @@ QtObject {
     readonly property color danger: isDark ? "#ff857d" : "#bd1f17"
     readonly property color awake: isDark ? "#32d163" : "#178541"
 
-    readonly property color accent: appearance.accent.valid ? appearance.accent : isDark ? "#366ee0" : "#2363d8"
+    /// The user's own or, without one, ours.
+    readonly property color wantedAccent: appearance.accent.valid ? appearance.accent : isDark ? "#366ee0" : "#2363d8"
+    /// As far as needed darker or lighter than that, so that it can be seen on what it lies on.
+    readonly property color accent: Contrast.reached(isHighContrast ? 4.5 : 3, wantedAccent, isDark ? card : window)
     /// What is written on the accent colour.
-    readonly property color accentText: luminance(accent) > 0.2 ? "#1a1a1c" : "#ffffff"
-    /// The accent colour for text and icons; the user's own may be too close to the surface.
-    readonly property color accentOnSurface: isDark ? "#7aa5ff" : "#2363d8"
+    readonly property color accentText: Contrast.between("#ffffff", accent) >= 4.5 ? "#ffffff" : "#000000"
+    /// The accent colour for text and icons.
+    readonly property color accentOnSurface: Contrast.reached(4.5, Contrast.reached(4.5, accent, hover), selection)
     /// Behind what is chosen.
-    readonly property color selection: isDark ? "#2b3a55" : "#e7eefb"
+    readonly property color selection: Contrast.tint(card, accent, isDark ? 0.22 : 0.11)
+    readonly property color focusRing: Contrast.reached(3, accent, hover)
     readonly property color attention: isDark ? "#f0a03c" : "#a85a00"
-    readonly property color focusRing: isDark ? "#7aa5ff" : "#2363d8"
     readonly property color switchOff: isHighContrast ? tertiaryText : isDark ? "#7c7d85" : "#8a8a92"
-    /// Around a switch whose colour, chosen by the user, can hardly be told from what is behind it.
-    readonly property color switchOutline: contrast(accent, card) < 3 || isHighContrast ? secondaryText : "transparent"
+    readonly property color switchOutline: isHighContrast ? secondaryText : "transparent"
     /// On a switch that is off, and on one that is on.
     readonly property color knob: isHighContrast ? panel : "#ffffff"
-    readonly property color accentKnob: luminance(accent) > 0.4 ? "#1a1a1c" : "#ffffff"
+    readonly property color accentKnob: Contrast.between("#ffffff", accent) >= 2.3 ? "#ffffff" : "#000000"
 
     readonly property string fontFamily: appearance.fontFamily
     readonly property int largeTitleSize: scaled(26)
@@ -65,8 +68,8 @@ QtObject {
     readonly property int titleBarHeight: 48
     readonly property int windowRadius: 10
     readonly property int cardRadius: 10
-    readonly property int buttonRadius: 6
-    readonly property int rowRadius: 5
+    readonly property int buttonRadius: scaled(6)
+    readonly property int rowRadius: scaled(5)
     readonly property int iconSize: scaled(16)
     readonly property int slideDuration: isAnimated ? 120 : 0
     readonly property int pageDuration: isAnimated ? 250 : 0
@@ -74,17 +77,5 @@ QtObject {
     /// Pixels that grow with the text.
     function scaled(pixels: int): int {
         return Math.round(pixels * textScale);
-    }
-
-    /// Relative luminance of the Web Content Accessibility Guidelines, from 0 to 1.
-    function luminance(color: color): double {
-        const linear = part => part <= 0.04045 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
-        return 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b);
-    }
-
-    /// Contrast ratio of the same guidelines, from 1 to 21.
-    function contrast(one: color, other: color): double {
-        const lights = [luminance(one), luminance(other)];
-        return (Math.max(...lights) + 0.05) / (Math.min(...lights) + 0.05);
     }
 }

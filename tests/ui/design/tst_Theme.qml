@@ -3,6 +3,7 @@
 import QtQuick
 import QtTest
 import Tarvik.Design
+import Tarvik.Mirror
 import Tarvik.Test
 
 TestCase {
@@ -30,7 +31,7 @@ TestCase {
     function test_textIsReadable_data() {
         const rows = [];
         for (const isDark of [false, true]) {
-            for (const surface of ["window", "card", "panel", "menu", "hover", "menuHover", "selection"])
+            for (const surface of ["window", "card", "panel", "menu", "hover", "selection"])
                 rows.push({ tag: (isDark ? "dark " : "light ") + surface, isDark: isDark, surface: surface });
         }
         return rows;
@@ -39,10 +40,10 @@ TestCase {
     function test_textIsReadable(row) {
         desktop.isDark = row.isDark;
         const surface = theme[row.surface];
-        verify(theme.contrast(theme.text, surface) >= 7, `text ${theme.contrast(theme.text, surface)}`);
-        const others = { hover: ["secondaryText", "danger"], menuHover: ["secondaryText"], selection: ["secondaryText", "accentOnSurface"] };
+        verify(Contrast.between(theme.text, surface) >= 7, `text ${Contrast.between(theme.text, surface)}`);
+        const others = { hover: ["secondaryText", "danger"], selection: ["secondaryText", "accentOnSurface"] };
         for (const role of others[row.surface] ?? ["secondaryText", "tertiaryText", "danger"])
-            verify(theme.contrast(theme[role], surface) > 4.5, `${role} ${theme.contrast(theme[role], surface)}`);
+            verify(Contrast.between(theme[role], surface) > 4.5, `${role} ${Contrast.between(theme[role], surface)}`);
     }
 
     function test_controlsCanBeSeen_data() {
@@ -52,8 +53,8 @@ TestCase {
     function test_controlsCanBeSeen(row) {
         desktop.isDark = row.isDark;
         for (const role of ["awake", "accent", "focusRing", "secondaryText", "switchOff"])
-            verify(theme.contrast(theme[role], theme.panel) >= 3, `${role} ${theme.contrast(theme[role], theme.panel)}`);
-        verify(theme.contrast(theme.accentText, theme.accent) > 4.5, theme.contrast(theme.accentText, theme.accent));
+            verify(Contrast.between(theme[role], theme.panel) >= 3, `${role} ${Contrast.between(theme[role], theme.panel)}`);
+        verify(Contrast.between(theme.accentText, theme.accent) > 4.5, Contrast.between(theme.accentText, theme.accent));
     }
 
     function test_highContrastDarkensWhatIsFaint_data() {
@@ -64,32 +65,67 @@ TestCase {
         desktop.isDark = row.isDark;
         desktop.isHighContrast = true;
         for (const role of ["secondaryText", "tertiaryText"])
-            verify(theme.contrast(theme[role], theme.panel) >= 7, role);
+            verify(Contrast.between(theme[role], theme.panel) >= 7, role);
         for (const role of ["switchOff", "outline", "separator"])
-            verify(theme.contrast(theme[role], theme.panel) >= 3, role);
+            verify(Contrast.between(theme[role], theme.panel) >= 3, role);
+    }
+
+    function test_controlsHaveAnOutlineOnEverySurface_data() {
+        return [{ tag: "light", isDark: false }, { tag: "dark", isDark: true }];
+    }
+
+    function test_controlsHaveAnOutlineOnEverySurface(row) {
+        desktop.isDark = row.isDark;
+        for (const surface of ["window", "card", "panel", "menu"])
+            verify(Contrast.between(theme.controlOutline, theme[surface]) >= 1.9, `${surface} ${Contrast.between(theme.controlOutline, theme[surface])}`);
+    }
+
+    function test_whatIsPointedAtAndPressedIsSeen_data() {
+        return [{ tag: "light", isDark: false }, { tag: "dark", isDark: true }];
+    }
+
+    function test_whatIsPointedAtAndPressedIsSeen(row) {
+        desktop.isDark = row.isDark;
+        verify(Contrast.between(theme.hover, theme.panel) >= 1.2, Contrast.between(theme.hover, theme.panel));
+        verify(Contrast.between(theme.pressed, theme.hover) >= 1.05, Contrast.between(theme.pressed, theme.hover));
     }
 
     function test_theUsersAccentIsTaken() {
-        desktop.accent = "#ffcc00";
-        compare(theme.accent, "#ffcc00");
-        verify(theme.contrast(theme.accentText, theme.accent) >= 4.5);
-        desktop.accent = "#7a1fa2";
-        verify(theme.contrast(theme.accentText, theme.accent) >= 4.5);
+        desktop.accent = "#e66100";
+        compare(theme.accent, "#e66100");
+        desktop.isDark = true;
+        compare(theme.accent, "#e66100");
     }
 
-    function test_aSwitchCanBeSeenInEveryAccent_data() {
-        return ["#ffcc00", "#ffffff", "#2a2b2e", "#000000", "#e66100", "#3584e4"].map(accent => ({ tag: accent, accent: accent }));
+    function test_thereIsOneAccentAndItCanBeSeen_data() {
+        const accents = ["#ffcc00", "#ffffff", "#2a2b2e", "#000000", "#e66100", "#3584e4", "#7a1fa2", "#2ec27e", undefined];
+        return accents.map(accent => ({ tag: accent ?? "none", accent: accent }));
     }
 
-    function test_aSwitchCanBeSeenInEveryAccent(row) {
+    function test_thereIsOneAccentAndItCanBeSeen(row) {
         desktop.accent = row.accent;
+        const surfaces = ["window", "card", "panel", "menu", "hover"];
         for (const isDark of [false, true]) {
             desktop.isDark = isDark;
-            const edge = theme.switchOutline.a ? theme.switchOutline : theme.accent;
-            verify(theme.contrast(edge, theme.panel) >= 3, `edge in ${isDark ? "dark" : "light"}`);
-            verify(theme.contrast(theme.accentKnob, theme.accent) >= 2.2, theme.contrast(theme.accentKnob, theme.accent));
-            for (desktop.isHighContrast of [true, false])
-                verify(theme.contrast(theme.knob, theme.switchOff) >= 3, `knob in ${isDark ? "dark" : "light"}`);
+            for (desktop.isHighContrast of [true, false]) {
+                const tag = `${isDark ? "dark" : "light"}${theme.isHighContrast ? " high contrast" : ""}`;
+                const verifyRatio = (least, role, surface) => {
+                    const ratio = Contrast.between(theme[role], theme[surface]);
+                    verify(ratio >= least, `${role} on ${surface} ${ratio} ${tag}`);
+                };
+                for (const surface of ["window", "card", "panel"])
+                    verifyRatio(theme.isHighContrast ? 4.5 : 3, "accent", surface);
+                for (const surface of surfaces.concat("selection"))
+                    verifyRatio(4.5, "accentOnSurface", surface);
+                for (const surface of surfaces)
+                    verifyRatio(3, "focusRing", surface);
+                verifyRatio(4.5, "accentText", "accent");
+                verifyRatio(4.5, "text", "selection");
+                verifyRatio(2.3, "accentKnob", "accent");
+                verifyRatio(3, "knob", "switchOff");
+                for (const role of ["accentOnSurface", "focusRing"])
+                    verify(theme.accent.hslSaturation < 0.1 || Math.abs(theme[role].hslHue - theme.accent.hslHue) < 0.02, `${role} ${tag}`);
+            }
         }
     }
 
