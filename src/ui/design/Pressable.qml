@@ -12,8 +12,9 @@ T.AbstractButton {
     hoverEnabled: true
 
     Accessible.name: text
-    // In this version of Qt a press by a screen reader reaches the control, be it disabled or not, but does nothing. There is
-    // no way to tell a screen reader that a control is disabled: one that can be says so in its description.
+    // There is no other way to tell a screen reader that a control is disabled.
+    Accessible.description: enabled ? "" : qsTr("Not available")
+    // In this version of Qt a press by a screen reader reaches the control, be it disabled or not, but does nothing.
     Accessible.onPressAction: press()
     Keys.onEnterPressed: press()
     Keys.onReturnPressed: press()

@@ -8,6 +8,8 @@ Pressable {
 
     property bool isProminent: false
     property bool isDestructive: false
+    /// None when empty.
+    property string systemImage
 
     readonly property color textColor: isProminent ? theme.accentText : isDestructive ? theme.danger : theme.text
 
@@ -23,7 +25,7 @@ Pressable {
     topPadding: theme.scaled(4)
 
     background: Rectangle {
-        border.color: root.theme.outline
+        border.color: root.theme.controlOutline
         border.width: root.isProminent ? 0 : 1
         color: root.isProminent ? root.theme.accent : root.down ? root.theme.pressed : root.hovered ? root.theme.hover : root.theme.menu
         radius: root.theme.buttonRadius
@@ -35,12 +37,11 @@ Pressable {
             visible: root.visualFocus
         }
     }
-    contentItem: Label {
+    contentItem: ButtonContent {
         color: root.textColor
         font: root.font
-        horizontalAlignment: Text.AlignHCenter
+        systemImage: root.systemImage
         text: root.text
         theme: root.theme
-        verticalAlignment: Text.AlignVCenter
     }
 }

@@ -115,6 +115,29 @@ Item {
             compare(presses, 1);
         }
 
+        function test_aDisabledButtonSaysSo_data() {
+            return [{ tag: "push button", control: pushButton }, { tag: "icon button", control: iconButton }, { tag: "list row", control: listRow }];
+        }
+
+        function test_aDisabledButtonSaysSo(row) {
+            row.control.enabled = false;
+            compare(row.control.Accessible.description, "Not available");
+            row.control.enabled = true;
+            compare(row.control.Accessible.description, "");
+        }
+
+        function test_aPushButtonMayHaveAnIcon() {
+            pushButton.text = "Copy";
+            const width = pushButton.implicitWidth;
+            pushButton.systemImage = "doc.on.doc";
+            compare(pushButton.implicitWidth, width + 14 + 6);
+            const icon = pushButton.contentItem.children[0];
+            const label = pushButton.contentItem.children[1];
+            tryCompare(icon, "status", Image.Ready);
+            verify(icon.width === 14 && icon.x + icon.width < label.x);
+            compare(label.truncated, false);
+        }
+
         function test_aPressedTabHasTheFocus() {
             strip.show(0);
             tab.Accessible.pressAction();
