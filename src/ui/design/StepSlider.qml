@@ -17,10 +17,12 @@ T.Slider {
     implicitWidth: theme.scaled(168)
     snapMode: T.Slider.SnapAlways
 
+    Keys.onPressed: event => event.accepted = moveByKey(event.key)
+
     background: Rectangle {
         color: root.theme.switchOff
-        height: 4
-        radius: 2
+        height: root.theme.scaled(4)
+        radius: height / 2
         width: root.availableWidth
         y: (root.height - height) / 2
 
@@ -48,5 +50,40 @@ T.Slider {
             theme: root.theme
             visible: root.visualFocus
         }
+    }
+
+    // The wheel moves it by whole steps; what a fraction of a notch turns adds up.
+    WheelHandler {
+        property double turned: 0
+
+        onWheel: event => {
+            turned += event.angleDelta.y / 120;
+            root.moveBy(Math.trunc(turned));
+            turned -= Math.trunc(turned);
+        }
+    }
+
+    /// Beside the arrow keys, which the template knows.
+    function moveByKey(key: int): bool {
+        const page = 4;
+        const all = Math.ceil((to - from) / stepSize);
+        const distances = {
+            [Qt.Key_Home]: -all,
+            [Qt.Key_End]: all,
+            [Qt.Key_PageUp]: page,
+            [Qt.Key_PageDown]: -page
+        };
+        if (!(key in distances))
+            return false;
+        moveBy(distances[key]);
+        return true;
+    }
+
+    function moveBy(steps: int) {
+        const before = value;
+        for (let done = 0; done < Math.abs(steps); ++done)
+            steps > 0 ? increase() : decrease();
+        if (value !== before)
+            moved();
     }
 }

@@ -13,6 +13,7 @@ Form {
 
     Section {
         footer: root.batteryText()
+        heading: qsTr("Battery")
         objectName: "battery"
         theme: root.theme
 
@@ -32,40 +33,15 @@ Form {
 
             onSwitched: on => root.settings.batteryLimitEnabled = on
         }
-        CardRow {
-            areTextsIgnored: true
+        BatteryLevelRow {
+            settings: root.settings
             theme: root.theme
-            title: qsTr("Battery level")
             visible: root.settings.batteryLimitEnabled
-
-            Row {
-                spacing: root.theme.scaled(8)
-
-                StepSlider {
-                    from: 5
-                    objectName: "batteryThreshold"
-                    stepSize: 5
-                    theme: root.theme
-                    to: 95
-                    value: root.settings.batteryThreshold
-
-                    Accessible.name: qsTr("Battery level")
-
-                    onMoved: root.settings.batteryThreshold = Math.round(value)
-                }
-                Label {
-                    anchors.verticalCenter: parent.verticalCenter
-                    horizontalAlignment: Text.AlignRight
-                    objectName: "batteryThresholdText"
-                    text: qsTr("%1%").arg(root.settings.batteryThreshold)
-                    theme: root.theme
-                    width: Math.max(root.theme.scaled(44), implicitWidth)
-                }
-            }
         }
     }
     Section {
         footer: qsTr("Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.")
+        heading: qsTr("Plugging in")
         theme: root.theme
 
         SwitchRow {
@@ -79,6 +55,7 @@ Form {
     }
     Section {
         footer: qsTr("Temperature is currently %1. Tarvik pauses while macOS reports thermal throttling, and resumes once it cools down.").arg(root.status.thermalText)
+        heading: qsTr("Heat")
         objectName: "heat"
         theme: root.theme
 

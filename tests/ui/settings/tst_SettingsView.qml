@@ -436,6 +436,41 @@ Item {
             tryVerify(() => tarvik.setting("batteryThreshold") === 90);
         }
 
+        function test_theBatteryLevelIsSetByKeysAndWheel() {
+            tarvik.set("batteryLimitEnabled", true);
+            tarvik.set("batteryThreshold", 50);
+            show("Power");
+            const slider = find("batteryThreshold");
+            waitForRendering(view);
+            slider.forceActiveFocus(Qt.TabFocusReason);
+            const turn = delta => mouseWheel(slider, slider.width / 2, slider.height / 2, 0, delta);
+            for (const [act, level] of [
+                [() => keyClick(Qt.Key_End), 95], [() => keyClick(Qt.Key_PageDown), 75], [() => keyClick(Qt.Key_Home), 5], [() => keyClick(Qt.Key_PageUp), 25],
+                [() => turn(120), 30], [() => turn(-240), 20], [() => turn(60), 20], [() => turn(60), 25], [() => keyClick(Qt.Key_Left), 20]
+            ]) {
+                act();
+                tryVerify(() => tarvik.setting("batteryThreshold") === level, 5000, `${tarvik.setting("batteryThreshold")} is not ${level}`);
+                compare(slider.value, level);
+            }
+            // Neither has scrolled the page away.
+            compare(view.currentPage.contentY, 0);
+            tarvik.set("batteryThreshold", 65);
+            compare(slider.value, 65);
+        }
+
+        function test_theBatteryLevelStandsStill() {
+            tarvik.set("batteryLimitEnabled", true);
+            show("Power");
+            const text = find("batteryThresholdText");
+            tarvik.set("batteryThreshold", 10);
+            compare(text.text, "10%");
+            const width = text.width;
+            tarvik.set("batteryThreshold", 85);
+            compare(text.text, "85%");
+            compare(text.width, width);
+            compare(text.parent.width, 44);
+        }
+
         function test_theBatteryIsTold_data() {
             const none = "No internal battery detected — these conditions have no effect.";
             return [
