@@ -8,6 +8,6 @@ Rectangle {
 
     anchors.fill: parent
     border.color: theme.focusRing
-    border.width: 2
+    border.width: theme.scaled(2)
     color: "transparent"
 }

@@ -14,7 +14,7 @@ T.ToolTip {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: theme.scaled(268)
     margins: 8
-    padding: 8
+    padding: theme.scaled(8)
     timeout: 15000
 
     background: Rectangle {

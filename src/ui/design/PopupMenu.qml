@@ -16,13 +16,13 @@ T.Menu {
     bottomMargin: 12
     margins: 4
     overlap: 0
-    padding: 5
+    padding: theme.scaled(5)
 
     background: Rectangle {
         border.color: root.theme.outline
         border.width: 1
         color: root.theme.menu
-        radius: 8
+        radius: root.theme.scaled(8)
 
         Shadow {
             anchors.fill: parent

@@ -8,9 +8,9 @@ T.MenuSeparator {
 
     required property Theme theme
 
-    bottomPadding: 4
+    bottomPadding: theme.scaled(4)
     implicitHeight: topPadding + bottomPadding + 1
-    topPadding: 4
+    topPadding: theme.scaled(4)
 
     contentItem: Separator {
         theme: root.theme

@@ -4,7 +4,7 @@ import QtQuick
 
 Item {
     required property Theme theme
-    property int inset: 8
+    property int inset: theme.scaled(8)
 
     implicitHeight: 1
 

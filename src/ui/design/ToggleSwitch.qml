@@ -39,11 +39,11 @@ T.Switch {
 
         Rectangle {
             color: root.checked ? root.theme.accentKnob : root.theme.knob
-            height: parent.height - 4
+            height: parent.height - 2 * y
             radius: height / 2
             width: height
-            x: 2 + root.visualPosition * (parent.width - width - 4)
-            y: 2
+            x: y + root.visualPosition * (parent.width - width - 2 * y)
+            y: root.theme.scaled(2)
 
             Behavior on x {
                 enabled: !root.pressed

@@ -16,13 +16,13 @@ Item {
     readonly property alias helpTip: helpTip
     readonly property alias hovered: hover.hovered
 
-    implicitHeight: Math.max(28, label.implicitHeight + 8)
+    implicitHeight: Math.max(theme.scaled(28), label.implicitHeight + theme.scaled(8))
 
     Label {
         id: label
 
         anchors.left: parent.left
-        anchors.leftMargin: 10
+        anchors.leftMargin: root.theme.scaled(10)
         anchors.right: toggleSwitch.left
         anchors.verticalCenter: parent.verticalCenter
         font.pixelSize: root.theme.subheadlineSize
@@ -36,7 +36,7 @@ Item {
         id: toggleSwitch
 
         anchors.right: parent.right
-        anchors.rightMargin: 10
+        anchors.rightMargin: root.theme.scaled(10)
         anchors.verticalCenter: parent.verticalCenter
         checked: root.settings.isEnabled
         theme: root.theme
@@ -60,6 +60,6 @@ Item {
         theme: root.theme
         visible: hover.hovered
         x: (root.width - width) / 2
-        y: root.height + 2
+        y: root.height + root.theme.scaled(2)
     }
 }

@@ -19,8 +19,8 @@ Column {
     signal openSettings
     signal quit
 
-    padding: 6
-    spacing: 6
+    padding: theme.scaled(6)
+    spacing: theme.scaled(6)
 
     StatusHeader {
         details: root.status.details

@@ -13,13 +13,13 @@ Pressable {
     property bool isHighlighted: hovered && enabled
     property Item farEnd
 
-    bottomPadding: 5
+    bottomPadding: theme.scaled(5)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    leftPadding: 10
-    rightPadding: 10
+    leftPadding: theme.scaled(10)
+    rightPadding: theme.scaled(10)
     text: title
-    topPadding: 5
+    topPadding: theme.scaled(5)
 
     background: Rectangle {
         color: root.down ? root.theme.pressed : root.isHighlighted ? root.theme.hover : "transparent"

@@ -13,8 +13,10 @@ Item {
     required property color tint
     required property Item farEnd
 
+    readonly property int spacing: theme.scaled(8)
+
     implicitHeight: Math.max(icon.height, label.implicitHeight)
-    implicitWidth: icon.width + 8 + label.implicitWidth + 8 + farEndPlace.width
+    implicitWidth: icon.width + label.implicitWidth + farEndPlace.width + 2 * spacing
 
     Icon {
         id: icon
@@ -29,9 +31,9 @@ Item {
         id: label
 
         anchors.left: icon.right
-        anchors.leftMargin: 8
+        anchors.leftMargin: root.spacing
         anchors.right: farEndPlace.left
-        anchors.rightMargin: 8
+        anchors.rightMargin: root.spacing
         anchors.verticalCenter: parent.verticalCenter
         text: root.title
         theme: root.theme

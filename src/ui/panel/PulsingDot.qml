@@ -16,8 +16,8 @@ Item {
     property double phase: 0
     readonly property bool isRunning: active && visible && theme.isAnimated && Window.visibility !== Window.Hidden
 
-    implicitHeight: 9
-    implicitWidth: 9
+    implicitHeight: theme.scaled(9)
+    implicitWidth: theme.scaled(9)
 
     Accessible.ignored: true
 

@@ -27,6 +27,11 @@ PanelRow {
         name: "chevron.right"
         size: root.theme.scaled(14)
         theme: root.theme
+
+        // The tip, not what is around it, is in line with the end of the switch.
+        transform: Translate {
+            x: root.theme.scaled(root.mirrored ? -5 : 5)
+        }
     }
 
     onClicked: sessionMenu.open()
@@ -40,8 +45,8 @@ PanelRow {
         isTimedSessionActive: root.isTimedSessionActive
         theme: root.theme
         title: root.title
-        x: root.mirrored ? 4 : root.width - width - 4
-        y: root.height - 2
+        x: root.mirrored ? root.theme.scaled(4) : root.width - width - root.theme.scaled(4)
+        y: root.height - root.theme.scaled(2)
 
         onAboutToShow: wasOpenedByKeyboard = root.visualFocus
         onChosen: minutes => root.chosen(minutes)

@@ -17,7 +17,7 @@ Item {
     readonly property bool isCut: headlineText.truncated || subtitleText.truncated || detailsText.truncated
     readonly property alias helpTip: helpTip
 
-    implicitHeight: texts.height + 8
+    implicitHeight: texts.height + 2 * texts.y
 
     HoverHandler {
         id: hover
@@ -30,37 +30,35 @@ Item {
         theme: root.theme
         visible: hover.hovered && root.isCut
         x: (root.width - width) / 2
-        y: root.height + 2
+        y: root.height + root.theme.scaled(2)
     }
     Item {
         id: dotFrame
 
         anchors.left: parent.left
-        // The texts begin where those of the rows below do.
-        anchors.leftMargin: 10 + root.theme.iconSize + 8 - texts.anchors.leftMargin - width
-        height: 22
-        width: 22
+        // The light is above the icons of the rows.
+        anchors.leftMargin: root.theme.scaled(10) + Math.round((root.theme.iconSize - width) / 2)
+        height: root.theme.scaled(22)
+        width: height
         y: texts.y + (headlineText.firstLineHeight - height) / 2
 
         PulsingDot {
             active: root.isAwake
             anchors.centerIn: parent
-            height: 9
             objectName: "dot"
             period: 1.6
             theme: root.theme
-            width: 9
         }
     }
     Column {
         id: texts
 
         anchors.left: dotFrame.right
-        anchors.leftMargin: 10
+        anchors.leftMargin: root.theme.scaled(10)
         anchors.right: parent.right
-        anchors.rightMargin: 10
-        spacing: 1
-        y: 4
+        anchors.rightMargin: root.theme.scaled(10)
+        spacing: root.theme.scaled(1)
+        y: root.theme.scaled(4)
 
         StatusLine {
             id: headlineText

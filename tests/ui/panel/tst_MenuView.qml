@@ -102,6 +102,8 @@ Item {
             compare(dot.width, 9);
             compare(dot.parent.width, 22);
             compare(dot.parent.height, 22);
+            const texts = findChild(view, "headline").parent;
+            compare(texts.x - dot.parent.x - dot.parent.width, 10);
         }
 
         function test_emptyDetailsShowNoThirdLine() {
@@ -311,6 +313,54 @@ Item {
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Left);
             tryVerify(() => sessionRow.menu.opened);
+        }
+
+        function middle(item: Item): point {
+            return item.mapToItem(view, item.width / 2, item.height / 2);
+        }
+
+        function test_thingsAreInLine_data() {
+            return [{ tag: "from left to right", isMirrored: false }, { tag: "from right to left", isMirrored: true }];
+        }
+
+        function test_thingsAreInLine(row) {
+            view.LayoutMirroring.enabled = row.isMirrored;
+            const icon = sessionRow.contentItem.children[0];
+            // Nine pixels have no middle between two.
+            verify(Math.abs(middle(findChild(view, "dot")).x - middle(icon).x) <= 0.5);
+            // The tip of the chevron, which ends before its picture does.
+            const chevron = sessionRow.farEnd;
+            const blank = chevron.width * (16 - 10.6) / 16;
+            const end = row.isMirrored ? chevron.mapToItem(view, blank, 0).x : chevron.mapToItem(view, chevron.width - blank, 0).x;
+            const edge = row.isMirrored ? toggle.mapToItem(view, 0, 0).x : toggle.mapToItem(view, toggle.width, 0).x;
+            verify(Math.abs(end - edge) < 0.5, `${end} ${edge}`);
+        }
+
+        function test_everythingIsTwiceAsLargeWithItsText() {
+            const sizes = () => {
+                const dot = findChild(view, "dot");
+                const lock = findChild(view, "lockRow");
+                const headline = findChild(view, "headline");
+                const texts = headline.parent;
+                openMenu();
+                const entry = sessionRow.menu.itemAt(1);
+                const found = {
+                    panel: view.implicitWidth, dot: dot.width, dotFrame: dot.parent.width, dotFrameX: dot.parent.x, textsX: texts.x,
+                    textsSpacing: texts.spacing, row: sessionRow.x, rowPadding: sessionRow.leftPadding, rowTop: sessionRow.topPadding,
+                    rowGap: lock.y - sessionRow.y - sessionRow.height, iconGap: lock.contentItem.spacing, icon: lock.contentItem.children[0].width,
+                    toggle: toggle.width, toggleHeight: toggle.height, chevron: sessionRow.farEnd.width, menuPadding: sessionRow.menu.padding,
+                    entryPadding: entry.leftPadding, entryTop: entry.topPadding, radius: findChild(lock, "highlight").radius
+                };
+                sessionRow.menu.close();
+                tryVerify(() => !sessionRow.menu.visible);
+                return found;
+            };
+            const once = sizes();
+            desktop.textScale = 2;
+            tryVerify(() => !isPolishScheduled(sessionRow.parent));
+            const twice = sizes();
+            for (const [name, pixels] of Object.entries(once))
+                compare(twice[name], 2 * pixels, name);
         }
 
         function test_textAtTwiceTheSizeFits() {
