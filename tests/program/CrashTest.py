@@ -80,7 +80,7 @@ class CrashTest(PresenceTestCase):
         elif moment == "menu":
             press("Down", "Down", "Return")
         elif moment == "call":
-            press("Down", "Down", "Return", "Down", "Down", "Return")
+            press("Down", "Down", "Return", "Down", "Return")
 
     def interrupted(self):
         """Ends every round at some moment of some action."""

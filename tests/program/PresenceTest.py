@@ -297,7 +297,7 @@ class PanelTest(PresenceTestCase):
             press("Escape")
             self.assert_panel_closes()
             self.open_panel()
-            press("Down", "Down", "Return", "Down", *keys)
+            press("Down", "Down", "Return", *keys)
             eventually(lambda wanted=reason: self.tarvik.status()["reason"] == wanted, reason)
         eventually(is_not_held, "released")
 

@@ -41,8 +41,11 @@ T.Menu {
         model: root.contentModel
     }
 
-    // The item of a popup is reached through what it holds only; without this, the menu has no name.
-    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => root.title)
+    // The item of a popup is reached through what it holds only.
+    Component.onCompleted: {
+        contentItem.parent.Accessible.name = Qt.binding(() => root.title);
+        contentItem.parent.Keys.pressed.connect(event => event.accepted = moveByKey(event.key));
+    }
     onCurrentIndexChanged: (contentItem as ListView).positionViewAtIndex(currentIndex, ListView.Contain)
 
     function widestItem(): double {
@@ -50,5 +53,35 @@ T.Menu {
         for (let index = 0; index < count; ++index)
             widest = Math.max(widest, itemAt(index).implicitWidth);
         return widest;
+    }
+
+    function moveByKey(key: int): bool {
+        switch (key) {
+        case Qt.Key_Down:
+            selectFrom(currentIndex, 1);
+            return true;
+        case Qt.Key_Up:
+            selectFrom(Math.max(0, currentIndex), -1);
+            return true;
+        case Qt.Key_Home:
+            selectFrom(-1, 1);
+            return true;
+        case Qt.Key_End:
+            selectFrom(count, -1);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    /// The next entry in this direction that can be chosen, beyond the end that at the other one.
+    function selectFrom(index: int, step: int) {
+        for (let passed = 1; passed <= count; ++passed) {
+            const next = (index + passed * step + count) % count;
+            if ((itemAt(next) as T.MenuItem)?.enabled) {
+                currentIndex = next;
+                return;
+            }
+        }
     }
 }

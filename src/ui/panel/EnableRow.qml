@@ -52,6 +52,12 @@ Item {
     HoverHandler {
         id: hover
     }
+    // Beside the switch, which takes what is pressed on it.
+    TapHandler {
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+
+        onTapped: toggleSwitch.toggle()
+    }
     HelpTip {
         id: helpTip
 

@@ -54,6 +54,10 @@ PanelRow {
             if (wasOpenedByKeyboard)
                 root.forceActiveFocus(Qt.TabFocusReason);
         }
+        onOpened: {
+            if (wasOpenedByKeyboard)
+                selectFrom(-1, 1);
+        }
     }
 
     /// An arrow key opens the menu when it points where the chevron points.

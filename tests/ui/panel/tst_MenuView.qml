@@ -193,6 +193,15 @@ Item {
             tryVerify(() => !tarvik.setting("isEnabled"));
         }
 
+        function test_aClickOnItsNameFlipsTheSwitch() {
+            const row = findChild(view, "enableRow");
+            mouseClick(row, 25, row.height / 2);
+            tryVerify(() => !tarvik.setting("isEnabled"));
+            verify(!toggle.checked);
+            mouseClick(row, 25, row.height / 2);
+            tryVerify(() => tarvik.setting("isEnabled"));
+        }
+
         function test_aSwitchThatAScreenReaderFlipsWritesToo() {
             toggle.toggle();
             tryVerify(() => !tarvik.setting("isEnabled"));
@@ -283,11 +292,51 @@ Item {
             keyClick(row.key);
             tryVerify(() => sessionRow.menu.opened);
             keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Return);
             tryCompare(tarvik.status, "reason", "Awake — 61 min left");
             tryVerify(() => !sessionRow.menu.visible);
             compare(signalled, []);
+        }
+
+        function selected(): string {
+            const menu = sessionRow.menu;
+            const entry = menu.itemAt(menu.currentIndex);
+            if (!entry)
+                return "";
+            // It looks selected, and the keys go to it.
+            verify(entry.highlighted && entry.activeFocus);
+            compare(entry.background.color, theme.accent);
+            compare(entry.contentItem.color, theme.accentText);
+            return entry.text;
+        }
+
+        function test_theMenuIsWalkedThroughByKeys() {
+            tarvik.setTimedSession(10);
+            sessionRow.forceActiveFocus(Qt.TabFocusReason);
+            for (let round = 0; round < 2; ++round) {
+                keyClick(Qt.Key_Return);
+                tryVerify(() => sessionRow.menu.opened);
+                for (const [key, entry] of [[0, "10 minutes"], [Qt.Key_Up, "Cancel timer"], [Qt.Key_Up, "All day (16 h)"], [Qt.Key_End, "Cancel timer"],
+                    [Qt.Key_Down, "10 minutes"], [Qt.Key_Down, "1 hour"], [Qt.Key_Home, "10 minutes"], [Qt.Key_Down, "1 hour"]]) {
+                    if (key)
+                        keyClick(key);
+                    compare(selected(), entry);
+                }
+                keyClick(Qt.Key_Escape);
+                tryVerify(() => !sessionRow.menu.visible);
+            }
+        }
+
+        function test_aMenuOpenedByMouseHasNothingSelectedYet_data() {
+            return [{ tag: "Up", key: Qt.Key_Up, entry: "All day (16 h)" }, { tag: "Down", key: Qt.Key_Down, entry: "10 minutes" },
+                { tag: "End", key: Qt.Key_End, entry: "All day (16 h)" }, { tag: "Home", key: Qt.Key_Home, entry: "10 minutes" }];
+        }
+
+        function test_aMenuOpenedByMouseHasNothingSelectedYet(row) {
+            openMenu();
+            compare(selected(), "");
+            keyClick(row.key);
+            compare(selected(), row.entry);
         }
 
         function test_escapeClosesTheMenuFirstAndThenThePanel() {
