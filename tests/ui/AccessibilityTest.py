@@ -127,6 +127,17 @@ class AccessibleWindowTest(WindowsTestCase):
         index = next(index for index in range(offered.nActions) if offered.getName(index) == action)
         self.assertTrue(offered.doAction(index))
 
+    def follow(self, event):
+        """What is told of it from now on, as names."""
+        told = []
+
+        def listener(happened):
+            if happened.detail1 and happened.source:
+                told.append((happened.source.getRoleName(), happened.source.name, happened.source.description))
+        pyatspi.Registry.registerEventListener(listener, event)
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, listener, event)
+        return told
+
 
 class PanelTest(AccessibleWindowTest):
     title = "Tarvik"
@@ -143,7 +154,7 @@ class PanelTest(AccessibleWindowTest):
             ("label", "Claude Code, Codex +1 more", "", {"focusable", "read only"}),
             ("label", "charging 80%", "", {"focusable", "read only"}),
             ("check box", "Tarvik", HELP, {"checked", "focusable"}),
-            ("push button", "Keep awake for…", "", {"focusable"}),
+            ("push button", "Keep awake for…", "Opens a menu", {"focusable"}),
             ("push button", "Lock & leave", "", {"focusable"}),
             ("push button", "Settings…", "", {"focusable"}),
             ("push button", "Quit Tarvik", "", {"focusable"}),
@@ -157,6 +168,25 @@ class PanelTest(AccessibleWindowTest):
         await_told(lambda: self.find("Change session…"), "the new title")
         self.tarvik.enter("off")
         await_told(lambda: self.is_unchecked("Tarvik"), "unchecked")
+
+    def test_a_change_is_announced_once(self):
+        told = self.follow("object:state-changed:showing")
+        for state, headline in ("asleep", "Dozing — nothing to watch"), ("off", "Off"):
+            self.tarvik.enter(state)
+            await_told(lambda wanted=headline: ("alert", wanted, "") in told, f"{headline} is told: {told}")
+            await_told(lambda: not any(part.getRoleName() == "alert" for part in self.everything()), "whoever looks around does not meet it")
+            self.assertEqual([part[1] for part in told if part[0] == "alert"].count(headline), 1, told)
+
+    def test_the_minutes_that_pass_are_not_announced(self):
+        self.tarvik.enter("session")
+        await_told(lambda: self.find("Change session…"), "a session")
+        told = self.follow("object:state-changed:showing")
+        before = next(part.name for part in self.everything() if part.getRoleName() == "heading")
+        self.tarvik.tell("wait 120")
+        await_told(lambda: not self.find(before, "heading"), "the time passes")
+        self.tarvik.tell("set isEnabled false")
+        await_told(lambda: ("alert", "Off", "") in told, f"what comes after that is told: {told}")
+        self.assertEqual([part for part in told if part[0] == "alert"], [("alert", "Off", "")])
 
     def test_the_keyboards_focus_is_told(self):
         told = []
@@ -180,8 +210,9 @@ class PanelTest(AccessibleWindowTest):
         self.assertEqual([(part.getRoleName(), part.name) for part in children(menu)],
                          [("menu item", "10 minutes"), ("menu item", "1 hour"), ("menu item", "2 hours"),
                           ("menu item", "All day (16 h)"), ("separator", ""), ("menu item", "Cancel timer")])
-        for name in "10 minutes", "1 hour":
-            press("Down")
+        for key, name in (None, "10 minutes"), ("Up", "Cancel timer"), ("Home", "10 minutes"), ("Down", "1 hour"):
+            if key:
+                press(key)
             await_told(lambda wanted=name: (part := self.focused()) and part.name == wanted, f"{name} has the focus")
         press("Escape")
         await_told(lambda: not self.find("Cancel timer"), "the menu is gone from the tree")
@@ -236,6 +267,7 @@ class SettingsTest(AccessibleWindowTest):
         tabs = [("page tab", name, {"checked", "selected"} if name == "General" else set())
                 for name in ("General", "Triggers", "Power", "Journal", "Updates")]
         self.assertEqual(self.parts(), [
+            ("page tab list", "Settings", set()),
             *tabs,
             ("check box", "Also keep the display awake", {"checked"}),
             ("check box", "Launch Tarvik at login", {"checked"}),
@@ -253,6 +285,37 @@ class SettingsTest(AccessibleWindowTest):
             ("label", "Every change is recorded in the Journal tab either way.", set()),
         ]
         await_told(lambda: self.parts()[-2:] == last, "the rest is shown")
+
+    def open_tab(self, name):
+        self.perform(name, "Press")
+        await_told(lambda: (part := self.find(name, "page tab")) and "selected" in states(part), f"{name} is shown")
+
+    def test_only_what_has_a_name_takes_the_focus(self):
+        for tab in "General", "Triggers", "Power", "Journal", "Updates":
+            self.open_tab(tab)
+            nameless = [described(part) for part in self.everything() if not part.name and {"focusable", "showing"} <= states(part)]
+            self.assertEqual(nameless, [], tab)
+
+    def test_the_focus_is_on_the_tab_alone(self):
+        self.open_tab("Power")
+        await_told(lambda: [part.name for part in self.everything() if "focused" in states(part)] == ["Power"], "one thing has the focus")
+
+    def test_a_screen_reader_that_walks_through_the_tabs_leaves_no_warning(self):
+        for tab in "Updates", "General", "Journal":
+            self.perform(tab, "SetFocus")
+            await_told(lambda wanted=tab: (part := self.focused()) and part.name == wanted, f"{tab} has the focus")
+            self.open_tab(tab)
+
+    def test_a_button_that_is_not_available_says_so_and_refuses(self):
+        self.tarvik.tell("updates off")
+        self.open_tab("Updates")
+        button = self.control("Check for Updates…")
+        self.assertEqual(button.description, "Not available")
+        self.perform("Check for Updates…", "Press")
+        # This would come after it.
+        self.open_tab("General")
+        self.perform("Also keep the display awake", "Toggle")
+        self.assertEqual(self.tarvik.request(), "set keepDisplayAwake false")
 
     def test_a_switch_writes_its_setting(self):
         self.perform("Also keep the display awake", "Toggle")
@@ -384,17 +447,6 @@ class OnboardingTest(AccessibleWindowTest):
         ])
         self.perform("Done", "Press")
         self.assertEqual(self.tarvik.request(), "FinishOnboarding")
-
-    def follow(self, event):
-        """What is told of it from now on, as names."""
-        told = []
-
-        def listener(happened):
-            if happened.detail1 and happened.source:
-                told.append((happened.source.getRoleName(), happened.source.name, happened.source.description))
-        pyatspi.Registry.registerEventListener(listener, event)
-        self.addCleanup(pyatspi.Registry.deregisterEventListener, listener, event)
-        return told
 
     def test_a_new_step_is_told(self):
         told = self.follow("object:state-changed:focused")

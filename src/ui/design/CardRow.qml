@@ -38,6 +38,7 @@ CardPart {
         Label {
             text: root.title
             theme: root.theme
+            visible: text
             width: parent.width
             wrapMode: Text.Wrap
 

@@ -14,7 +14,7 @@ T.TabBar {
     padding: theme.scaled(6)
     spacing: theme.scaled(4)
 
-    Accessible.role: Accessible.PageTabList
+    Accessible.ignored: true
     Keys.onLeftPressed: move(mirrored ? 1 : -1)
     Keys.onRightPressed: move(mirrored ? -1 : 1)
 

@@ -13,6 +13,8 @@ FocusScope {
     required property SettingsMirror settings
 
     readonly property bool sessionHovered: content.sessionRow.hovered
+    /// Changes with what is going on, not with each minute that passes.
+    readonly property string situation: status.reason.replace(/[0-9]+/g, "")
 
     signal lockScreen
     signal openSettings
@@ -29,6 +31,10 @@ FocusScope {
     Keys.onDownPressed: moveFocus(true)
     Keys.onEscapePressed: dismissed()
     Keys.onUpPressed: moveFocus(false)
+    onSituationChanged: {
+        if (Window.active)
+            announcement.tell(status.reason);
+    }
 
     // Has the focus while no control has been chosen with the keyboard. Not the scope itself: screen readers would take
     // that for focused together with any control in it.
@@ -60,6 +66,9 @@ FocusScope {
                 root.dismissed();
             }
             onQuit: root.quit()
+        }
+        Announcement {
+            id: announcement
         }
     }
 

@@ -18,6 +18,8 @@ PanelRow {
     systemImage: "timer"
     title: Texts.sessionTitle(isTimedSessionActive)
 
+    // Only newer versions of Qt tell it by the role.
+    Accessible.description: qsTr("Opens a menu")
     Accessible.role: Accessible.ButtonMenu
     Keys.onLeftPressed: event => event.accepted = openTowards(true)
     Keys.onRightPressed: event => event.accepted = openTowards(false)

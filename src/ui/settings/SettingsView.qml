@@ -41,15 +41,26 @@ FocusScope {
         onActivated: tabs.showNext(-1)
     }
     // qmllint enable unqualified
-    SettingsTabs {
-        id: tabs
+    // Not the strip itself: screen readers would take that for focused together with any tab in it.
+    Item {
+        id: strip
 
-        focus: true
-        objectName: "tabs"
-
-        Keys.forwardTo: [root.currentPage]
-        theme: root.theme
+        height: tabs.height
         width: parent.width
+
+        Accessible.name: qsTr("Settings")
+        Accessible.role: Accessible.PageTabList
+
+        SettingsTabs {
+            id: tabs
+
+            focus: true
+            objectName: "tabs"
+
+            Keys.forwardTo: [root.currentPage]
+            theme: root.theme
+            width: parent.width
+        }
     }
     SettingsPages {
         id: pages
@@ -59,7 +70,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: tabs.bottom
+        anchors.top: strip.bottom
         applications: root.applications
         currentTab: root.currentTab
         hooks: root.hooks

@@ -432,6 +432,7 @@ Item {
             compare(toggle.Accessible.description, "Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.");
             compare(sessionRow.Accessible.role, Accessible.ButtonMenu);
             compare(sessionRow.Accessible.name, "Keep awake for…");
+            compare(sessionRow.Accessible.description, "Opens a menu");
             for (const name of ["lockRow", "settingsRow", "quitRow"]) {
                 const row = findChild(view, name);
                 compare(row.Accessible.role, Accessible.Button);
