@@ -131,6 +131,45 @@ class PanelOnDesktopTest(WindowsTestCase):
         self.assertEqual(y + height - bottom, 800 - MARGIN)
         self.assertGreaterEqual(top, 0)
 
+    def test_its_shadow_lets_clicks_through(self):
+        self.addCleanup(self.run_window_manager, "off")
+        self.run_window_manager("on")
+        below = pathlib.Path(self.temporary_file())
+        with below.open("w", encoding="utf-8") as events:
+            self.start("xev", "-geometry", "1200x600+20+100", stdout=events)
+        eventually(lambda: x_windows("--name", "^Event Tester$"), "xev starts")
+        x, y, _width, height = self.surface(self.open(900, 14))
+        self.click_at(x + 11, y + height // 2)
+        eventually(lambda: "ButtonPress event" in below.read_text(encoding="utf-8"), "the window behind it gets the click")
+        self.assert_closed()
+
+    def temporary_file(self):
+        file = tempfile.NamedTemporaryFile()
+        self.addCleanup(file.close)
+        return file.name
+
+    def click_at(self, x, y):
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True, timeout=DEADLINE)
+
+    def test_a_click_on_the_bare_desktop_closes_it(self):
+        self.addCleanup(self.run_window_manager, "off")
+        for compositor in "off", "on":
+            self.run_window_manager(compositor)
+            self.open()
+            self.click_at(300, 600)
+            self.assert_closed()
+            # Nothing of that is left for the next time.
+            self.open()
+            self.press("Escape")
+            self.assert_closed()
+
+    def test_the_wheel_on_the_bare_desktop_does_not_close_it(self):
+        window = self.open()
+        # Sideways: up and down, this window manager goes to another workspace.
+        subprocess.run(["xdotool", "mousemove", "300", "600", "click", "6", "click", "7"], check=True, timeout=DEADLINE)
+        self.press("Down")
+        self.assertEqual(panel_window(), window)
+
     def test_is_not_in_task_bars(self):
         states = output("xprop", "-id", self.open(), "_NET_WM_STATE")
         self.assertIn("_NET_WM_STATE_SKIP_TASKBAR", states)

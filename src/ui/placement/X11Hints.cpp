@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWindow>
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <array>
@@ -22,12 +23,6 @@ namespace {
 template <typename T>
 using Reply = Owned<T, std::free>;
 
-xcb_connection_t* connection()
-{
-    const auto* application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return application != nullptr ? application->connection() : nullptr;
-}
-
 xcb_atom_t atom(xcb_connection_t* x11, const QByteArray& name)
 {
     const auto cookie = xcb_intern_atom(x11, 0, static_cast<uint16_t>(name.size()), name.constData());
@@ -36,6 +31,12 @@ xcb_atom_t atom(xcb_connection_t* x11, const QByteArray& name)
 }
 
 } // namespace
+
+xcb_connection_t* connection()
+{
+    const auto* application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return application != nullptr ? application->connection() : nullptr;
+}
 
 void skipTaskbar(QWindow& window)
 {
@@ -71,6 +72,29 @@ void setShadow(QWindow& window, const QMargins& shadow)
         32,
         extents.size(),
         extents.data());
+}
+
+void letClicksThrough(QWindow& window, const QMargins& shadow)
+{
+    xcb_connection_t* x11 = connection();
+    if (x11 == nullptr)
+        return;
+    const QRect inside = QRect(QPoint(), window.size()).marginsRemoved(shadow);
+    const double scale = window.devicePixelRatio();
+    const QRect physical((QPointF(inside.topLeft()) * scale).toPoint(), (QSizeF(inside.size()) * scale).toSize());
+    const xcb_rectangle_t rectangle{.x = static_cast<int16_t>(physical.x()),
+        .y = static_cast<int16_t>(physical.y()),
+        .width = static_cast<uint16_t>(physical.width()),
+        .height = static_cast<uint16_t>(physical.height())};
+    xcb_shape_rectangles(x11,
+        XCB_SHAPE_SO_SET,
+        XCB_SHAPE_SK_INPUT,
+        XCB_CLIP_ORDERING_UNSORTED,
+        static_cast<xcb_window_t>(window.winId()),
+        0,
+        0,
+        1,
+        &rectangle);
 }
 
 void setStartupId(QWindow& window, const QString& id)

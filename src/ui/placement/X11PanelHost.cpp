@@ -11,6 +11,8 @@
 #include <QQuickWindow>
 #include <QScreen>
 
+#include <utility>
+
 namespace Tarvik {
 
 namespace {
@@ -35,6 +37,15 @@ X11PanelHost::X11PanelHost(QQuickWindow& panel)
     connect(&panel, &QWindow::widthChanged, this, &X11PanelHost::place);
     connect(&panel, &QWindow::xChanged, this, &X11PanelHost::insistOnPosition, Qt::QueuedConnection);
     connect(&panel, &QWindow::yChanged, this, &X11PanelHost::insistOnPosition, Qt::QueuedConnection);
+    connect(&panel, &QQuickWindow::frameSwapped, this, [this] {
+        // Some window managers hear of this only once they have put the window into a frame of their own.
+        if (!std::exchange(m_isFramed, true))
+            X11Hints::letClicksThrough(this->panel(), shadow());
+    });
+    connect(&panel, &QWindow::visibleChanged, this, [this](bool visible) {
+        if (!visible)
+            m_rootClicks.reset();
+    });
 }
 
 bool X11PanelHost::isComposited() const
@@ -46,11 +57,14 @@ void X11PanelHost::open(QPoint click, const QString& activationToken)
 {
     locate(click);
     m_insistence = attempts;
+    m_isFramed = panel().isVisible();
     place();
     panel().create();
     X11Hints::skipTaskbar(panel());
     X11Hints::setShadow(panel(), shadow());
+    X11Hints::letClicksThrough(panel(), shadow());
     showAndActivate(panel(), activationToken);
+    connect(&m_rootClicks.emplace(), &X11RootClicks::clicked, &panel(), &QWindow::close, Qt::QueuedConnection);
 }
 
 void X11PanelHost::locate(QPoint click)
@@ -80,6 +94,8 @@ void X11PanelHost::place()
     m_position = PanelPlacement::position(m_click, surfaceSize(), m_screen->availableGeometry())
         - QPoint(shadow().left(), shadow().top());
     panel().setPosition(m_position);
+    if (panel().isVisible())
+        X11Hints::letClicksThrough(panel(), shadow());
 }
 
 void X11PanelHost::insistOnPosition()

@@ -3,13 +3,17 @@
 #pragma once
 
 #include "ui/placement/PanelHost.h"
+#include "ui/placement/X11RootClicks.h"
 
 #include <QPointer>
 #include <QScreen>
 
+#include <optional>
+
 namespace Tarvik {
 
-/// On X11, and through Xwayland: the window is put where it belongs, and is gone when another one gets the focus.
+/// On X11, and through Xwayland: the window is put where it belongs, and is gone when another one gets the focus
+/// or the root window is clicked.
 class X11PanelHost : public PanelHost {
     Q_OBJECT
 
@@ -30,6 +34,10 @@ private:
     QPointer<QScreen> m_screen;
     QPoint m_position;
     int m_insistence = 0;
+    /// The window manager has taken the open window over.
+    bool m_isFramed = false;
+    /// While the panel is open.
+    std::optional<X11RootClicks> m_rootClicks;
 };
 
 } // namespace Tarvik
