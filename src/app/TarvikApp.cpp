@@ -70,6 +70,7 @@ TarvikApp::TarvikApp(
 void TarvikApp::connectTray()
 {
     m_tray.onOpenPanel = [this](int x, int y, const QString& token) { m_ui.showPanel(x, y, token); };
+    m_ui.onPanelChange = [this](bool isOpen) { m_tray.setIsPanelOpen(isOpen); };
     m_tray.onOpenSettings = [this] { m_ui.showSettings({}); };
     m_tray.onLock = [this] { m_coordinator.lockScreen(); };
     m_tray.onQuit = [] { QCoreApplication::quit(); };
@@ -80,8 +81,7 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     const auto quit = [] { QCoreApplication::quit(); };
     const auto setLaunchAtLogin = [this](bool on) { changeLaunchAtLogin(*m_platform.loginItem, m_settings, on); };
     const auto setClamshellEnabled = [this](bool on) { m_lidClosed.setClamshellEnabled(on); };
-    // Nobody clicked anywhere, so the panel finds its own place.
-    const auto activate = [this](const QString& token) { m_ui.showPanel(0, 0, token); };
+    const auto activate = [this](const QString& token) { m_ui.showPanelAtTray(token); };
 
     m_busObject.add(BusInterfaces::application(activate, sessionBus));
     m_busObject.add(BusInterfaces::status(m_status, m_coordinator, quit, sessionBus));

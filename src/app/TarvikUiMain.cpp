@@ -107,10 +107,15 @@ int main(int argc, char** argv)
         bus,
         linger);
     windows->onShowPanel = [&](int x, int y, const QString& token) { keeper.showPanel({x, y}, token); };
+    windows->onShowPanelAtTray = [&](int x, int y, const QString& token) { keeper.showPanelAtTray({x, y}, token); };
     windows->onShowSettings = [&](const QString& token) { keeper.showSettings(token); };
     windows->onShowOnboarding = [&](const QString& token) { keeper.showOnboarding(token); };
     windows->onShowRestartAlert = [&](const QString& token) { keeper.showRestartAlert(token); };
     windows->onShowHelperApproval = [&](const QString& token) { keeper.showHelperApproval(token); };
+    QObject::connect(&keeper, &Tarvik::WindowKeeper::panelOpened, windows, [windows](QPoint tray) {
+        Q_EMIT windows->PanelOpened(tray.x(), tray.y());
+    });
+    QObject::connect(&keeper, &Tarvik::WindowKeeper::panelClosed, windows, &Tarvik::WindowsAdaptor::PanelClosed);
     QObject::connect(&keeper, &Tarvik::WindowKeeper::finished, &application, &QCoreApplication::quit);
     QObject::connect(&status, &Tarvik::PropertyMirror::lost, &application, &QCoreApplication::quit);
     return QGuiApplication::exec();

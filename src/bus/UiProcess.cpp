@@ -30,7 +30,9 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
     , m_names(bus, {uiBusName})
     , m_ends(launcher.ended.subscribe([this](const QString& failure) { noticeEnd(failure); }))
 {
+    m_names.onKnown = [this] { followOwner(); };
     m_names.onOwnerChange = [this](const QString&) {
+        followOwner();
         if (!m_names.isOwned(uiBusName))
             return;
         for (const Request& request : std::exchange(m_requests, {}))
@@ -41,6 +43,11 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
 void UiProcess::showPanel(int x, int y, const QString& activationToken)
 {
     send({.method = u"ShowPanel"_s, .arguments = {x, y, activationToken}});
+}
+
+void UiProcess::showPanelAtTray(const QString& activationToken)
+{
+    send({.method = u"ShowPanelAtTray"_s, .arguments = {m_tray.x(), m_tray.y(), activationToken}});
 }
 
 void UiProcess::showSettings(const QString& activationToken)
@@ -61,6 +68,39 @@ void UiProcess::showRestartAlert(const QString& activationToken)
 void UiProcess::showHelperApproval(const QString& activationToken)
 {
     send({.method = u"ShowHelperApproval"_s, .arguments = {activationToken}});
+}
+
+void UiProcess::followOwner()
+{
+    m_signals.reset();
+    setIsPanelOpen(false);
+    if (!m_names.isOwned(uiBusName))
+        return;
+    m_signals = std::make_unique<DBusSignal>(m_bus,
+        DBusSignal::Source{m_names.owner(uiBusName),
+            QString::fromLatin1(UiWire::objectPath),
+            QString::fromLatin1(UiWire::windowsInterface),
+            {},
+            {}},
+        [this](const QDBusMessage& signal) { takePanel(signal); });
+}
+
+void UiProcess::takePanel(const QDBusMessage& signal)
+{
+    if (signal.member() == "PanelClosed"_L1)
+        setIsPanelOpen(false);
+    if (signal.member() != "PanelOpened"_L1 || signal.signature() != "ii"_L1)
+        return;
+    const QPoint tray(signal.arguments().at(0).toInt(), signal.arguments().at(1).toInt());
+    if (!tray.isNull())
+        m_tray = tray;
+    setIsPanelOpen(true);
+}
+
+void UiProcess::setIsPanelOpen(bool isOpen)
+{
+    if (std::exchange(m_isPanelOpen, isOpen) != isOpen && onPanelChange)
+        onPanelChange(isOpen);
 }
 
 void UiProcess::send(const Request& request)

@@ -5,13 +5,17 @@
 #include "base/Signal.h"
 #include "dbus/BusNameWatch.h"
 #include "dbus/DBusCalls.h"
+#include "dbus/DBusSignal.h"
 
 #include <QDeadlineTimer>
 #include <QList>
+#include <QPoint>
 #include <QString>
 #include <QVariantList>
 
 #include <chrono>
+#include <functional>
+#include <memory>
 
 class QDBusError;
 
@@ -31,10 +35,15 @@ public:
 
     /// Where the tray item was clicked, as the tray tells it; the token may be empty.
     void showPanel(int x, int y, const QString& activationToken);
+    /// Where the tray item is, as far as that is known of this session.
+    void showPanelAtTray(const QString& activationToken);
     void showSettings(const QString& activationToken);
     void showOnboarding(const QString& activationToken);
     void showRestartAlert(const QString& activationToken);
     void showHelperApproval(const QString& activationToken);
+
+    /// The panel has been opened or closed, or has gone with the process.
+    std::function<void(bool isOpen)> onPanelChange;
 
     /// The process has been called and has not answered yet.
     bool isCalling() const { return !m_calls.isEmpty(); }
@@ -50,6 +59,9 @@ private:
         bool wasLaunchedForAgain = false;
     };
 
+    void followOwner();
+    void takePanel(const QDBusMessage& signal);
+    void setIsPanelOpen(bool isOpen);
     void send(const Request& request);
     void noticeFailure(const Request& request, const QDBusError& error);
     void launchFor(Request request);
@@ -59,6 +71,10 @@ private:
     QDBusConnection m_bus;
     BusNameWatch m_names;
     DBusCalls m_calls;
+    std::unique_ptr<DBusSignal> m_signals;
+    bool m_isPanelOpen = false;
+    /// Where the tray item was found when the panel last opened; null when it never was.
+    QPoint m_tray;
     /// Wait for the process to come up; of each window the last.
     QList<Request> m_requests;
     Subscription m_ends;

@@ -85,15 +85,23 @@ TrayPresenter::TrayPresenter(AwakeCoordinator& coordinator, AppSettings& setting
     update();
 }
 
+void TrayPresenter::setIsPanelOpen(bool isOpen)
+{
+    m_isPanelOpen = isOpen;
+    update();
+}
+
 void TrayPresenter::update()
 {
-    m_tray.setAppearance({
-        .imageName = imageName(m_coordinator),
-        // Trays list their items by it, and screen readers say it.
-        .title = u"Tarvik — "_s + m_coordinator.title(),
-        .tooltipTitle = m_coordinator.statusReason(),
-        .tooltipBody = joined(m_coordinator.statusSubtitle(), m_coordinator.statusDetails()),
-    });
+    TrayAppearance appearance;
+    appearance.imageName = imageName(m_coordinator);
+    if (!m_isPanelOpen) {
+        // Trays list their items by it, and screen readers say it. Without a tooltip, Xfce's would show it as one.
+        appearance.title = u"Tarvik — "_s + m_coordinator.title();
+        appearance.tooltipTitle = appearance.title;
+        appearance.tooltipBody = joined(m_coordinator.statusSubtitle(), m_coordinator.statusDetails());
+    }
+    m_tray.setAppearance(appearance);
     m_tray.setMenu(menu());
 }
 

@@ -23,6 +23,9 @@ public:
     /// Everything passed in must outlive the presenter.
     TrayPresenter(AwakeCoordinator& coordinator, AppSettings& settings, TrayItem& tray, Clock& clock);
 
+    /// The panel says all that the item could say of itself, and nothing is to cover it.
+    void setIsPanelOpen(bool isOpen);
+
     /// The item was clicked, see TrayItem::activated, or the panel chosen in its menu, which has no place: 0, 0.
     std::function<void(int x, int y, const QString& activationToken)> onOpenPanel;
     std::function<void()> onLock;
@@ -42,6 +45,7 @@ private:
     Subscription m_clicks;
     Subscription m_choices;
     std::unique_ptr<Timer> m_hostDeadline;
+    bool m_isPanelOpen = false;
 };
 
 } // namespace Tarvik

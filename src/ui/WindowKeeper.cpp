@@ -53,7 +53,13 @@ WindowKeeper::WindowKeeper(Models models, const QDBusConnection& bus, std::chron
     connect(&m_models.status, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_models.settings, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
     connect(&m_models.lidClosed, &PropertyMirror::connectedChanged, this, &WindowKeeper::openWhenReady);
-    connect(&m_panel, &Panel::visibleChanged, this, &WindowKeeper::followVisibility);
+    connect(&m_panel, &Panel::visibleChanged, this, [this] {
+        followVisibility();
+        if (m_panel.isVisible())
+            Q_EMIT panelOpened(m_panel.trayPoint());
+        else
+            Q_EMIT panelClosed();
+    });
     connect(&m_panel, &Panel::settingsWanted, this, [this] { showSettings({}); });
     for (KeptWindow* window : m_lidClosedWindows)
         connect(window, &KeptWindow::visibleChanged, this, &WindowKeeper::followVisibility);
@@ -71,7 +77,13 @@ void WindowKeeper::showPanel(QPoint click, const QString& activationToken)
 {
     if (m_panel.closeByClick())
         return;
-    m_wantedPanel = Click{click, activationToken};
+    m_wantedPanel = WantedPanel{{.point = click}, activationToken};
+    openWhenReady();
+}
+
+void WindowKeeper::showPanelAtTray(QPoint lastClick, const QString& activationToken)
+{
+    m_wantedPanel = WantedPanel{{.point = lastClick, .isClicked = false}, activationToken};
     openWhenReady();
 }
 
@@ -127,8 +139,8 @@ void WindowKeeper::openWhenReady()
 {
     if (!isReady())
         return;
-    if (const auto click = std::exchange(m_wantedPanel, std::nullopt))
-        m_panel.open(click->point, click->activationToken);
+    if (const auto panel = std::exchange(m_wantedPanel, std::nullopt))
+        m_panel.open(panel->tray, panel->activationToken);
     if (const auto activationToken = std::exchange(m_wantedSettings, std::nullopt))
         openSettings(*activationToken);
     if (!m_models.lidClosed.isConnected())

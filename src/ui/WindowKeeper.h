@@ -49,18 +49,22 @@ public:
 
     /// See com.morvanta.TarvikUi.Windows1.xml.
     void showPanel(QPoint click, const QString& activationToken);
+    void showPanelAtTray(QPoint lastClick, const QString& activationToken);
     void showSettings(const QString& activationToken);
     void showOnboarding(const QString& activationToken);
     void showRestartAlert(const QString& activationToken);
     void showHelperApproval(const QString& activationToken);
 
 Q_SIGNALS:
+    /// See com.morvanta.TarvikUi.Windows1.xml.
+    void panelOpened(QPoint tray);
+    void panelClosed();
     /// No window has been open for a while, and nothing would be lost.
     void finished();
 
 private:
-    struct Click {
-        QPoint point;
+    struct WantedPanel {
+        PanelHost::TrayPoint tray;
         QString activationToken;
     };
 
@@ -83,7 +87,7 @@ private:
     KeptWindow m_helperApproval;
     std::array<KeptWindow*, 3> m_lidClosedWindows;
     /// Wait until everything is known that all windows show.
-    std::optional<Click> m_wantedPanel;
+    std::optional<WantedPanel> m_wantedPanel;
     std::optional<QString> m_wantedSettings;
     /// With their activation tokens. These wait for what they alone show, too.
     QList<std::pair<KeptWindow*, QString>> m_wantedLidClosedWindows;

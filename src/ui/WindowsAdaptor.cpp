@@ -10,6 +10,12 @@ void WindowsAdaptor::ShowPanel(int x, int y, const QString& activationToken)
         onShowPanel(x, y, activationToken);
 }
 
+void WindowsAdaptor::ShowPanelAtTray(int x, int y, const QString& activationToken)
+{
+    if (onShowPanelAtTray)
+        onShowPanelAtTray(x, y, activationToken);
+}
+
 void WindowsAdaptor::ShowSettings(const QString& activationToken)
 {
     if (onShowSettings)

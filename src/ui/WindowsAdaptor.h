@@ -21,13 +21,19 @@ public:
     }
 
     std::function<void(int x, int y, const QString& activationToken)> onShowPanel;
+    std::function<void(int x, int y, const QString& activationToken)> onShowPanelAtTray;
     std::function<void(const QString& activationToken)> onShowSettings;
     std::function<void(const QString& activationToken)> onShowOnboarding;
     std::function<void(const QString& activationToken)> onShowRestartAlert;
     std::function<void(const QString& activationToken)> onShowHelperApproval;
 
+Q_SIGNALS:
+    void PanelOpened(int x, int y);
+    void PanelClosed();
+
 public Q_SLOTS:
     void ShowPanel(int x, int y, const QString& activationToken);
+    void ShowPanelAtTray(int x, int y, const QString& activationToken);
     void ShowSettings(const QString& activationToken);
     void ShowOnboarding(const QString& activationToken);
     void ShowRestartAlert(const QString& activationToken);

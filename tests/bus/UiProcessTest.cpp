@@ -64,6 +64,41 @@ private Q_SLOTS:
                 call(u"ShowHelperApproval"_s, {u"c"_s})}));
     }
 
+    void thePanelIsShownAgainWhereTheTrayWas()
+    {
+        QVERIFY(m_windows->appear());
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        QList<bool> changes;
+        windows.onPanelChange = [&](bool isOpen) { changes.append(isOpen); };
+        windows.showPanelAtTray(u"token"_s);
+        QTRY_COMPARE(m_calls, QStringList{call(u"ShowPanelAtTray"_s, {0, 0, u"token"_s})});
+        m_windows->emitSignal(QString::fromLatin1(UiWire::windowsInterface), u"PanelOpened"_s, {1268, 14});
+        QTRY_COMPARE(changes, QList<bool>{true});
+        m_windows->emitSignal(QString::fromLatin1(UiWire::windowsInterface), u"PanelClosed"_s, {});
+        QTRY_COMPARE(changes, (QList<bool>{true, false}));
+        // One that was opened elsewhere tells nothing of the tray.
+        m_windows->emitSignal(QString::fromLatin1(UiWire::windowsInterface), u"PanelOpened"_s, {0, 0});
+        QTRY_COMPARE(changes, (QList<bool>{true, false, true}));
+        windows.showPanelAtTray({});
+        QTRY_COMPARE(m_calls.value(1), call(u"ShowPanelAtTray"_s, {1268, 14, QString()}));
+    }
+
+    void anOpenPanelGoesWithItsProcess()
+    {
+        QVERIFY(m_windows->appear());
+        FakeUiLauncher launcher;
+        UiProcess windows(launcher, m_client);
+        QList<bool> changes;
+        windows.onPanelChange = [&](bool isOpen) { changes.append(isOpen); };
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(m_calls.size(), 1);
+        m_windows->emitSignal(QString::fromLatin1(UiWire::windowsInterface), u"PanelOpened"_s, {1268, 14});
+        QTRY_COMPARE(changes, QList<bool>{true});
+        m_windows->vanish();
+        QTRY_COMPARE(changes, (QList<bool>{true, false}));
+    }
+
     void ofClicksForTheSameWindowWhileItStartsTheLastOneCounts()
     {
         FakeUiLauncher launcher;

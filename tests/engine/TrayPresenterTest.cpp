@@ -27,7 +27,7 @@ private Q_SLOTS:
         QCOMPARE(m_tray->appearance,
             (TrayAppearance{u"MenuLooking"_s,
                 u"Tarvik — Watching"_s,
-                u"Dozing — nothing to watch"_s,
+                u"Tarvik — Watching"_s,
                 u"Nothing running to keep awake for"_s}));
     }
 
@@ -38,7 +38,7 @@ private Q_SLOTS:
         m_machine->run("claude\n");
         QCOMPARE(m_tray->appearance,
             (TrayAppearance{
-                u"MenuActive"_s, u"Tarvik — Awake"_s, u"Awake · 1 agent"_s, u"Claude Code · charging 80%"_s}));
+                u"MenuActive"_s, u"Tarvik — Awake"_s, u"Tarvik — Awake"_s, u"Claude Code · charging 80%"_s}));
         m_machine->run("");
         QCOMPARE(m_tray->appearance.imageName, u"MenuLooking"_s);
     }
@@ -51,7 +51,7 @@ private Q_SLOTS:
         m_machine->settle();
         m_machine->run("claude\n");
         QCOMPARE(m_tray->appearance,
-            (TrayAppearance{u"MenuIdle"_s, u"Tarvik — Paused"_s, u"Paused — on battery"_s, u"running on battery"_s}));
+            (TrayAppearance{u"MenuIdle"_s, u"Tarvik — Paused"_s, u"Tarvik — Paused"_s, u"running on battery"_s}));
     }
 
     void isIdleWhileSwitchedOff()
@@ -60,7 +60,20 @@ private Q_SLOTS:
         m_machine->run("claude\n");
         m_machine->settings->setIsEnabled(false);
         m_machine->settle();
-        QCOMPARE(m_tray->appearance, (TrayAppearance{u"MenuIdle"_s, u"Tarvik — Off"_s, u"Off"_s, u"Not watching"_s}));
+        QCOMPARE(m_tray->appearance,
+            (TrayAppearance{u"MenuIdle"_s, u"Tarvik — Off"_s, u"Tarvik — Off"_s, u"Not watching"_s}));
+    }
+
+    void noTooltipCoversTheOpenPanel()
+    {
+        start();
+        m_presenter->setIsPanelOpen(true);
+        QCOMPARE(m_tray->appearance, (TrayAppearance{u"MenuLooking"_s, {}, {}, {}}));
+        m_machine->run("claude\n");
+        QCOMPARE(m_tray->appearance, (TrayAppearance{u"MenuActive"_s, {}, {}, {}}));
+        m_presenter->setIsPanelOpen(false);
+        QCOMPARE(m_tray->appearance.tooltipTitle, u"Tarvik — Awake"_s);
+        QVERIFY(m_tray->appearance.tooltipBody.startsWith("Claude Code"_L1));
     }
 
     void theMenuOffersWhatThePanelOffers()

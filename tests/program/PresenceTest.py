@@ -199,7 +199,7 @@ class TrayTest(PresenceTestCase):
         self.programs.start("claude")
         eventually(lambda: self.image() == "tarvik-active-symbolic", "active")
         self.assertEqual((self.shown("Id"), self.shown("Title")), ("tarvik", "Tarvik — Awake"))
-        self.assertEqual(self.shown("ToolTip")[2:], ("Awake · 1 agent", "Claude Code · charging 80%"))
+        self.assertEqual(self.shown("ToolTip")[2:], ("Tarvik — Awake", "Claude Code · charging 80%"))
         self.choose("Tarvik")
         eventually(lambda: self.image() == "tarvik-idle-symbolic", "idle")
         self.assertFalse(self.tarvik.status()["isAwake"])
@@ -265,6 +265,28 @@ class PanelTest(PresenceTestCase):
         self.assertTrue(y < top < y + 40, f"{top} is just below {y}")
         click(x, y)
         self.assert_panel_closes()
+
+    def test_the_items_tooltip_does_not_cover_it(self):
+        self.present()
+        self.assertEqual(self.shown("ToolTip")[2], "Tarvik — Watching")
+        self.open_panel()
+        eventually(lambda: (self.shown("Title"), self.shown("ToolTip")[2:]) == ("", ("", "")), "there is nothing to show")
+        press("Escape")
+        self.assert_panel_closes()
+        eventually(lambda: (self.shown("Title"), self.shown("ToolTip")[2]) == 2 * ("Tarvik — Watching",), "the tooltip is back")
+
+    def test_a_second_start_opens_it_where_the_click_did(self):
+        self.present()
+        first = geometry(self.open_panel())
+        press("Escape")
+        self.assert_panel_closes()
+        self.may_log = ["Tarvik [system] The UI process failed: it crashed with signal 9"]
+        os.kill(self.windows_process(), signal.SIGKILL)
+        eventually(lambda: not self.windows_process(), "the windows' process has gone, as it does after a while")
+        subprocess.run(["xdotool", "mousemove", "5", "790"], check=True)
+        subprocess.run([program.TARVIK], check=True, timeout=program.PATIENCE)
+        eventually(panel, "the panel opens")
+        self.assertEqual(geometry(panel()), first)
 
     def test_it_closes_when_another_window_is_used(self):
         self.present()

@@ -18,6 +18,8 @@ struct Contract {
     QStringList invalidated;
     /// Name to the types that go in.
     QMap<QString, QString> methods;
+    /// Name to the types of what it tells.
+    QMap<QString, QString> announcements;
 
     bool operator==(const Contract&) const = default;
 };
@@ -29,6 +31,7 @@ inline Contracts readContracts(QXmlStreamReader& xml)
     Contracts contracts;
     QString interface;
     QString member;
+    bool isSignal = false;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
@@ -44,7 +47,14 @@ inline Contracts readContracts(QXmlStreamReader& xml)
             contracts[interface].invalidated.append(member);
         } else if (xml.name() == QLatin1StringView("method")) {
             member = attribute("name");
+            isSignal = false;
             contracts[interface].methods[member] = QString();
+        } else if (xml.name() == QLatin1StringView("signal")) {
+            member = attribute("name");
+            isSignal = true;
+            contracts[interface].announcements[member] = QString();
+        } else if (xml.name() == QLatin1StringView("arg") && isSignal) {
+            contracts[interface].announcements[member] += attribute("type");
         } else if (xml.name() == QLatin1StringView("arg") && attribute("direction") == QLatin1StringView("in")) {
             contracts[interface].methods[member] += attribute("type");
         }

@@ -77,10 +77,42 @@ class PanelOnDesktopTest(WindowsTestCase):
 
     def test_opens_below_the_pointer_when_the_tray_counts_from_its_own_corner(self):
         top = top_of_work_area()
-        self.addCleanup(subprocess.run, ["xdotool", "mousemove", "640", "400"], check=True, timeout=DEADLINE)
-        subprocess.run(["xdotool", "mousemove", "900", "14"], check=True, timeout=DEADLINE)
+        self.point(900, 14)
         x, y, width, _height = self.surface(self.open(0, 25))
         self.assertEqual((x, y, width), (900 - 150, top + MARGIN, 300))
+
+    def point(self, x, y):
+        """Moves the pointer, for as long as the test takes."""
+        self.addCleanup(subprocess.run, ["xdotool", "mousemove", "640", "400"], check=True, timeout=DEADLINE)
+        subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True, timeout=DEADLINE)
+
+    def test_opens_at_the_tray_item_that_was_activated_with_the_keyboard(self):
+        self.point(100, 790)
+        self.assertEqual(self.surface(self.open(900, 14))[:2], (900 - 150, top_of_work_area() + MARGIN))
+
+    def open_at_tray(self, x, y):
+        self.show("ShowPanelAtTray", "iis", str(x), str(y), "")
+        return eventually(panel_window, "the panel opens")
+
+    def test_a_second_start_opens_it_where_the_tray_was(self):
+        self.point(100, 790)
+        self.assertEqual(self.surface(self.open_at_tray(900, 14))[:2], (900 - 150, top_of_work_area() + MARGIN))
+
+    def test_a_second_start_opens_it_where_trays_mostly_are(self):
+        top = top_of_work_area()
+        self.point(100, 790)
+        for x, y in ((0, 0), (3, 25)):
+            left, upper, width, _height = self.surface(self.open_at_tray(x, y))
+            self.assertEqual((left + width, upper), (1280 - MARGIN, top + MARGIN))
+            self.press("Escape")
+            self.assert_closed()
+
+    def test_a_second_start_leaves_it_open(self):
+        window = self.open_at_tray(0, 0)
+        self.open_at_tray(0, 0)
+        # It would be closed by now.
+        self.press("Down")
+        self.assertEqual(panel_window(), window)
 
     def test_stays_on_the_screen(self):
         x, _y, width, _height = self.surface(self.open(1279, 14))

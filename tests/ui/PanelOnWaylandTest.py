@@ -117,6 +117,16 @@ class PanelAtTheTopTest(PanelTest):
         x, y, _width, _height = self.await_surface("HEADLESS-2")
         self.assertEqual((x, y), (500 - WIDTH // 2, BAR_HEIGHT + MARGIN))
 
+    def test_a_second_start_opens_it_at_the_tray_and_not_at_the_pointer(self):
+        self.sway.seat.move(200, 790)
+        self.show("ShowPanelAtTray", "iis", "900", "14", "")
+        self.assertEqual(self.await_surface()[:2], (900 - WIDTH // 2, BAR_HEIGHT + MARGIN))
+        self.press("Escape")
+        self.assert_closed()
+        self.show("ShowPanelAtTray", "iis", "0", "0", "")
+        x, y, width, _height = self.await_surface()
+        self.assertEqual((x + width, y), (1280 - MARGIN, BAR_HEIGHT + MARGIN))
+
     def test_escape_closes_it(self):
         self.open()
         self.press("Escape")

@@ -17,17 +17,20 @@ class WindowsAdaptorTest : public QObject {
 private Q_SLOTS:
     void theContractIsKept()
     {
-        QMap<QString, QString> offered;
+        QMap<QString, QString> methods;
+        QMap<QString, QString> announcements;
         const QMetaObject& meta = WindowsAdaptor::staticMetaObject;
         for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
             const QMetaMethod method = meta.method(index);
-            QString& types = offered[QString::fromLatin1(method.name())];
+            auto& members = method.methodType() == QMetaMethod::Signal ? announcements : methods;
+            QString& types = members[QString::fromLatin1(method.name())];
             for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
                 types += WireValue::signatureOf(method.parameterMetaType(parameter));
         }
         const Contracts contracts = contractsOf(QString::fromLatin1(UiWire::busName));
         QCOMPARE(contracts.keys(), QStringList{QString::fromLatin1(UiWire::windowsInterface)});
-        QCOMPARE(offered, contracts.first().methods);
+        QCOMPARE(methods, contracts.first().methods);
+        QCOMPARE(announcements, contracts.first().announcements);
     }
 };
 

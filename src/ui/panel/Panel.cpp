@@ -7,7 +7,6 @@
 #include "ui/mirror/SettingsMirror.h"
 #include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"
-#include "ui/placement/PanelHost.h"
 #include "ui/placement/WindowActivation.h"
 
 #include <QCoreApplication>
@@ -57,13 +56,13 @@ bool Panel::closeByClick()
     return hasClosed;
 }
 
-void Panel::open(QPoint click, const QString& activationToken)
+void Panel::open(const PanelHost::TrayPoint& tray, const QString& activationToken)
 {
     if (!m_window && !create())
         return;
     m_window->setProperty("isComposited", m_host->isComposited());
     layOut(*m_window->contentItem());
-    m_host->open(click, activationToken);
+    m_host->open(tray, activationToken);
 }
 
 bool Panel::create()

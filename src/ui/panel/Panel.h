@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/placement/PanelHost.h"
+
 #include <QDBusConnection>
 #include <QElapsedTimer>
 #include <QObject>
@@ -16,7 +18,6 @@ namespace Tarvik {
 
 class Appearance;
 class LayerShell;
-class PanelHost;
 class SettingsMirror;
 class StatusMirror;
 
@@ -39,7 +40,9 @@ public:
     /// Closes the panel if it is in front. Also true when the click that is reported now has closed it already.
     bool closeByClick();
     /// See com.morvanta.TarvikUi.Windows1.xml.
-    void open(QPoint click, const QString& activationToken);
+    void open(const PanelHost::TrayPoint& tray, const QString& activationToken);
+    /// See PanelHost; null as well before the panel was first opened.
+    QPoint trayPoint() const { return m_host ? m_host->trayPoint() : QPoint(); }
 
 Q_SIGNALS:
     void visibleChanged();

@@ -33,7 +33,7 @@ LayerPanelHost::LayerPanelHost(QQuickWindow& panel, const LayerShell& shell, con
 {
     panel.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
     m_pointerPatience.setSingleShot(true);
-    connect(&m_pointerPatience, &QTimer::timeout, this, &LayerPanelHost::openAtClick);
+    connect(&m_pointerPatience, &QTimer::timeout, this, &LayerPanelHost::openAtPoint);
     connect(&panel, &QWindow::heightChanged, this, &LayerPanelHost::resize);
     connect(&panel, &QWindow::widthChanged, this, &LayerPanelHost::resize);
     connect(&panel, &QQuickWindow::frameSwapped, this, &LayerPanelHost::showCursor);
@@ -46,16 +46,17 @@ LayerPanelHost::LayerPanelHost(QQuickWindow& panel, const LayerShell& shell, con
 
 LayerPanelHost::~LayerPanelHost() = default;
 
-void LayerPanelHost::open(QPoint click, const QString&)
+void LayerPanelHost::open(const TrayPoint& tray, const QString&)
 {
     if (!m_covers.empty())
         return;
-    m_click = click;
+    m_tray = tray;
     for (QScreen* screen : QGuiApplication::screens()) {
         Cover cover(new ScreenCover(m_shell, *screen));
         if (!m_hasCursor)
             cover->setCursor(Qt::BlankCursor);
-        connect(cover.get(), &ScreenCover::entered, this, [this, screen](QPoint point) { openAt(*screen, point); });
+        if (tray.isClicked)
+            connect(cover.get(), &ScreenCover::entered, this, [this, screen](QPoint point) { openAt(*screen, point); });
         connect(cover.get(), &ScreenCover::placed, this, &LayerPanelHost::awaitPointer);
         connect(cover.get(), &ScreenCover::pressed, this, &LayerPanelHost::dismiss);
         m_covers.push_back(std::move(cover));
@@ -65,20 +66,24 @@ void LayerPanelHost::open(QPoint click, const QString&)
 void LayerPanelHost::awaitPointer()
 {
     if (!m_isPlaced)
-        m_pointerPatience.start(LayerShell::hasPointer() ? pointerPatience : 0ms);
+        m_pointerPatience.start(m_tray.isClicked && LayerShell::hasPointer() ? pointerPatience : 0ms);
 }
 
-void LayerPanelHost::openAtClick()
+void LayerPanelHost::openAtPoint()
 {
     for (QScreen* screen : QGuiApplication::screens()) {
-        if (!m_click.isNull() && screen->geometry().contains(m_click)) {
-            openAt(*screen, m_click);
+        if (!m_tray.point.isNull() && screen->geometry().contains(m_tray.point)) {
+            openAt(*screen, m_tray.point);
             return;
         }
     }
-    // No pointer and no click: where trays mostly are.
-    if (QScreen* screen = QGuiApplication::primaryScreen())
-        openAt(*screen, screen->geometry().topRight());
+    // Where trays mostly are: Plasma has its bar at the bottom, compositors without a desktop of their own at the top.
+    if (QScreen* screen = QGuiApplication::primaryScreen()) {
+        const QRect area = screen->geometry();
+        const int end = QGuiApplication::layoutDirection() == Qt::LeftToRight ? area.right() : area.left();
+        openAt(*screen, {end, qEnvironmentVariableIsSet("KDE_SESSION_VERSION") ? area.bottom() : area.top()});
+        setTrayPoint({});
+    }
 }
 
 void LayerPanelHost::openAt(QScreen& screen, QPoint point)
@@ -86,6 +91,7 @@ void LayerPanelHost::openAt(QScreen& screen, QPoint point)
     if (m_isPlaced)
         return;
     m_isPlaced = true;
+    setTrayPoint(point);
     m_pointerPatience.stop();
     m_struts.ask(screen.name(), screen.geometry(), [this, point, where = QPointer(&screen)](QMargins reserved) {
         if (m_isPlaced && !m_surface && where)

@@ -30,15 +30,16 @@ public:
     ~LayerPanelHost() override;
 
     bool isComposited() const override { return true; }
-    /// `click` is in logical pixels and counts only where there is no pointer: some trays count from their own corner.
-    void open(QPoint click, const QString& activationToken) override;
+    /// The point is in logical pixels and, of a click, counts only where there is no pointer: some trays count from
+    /// their own corner.
+    void open(const TrayPoint& tray, const QString& activationToken) override;
 
 private:
     /// Later, because Qt walks over all windows when it closes them, and the covers go with the panel.
     using Cover = std::unique_ptr<ScreenCover, QScopedPointerDeleteLater>;
 
     void awaitPointer();
-    void openAtClick();
+    void openAtPoint();
     void openAt(QScreen& screen, QPoint point);
     void place(QScreen& screen, QPoint point, const QMargins& reserved);
     void resize();
@@ -48,7 +49,7 @@ private:
 
     const LayerShell& m_shell;
     PlasmaStruts m_struts;
-    QPoint m_click;
+    TrayPoint m_tray;
     std::vector<Cover> m_covers;
     /// From when it is known where the panel goes until it is closed.
     bool m_isPlaced = false;

@@ -20,7 +20,7 @@ OrdinaryPanelHost::OrdinaryPanelHost(QQuickWindow& panel)
     });
 }
 
-void OrdinaryPanelHost::open(QPoint, const QString& activationToken)
+void OrdinaryPanelHost::open(const TrayPoint&, const QString& activationToken)
 {
     showAndActivate(panel(), activationToken);
 }

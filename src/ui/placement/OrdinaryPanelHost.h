@@ -17,7 +17,7 @@ public:
 
     bool isComposited() const override { return false; }
     bool isTransient() const override { return false; }
-    void open(QPoint click, const QString& activationToken) override;
+    void open(const TrayPoint& tray, const QString& activationToken) override;
 };
 
 } // namespace Tarvik

@@ -29,8 +29,17 @@ public:
     virtual bool isComposited() const = 0;
     /// Whether the panel goes, like a menu, when the user turns to something else.
     virtual bool isTransient() const { return true; }
-    /// Shows the panel next to the click, a point as com.morvanta.TarvikUi.Windows1.xml tells it.
-    virtual void open(QPoint click, const QString& activationToken) = 0;
+    /// Where a tray item is, in what com.morvanta.TarvikUi.Windows1.xml counts in; null when nobody knows.
+    struct TrayPoint {
+        QPoint point;
+        /// The user has just clicked there, so that the pointer may know better. Otherwise the pointer is anywhere.
+        bool isClicked = true;
+    };
+
+    /// Shows the panel next to the tray item.
+    virtual void open(const TrayPoint& tray, const QString& activationToken) = 0;
+    /// Where the tray item was found the last time; null when it was not.
+    QPoint trayPoint() const { return m_trayPoint; }
 
 protected:
     explicit PanelHost(QQuickWindow& panel);
@@ -41,8 +50,11 @@ protected:
     /// The window without its shadow.
     QSize surfaceSize() const;
 
+    void setTrayPoint(QPoint point) { m_trayPoint = point; }
+
 private:
     QQuickWindow& m_panel;
+    QPoint m_trayPoint;
 };
 
 } // namespace Tarvik

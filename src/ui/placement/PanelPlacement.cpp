@@ -4,10 +4,19 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <utility>
 
 namespace Tarvik::PanelPlacement {
 
 namespace {
+
+constexpr int thickPanel = 64;
+
+bool isNear(QPointF one, QPointF other, double pixels)
+{
+    return std::abs(one.x() - other.x()) < pixels && std::abs(one.y() - other.y()) < pixels;
+}
 
 /// The edge that the click is beyond or, inside the work area, nearest to.
 Qt::Edge edgeOf(QPoint click, const QRect& area)
@@ -48,9 +57,40 @@ QPoint toLogical(const Screen& screen, QPoint physical)
 
 bool mayBeOnPanel(const Screen& screen, QPoint logical)
 {
-    constexpr int thickPanel = 64;
     const QMargins edges(thickPanel, thickPanel, thickPanel, thickPanel);
     return !screen.workArea.contains(logical) || !screen.geometry.marginsRemoved(edges).contains(logical);
+}
+
+QPoint toPhysical(const Screen& screen, QPoint logical)
+{
+    const QPoint origin = screen.geometry.topLeft();
+    return origin + (QPointF(logical - origin) * screen.devicePixelRatio).toPoint();
+}
+
+bool mayMeanPointer(QPoint click, QPoint pointer, double devicePixelRatio)
+{
+    const double closeBy = thickPanel * devicePixelRatio;
+    return isNear(click, pointer, closeBy) || isNear(QPointF(click) * devicePixelRatio, pointer, closeBy)
+        || mayCountFromTray(click, devicePixelRatio);
+}
+
+bool mayCountFromTray(QPoint click, double devicePixelRatio)
+{
+    return isNear(click, {}, thickPanel * devicePixelRatio);
+}
+
+QPoint usualTray(const Screen& screen, Qt::LayoutDirection direction)
+{
+    const QRect& all = screen.geometry;
+    const QRect& free = screen.workArea;
+    const int end = direction == Qt::LeftToRight ? all.right() : all.left();
+    const std::array bars{
+        std::pair{free.top() - all.top(), QPoint(end, all.top())},
+        std::pair{all.bottom() - free.bottom(), QPoint(end, all.bottom())},
+        std::pair{free.left() - all.left(), all.bottomLeft()},
+        std::pair{all.right() - free.right(), all.bottomRight()},
+    };
+    return std::ranges::max_element(bars, {}, &std::pair<int, QPoint>::first)->second;
 }
 
 QPoint position(QPoint click, QSize window, const QRect& workArea)

@@ -30,6 +30,19 @@ QPoint toLogical(const Screen& screen, QPoint physical);
 /// as Qt knows it, of any when there are several screens.
 bool mayBeOnPanel(const Screen& screen, QPoint logical);
 
+/// The inverse of toLogical().
+QPoint toPhysical(const Screen& screen, QPoint logical);
+
+/// Whether a tray that tells of a click at `click` may mean the pointer: it says where that is, or in the larger pixels
+/// of its toolkit, or counts from its own corner, which cannot be told from that of the desktop. In physical pixels.
+bool mayMeanPointer(QPoint click, QPoint pointer, double devicePixelRatio);
+/// Whether `click` may be counted from the tray's own corner. In physical pixels.
+bool mayCountFromTray(QPoint click, double devicePixelRatio);
+
+/// Where trays mostly are, in logical pixels: at the end of the largest bar of the screen or, where there is none, of
+/// its upper edge.
+QPoint usualTray(const Screen& screen, Qt::LayoutDirection direction);
+
 /// The top left corner of a window of this size that opens from a click at `click`: at the edge of the work area from
 /// where the click came, centred on it as far as the work area allows. A window that is too large starts at its top
 /// left.

@@ -53,9 +53,9 @@ bool X11PanelHost::isComposited() const
     return X11Hints::isComposited();
 }
 
-void X11PanelHost::open(QPoint click, const QString& activationToken)
+void X11PanelHost::open(const TrayPoint& tray, const QString& activationToken)
 {
-    locate(click);
+    locate(tray);
     m_insistence = attempts;
     m_isFramed = panel().isVisible();
     place();
@@ -67,24 +67,54 @@ void X11PanelHost::open(QPoint click, const QString& activationToken)
     connect(&m_rootClicks.emplace(), &X11RootClicks::clicked, &panel(), &QWindow::close, Qt::QueuedConnection);
 }
 
-void X11PanelHost::locate(QPoint click)
+void X11PanelHost::locate(const TrayPoint& tray)
 {
-    m_click = QCursor::pos();
-    m_screen = QGuiApplication::screenAt(m_click);
-    if (m_screen == nullptr)
-        m_screen = QGuiApplication::primaryScreen();
-    // A tray that does not know where it was clicked says 0, 0. One that counts from its own corner, as MATE's does, is
-    // found out by the pointer, which then is on a bar. Xwayland does not know where the pointer is.
-    const bool isPointerKnown = m_screen != nullptr && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    if (click.isNull() || (isPointerKnown && PanelPlacement::mayBeOnPanel(describe(*m_screen), m_click)))
+    if (locateByPointer(tray) || locateByPoint(tray.point))
         return;
-    for (QScreen* candidate : QGuiApplication::screens()) {
-        if (PanelPlacement::contains(describe(*candidate), click)) {
-            m_screen = candidate;
-            m_click = PanelPlacement::toLogical(describe(*candidate), click);
-            return;
+    setTrayPoint({});
+    m_screen = QGuiApplication::primaryScreen();
+    if (m_screen != nullptr)
+        m_click = PanelPlacement::usualTray(describe(*m_screen), QGuiApplication::layoutDirection());
+}
+
+bool X11PanelHost::locateByPointer(const TrayPoint& tray)
+{
+    const QPoint pointer = QCursor::pos();
+    QScreen* screen = QGuiApplication::screenAt(pointer);
+    // Xwayland does not know where the pointer is.
+    if (!tray.isClicked || screen == nullptr || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        return false;
+    const PanelPlacement::Screen there = describe(*screen);
+    const double scale = there.devicePixelRatio;
+    // A tray that does not know where it was clicked says 0, 0.
+    if (!tray.point.isNull()
+        && (!PanelPlacement::mayBeOnPanel(there, pointer)
+            || !PanelPlacement::mayMeanPointer(tray.point, PanelPlacement::toPhysical(there, pointer), scale)))
+        return false;
+    comeFrom(*screen, pointer);
+    if (tray.point.isNull())
+        setTrayPoint({});
+    return true;
+}
+
+bool X11PanelHost::locateByPoint(QPoint point)
+{
+    for (QScreen* screen : QGuiApplication::screens()) {
+        const PanelPlacement::Screen there = describe(*screen);
+        if (PanelPlacement::contains(there, point)
+            && !PanelPlacement::mayCountFromTray(point, there.devicePixelRatio)) {
+            comeFrom(*screen, PanelPlacement::toLogical(there, point));
+            return true;
         }
     }
+    return false;
+}
+
+void X11PanelHost::comeFrom(QScreen& screen, QPoint logical)
+{
+    m_screen = &screen;
+    m_click = logical;
+    setTrayPoint(PanelPlacement::toPhysical(describe(screen), logical));
 }
 
 void X11PanelHost::place()

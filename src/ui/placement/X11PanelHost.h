@@ -21,11 +21,14 @@ public:
     explicit X11PanelHost(QQuickWindow& panel);
 
     bool isComposited() const override;
-    /// `click` is in physical pixels.
-    void open(QPoint click, const QString& activationToken) override;
+    /// The point is in physical pixels.
+    void open(const TrayPoint& tray, const QString& activationToken) override;
 
 private:
-    void locate(QPoint click);
+    void locate(const TrayPoint& tray);
+    bool locateByPointer(const TrayPoint& tray);
+    bool locateByPoint(QPoint point);
+    void comeFrom(QScreen& screen, QPoint logical);
     void place();
     void insistOnPosition();
 

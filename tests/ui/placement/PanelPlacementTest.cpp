@@ -65,6 +65,49 @@ private Q_SLOTS:
         QTEST(PanelPlacement::mayBeOnPanel(screen, point), "expected");
     }
 
+    void aTrayThatCountsOtherwiseMeansThePointer_data()
+    {
+        QTest::addColumn<QPoint>("click");
+        QTest::addColumn<QPoint>("pointer");
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<bool>("expected");
+        QTest::newRow("where the pointer is") << QPoint(2400, 30) << QPoint(2410, 25) << 2.0 << true;
+        QTest::newRow("in the larger pixels of its toolkit") << QPoint(1200, 15) << QPoint(2405, 28) << 2.0 << true;
+        QTest::newRow("from its own corner") << QPoint(0, 25) << QPoint(1900, 1070) << 1.0 << true;
+        QTest::newRow("with the keyboard") << QPoint(1200, 14) << QPoint(100, 790) << 1.0 << false;
+        QTest::newRow("with the keyboard on a scaled screen") << QPoint(1200, 14) << QPoint(100, 1500) << 2.0 << false;
+    }
+
+    void aTrayThatCountsOtherwiseMeansThePointer()
+    {
+        QFETCH(QPoint, click);
+        QFETCH(QPoint, pointer);
+        QFETCH(double, scale);
+        QTEST(PanelPlacement::mayMeanPointer(click, pointer, scale), "expected");
+    }
+
+    void traysAreMostlyAtTheEndOfABar_data()
+    {
+        QTest::addColumn<QRect>("workArea");
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::addColumn<QPoint>("expected");
+        QTest::newRow("top") << QRect(0, 28, 1280, 772) << Qt::LeftToRight << QPoint(1279, 0);
+        QTest::newRow("bottom") << QRect(0, 0, 1280, 756) << Qt::LeftToRight << QPoint(1279, 799);
+        QTest::newRow("both, the larger one") << QRect(0, 24, 1280, 730) << Qt::LeftToRight << QPoint(1279, 799);
+        QTest::newRow("from right to left") << QRect(0, 0, 1280, 756) << Qt::RightToLeft << QPoint(0, 799);
+        QTest::newRow("left") << QRect(48, 0, 1232, 800) << Qt::LeftToRight << QPoint(0, 799);
+        QTest::newRow("right") << QRect(0, 0, 1232, 800) << Qt::LeftToRight << QPoint(1279, 799);
+        QTest::newRow("none") << QRect(0, 0, 1280, 800) << Qt::LeftToRight << QPoint(1279, 0);
+    }
+
+    void traysAreMostlyAtTheEndOfABar()
+    {
+        QFETCH(QRect, workArea);
+        QFETCH(Qt::LayoutDirection, direction);
+        const PanelPlacement::Screen screen{.geometry = {0, 0, 1280, 800}, .workArea = workArea, .devicePixelRatio = 1};
+        QTEST(PanelPlacement::usualTray(screen, direction), "expected");
+    }
+
     void edgesAndMarginsTellTheSamePlaceAsAPosition_data()
     {
         QTest::addColumn<QPoint>("click");
@@ -125,6 +168,8 @@ private Q_SLOTS:
         QVERIFY(!PanelPlacement::contains(second, QPoint(4480, 10)));
         QCOMPARE(PanelPlacement::toLogical(first, QPoint(2500, 20)), QPoint(1250, 10));
         QCOMPARE(PanelPlacement::toLogical(second, QPoint(2600, 20)), QPoint(2600, 20));
+        QCOMPARE(PanelPlacement::toPhysical(first, QPoint(1250, 10)), QPoint(2500, 20));
+        QCOMPARE(PanelPlacement::toPhysical(second, QPoint(2600, 20)), QPoint(2600, 20));
     }
 };
 
