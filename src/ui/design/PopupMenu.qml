@@ -3,7 +3,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A menu inside the window; it scrolls where the window is too small for it.
+/// A menu inside the window, but not on its shadow, through which clicks go; it scrolls where that is too small for it.
 T.Menu {
     id: root
 
@@ -13,7 +13,6 @@ T.Menu {
 
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent && parent.Window.window ? parent.Window.window.height - topMargin - bottomMargin : 10000)
     implicitWidth: Math.max(theme.scaled(190), widestItem() + leftPadding + rightPadding)
-    bottomMargin: 12
     margins: 4
     overlap: 0
     padding: theme.scaled(5)
@@ -46,7 +45,20 @@ T.Menu {
         contentItem.parent.Accessible.name = Qt.binding(() => root.title);
         contentItem.parent.Keys.pressed.connect(event => event.accepted = moveByKey(event.key));
     }
+    onAboutToShow: stayOnSurface()
     onCurrentIndexChanged: (contentItem as ListView).positionViewAtIndex(currentIndex, ListView.Contain)
+
+    function stayOnSurface() {
+        const window = parent.Window.window;
+        let surface = parent;
+        while (surface.parent && surface.parent !== parent.Window.contentItem)
+            surface = surface.parent;
+        const corner = surface.mapToItem(null, 0, 0);
+        leftMargin = corner.x + margins;
+        topMargin = corner.y + margins;
+        rightMargin = window.width - corner.x - surface.width + margins;
+        bottomMargin = window.height - corner.y - surface.height + margins;
+    }
 
     function widestItem(): double {
         let widest = 0;

@@ -33,6 +33,7 @@ TestCase {
     function init() {
         failOnWarning(/.?/);
         tarvik.restart();
+        panel.isComposited = false;
         frames.clear();
         panel.show();
         tryVerify(() => panel.active);
@@ -43,6 +44,21 @@ TestCase {
     function cleanup() {
         panel.close();
         tryVerify(() => !panel.visible);
+    }
+
+    function test_theMenuStaysWhereClicksReachIt() {
+        panel.isComposited = true;
+        tarvik.setTimedSession(10);
+        const row = findChild(panel.contentItem, "sessionRow");
+        tryVerify(() => row.width === panel.width - 2 * panel.shadowExtent - 12 && !isPolishScheduled(row.parent));
+        row.menu.open();
+        tryVerify(() => row.menu.opened && row.menu.itemAt(row.menu.count - 1).y > 0);
+        const menu = row.menu.contentItem.parent;
+        const corner = menu.mapToItem(null, 0, 0);
+        verify(corner.x >= panel.shadowExtent);
+        verify(corner.y >= panel.shadowExtentAbove);
+        verify(corner.x + menu.width <= panel.width - panel.shadowExtent);
+        verify(corner.y + menu.height <= panel.height - panel.shadowExtent);
     }
 
     function test_growsAndShrinksWithItsContent() {
