@@ -45,6 +45,7 @@ CardPart {
             visible: !root.isInstalled && !root.needsApproval
         }
         PushButton {
+            anchors.left: parent.left
             objectName: "helperButton"
             text: root.isInstalled ? qsTr("Reinstall helper…") : root.needsApproval ? qsTr("Open Login Items…") : qsTr("Install background helper…")
             theme: root.theme

@@ -371,6 +371,11 @@ Item {
                 tryVerify(() => !chooser.visible);
             }
 
+            function test_aButtonBelowATextStartsWhereThatDoes() {
+                const button = find("helperButton");
+                compare(isReversed ? button.x + button.width : button.x, isReversed ? button.parent.width : 0);
+            }
+
             function test_everyTextStartsWhereReadingStarts() {
                 const start = isReversed ? Text.AlignRight : Text.AlignLeft;
                 for (const tab of ["General", "Triggers", "Power", "Updates"]) {
