@@ -19,11 +19,13 @@
 // machine's clock starts at the present time and moves with "wait" only. Ends with its input.
 #include "bus/ServedTarvik.h"
 #include "bus/WindowRequest.h"
+#include "core/Translation.h"
 #include "engine/SteeredMachine.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QSocketNotifier>
 
 #include <unistd.h>
@@ -156,6 +158,7 @@ private:
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    const Translation translation(QStringLiteral(TARVIK_TRANSLATIONS), QLocale::system().uiLanguages());
     Offline offline;
     say(u"ready"_s);
     return QCoreApplication::exec();
