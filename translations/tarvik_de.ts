@@ -50,6 +50,17 @@
     </message>
 </context>
 <context>
+    <name>AppRow</name>
+    <message>
+        <source>%1, already added</source>
+        <translation>%1, bereits hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Already added</source>
+        <translation>Bereits hinzugefügt</translation>
+    </message>
+</context>
+<context>
     <name>AppSearch</name>
     <message>
         <source>Add App</source>
@@ -66,6 +77,29 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>Andere&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationChoice</name>
+    <message>
+        <source>Open now</source>
+        <translation>Gerade geöffnet</translation>
+    </message>
+    <message>
+        <source>Desktop files</source>
+        <translation>Desktop-Dateien</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>App hinzufügen</translation>
+    </message>
+    <message>
+        <source>%1 is not the desktop file of an application that can be started.</source>
+        <translation>%1 ist nicht die Desktop-Datei einer Anwendung, die gestartet werden kann.</translation>
     </message>
 </context>
 <context>
@@ -285,6 +319,17 @@
     </message>
 </context>
 <context>
+    <name>HookRow</name>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>~/%1 konnte nicht geschrieben werden. Falls Sie die Datei von Hand bearbeitet haben, prüfen Sie, ob sie gültiges JSON enthält – Tarvik überschreibt keine Datei, die es nicht lesen kann.</translation>
+    </message>
+    <message>
+        <source>How hooks of %1 work</source>
+        <translation>Wie Hooks von %1 funktionieren</translation>
+    </message>
+</context>
+<context>
     <name>HookSetupList</name>
     <message>
         <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
@@ -293,10 +338,6 @@
     <message>
         <source>Lifecycle hooks</source>
         <translation>Hooks</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
-        <translation>~/%1 konnte nicht geschrieben werden. Falls Sie die Datei von Hand bearbeitet haben, prüfen Sie, ob sie gültiges JSON enthält – Tarvik überschreibt keine Datei, die es nicht lesen kann.</translation>
     </message>
 </context>
 <context>
@@ -342,6 +383,21 @@
     </message>
 </context>
 <context>
+    <name>JournalButtons</name>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+</context>
+<context>
     <name>JournalList</name>
     <message>
         <source>Journal</source>
@@ -351,8 +407,8 @@
 <context>
     <name>JournalRow</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
     </message>
 </context>
 <context>
@@ -360,14 +416,6 @@
     <message>
         <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
         <translation>Noch nichts. Tarvik hält jeden Beginn, jedes Ende und jede Pause fest.</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Leeren</translation>
     </message>
 </context>
 <context>
@@ -970,12 +1018,50 @@
         <translation>Noch nicht gesucht.</translation>
     </message>
     <message>
-        <source>Today %1</source>
-        <translation>Heute %1</translation>
+        <source>just now</source>
+        <translation>gerade eben</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
+        <source>No event yet. %1 sends the first one with your next prompt.</source>
+        <translation>Noch kein Ereignis. %1 sendet das erste mit Ihrer nächsten Eingabe.</translation>
+    </message>
+    <message>
+        <source>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</source>
+        <translation>Noch kein Ereignis. %1 liest Hooks beim Start: Starten Sie bereits laufende Sitzungen neu.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.</source>
+        <translation>Noch kein Ereignis. Starten Sie %1 neu und erlauben Sie die Hooks auf Nachfrage: Bis dahin überspringt es sie.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.</source>
+        <translation>Noch kein Ereignis. Starten Sie %1 in einem Ordner neu, dem es vertraut: Anderswo überspringt es Hooks.</translation>
+    </message>
+    <message>
+        <source>Last event %1</source>
+        <translation>Letztes Ereignis %1</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Gestern</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n h ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;h</numerusform>
+            <numerusform>vor %n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min ago</source>
+        <translation>
+            <numerusform>vor %n&#xa0;min</numerusform>
+            <numerusform>vor %n&#xa0;min</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,17 @@
     </message>
 </context>
 <context>
+    <name>AppRow</name>
+    <message>
+        <source>%1, already added</source>
+        <translation>%1, already added</translation>
+    </message>
+    <message>
+        <source>Already added</source>
+        <translation>Already added</translation>
+    </message>
+</context>
+<context>
     <name>AppSearch</name>
     <message>
         <source>Add App</source>
@@ -66,6 +77,29 @@
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>Other…</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationChoice</name>
+    <message>
+        <source>Open now</source>
+        <translation>Open now</translation>
+    </message>
+    <message>
+        <source>Desktop files</source>
+        <translation>Desktop files</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>Add App</translation>
+    </message>
+    <message>
+        <source>%1 is not the desktop file of an application that can be started.</source>
+        <translation>%1 is not the desktop file of an application that can be started.</translation>
     </message>
 </context>
 <context>
@@ -285,6 +319,17 @@
     </message>
 </context>
 <context>
+    <name>HookRow</name>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</translation>
+    </message>
+    <message>
+        <source>How hooks of %1 work</source>
+        <translation>How hooks of %1 work</translation>
+    </message>
+</context>
+<context>
     <name>HookSetupList</name>
     <message>
         <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
@@ -293,10 +338,6 @@
     <message>
         <source>Lifecycle hooks</source>
         <translation>Lifecycle hooks</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
-        <translation>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</translation>
     </message>
 </context>
 <context>
@@ -342,6 +383,21 @@
     </message>
 </context>
 <context>
+    <name>JournalButtons</name>
+    <message>
+        <source>Copied</source>
+        <translation>Copied</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+</context>
+<context>
     <name>JournalList</name>
     <message>
         <source>Journal</source>
@@ -351,8 +407,8 @@
 <context>
     <name>JournalRow</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
     </message>
 </context>
 <context>
@@ -360,14 +416,6 @@
     <message>
         <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
         <translation>Nothing yet. Tarvik records every time it starts, stops, or pauses.</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
     </message>
 </context>
 <context>
@@ -970,12 +1018,50 @@
         <translation>Not checked yet.</translation>
     </message>
     <message>
-        <source>Today %1</source>
-        <translation>Today %1</translation>
+        <source>just now</source>
+        <translation>just now</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
+        <source>No event yet. %1 sends the first one with your next prompt.</source>
+        <translation>No event yet. %1 sends the first one with your next prompt.</translation>
+    </message>
+    <message>
+        <source>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</source>
+        <translation>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.</source>
+        <translation>No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.</source>
+        <translation>No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.</translation>
+    </message>
+    <message>
+        <source>Last event %1</source>
+        <translation>Last event %1</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Yesterday</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n h ago</source>
+        <translation>
+            <numerusform>%n h ago</numerusform>
+            <numerusform>%n h ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min ago</source>
+        <translation>
+            <numerusform>%n min ago</numerusform>
+            <numerusform>%n min ago</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,17 @@
     </message>
 </context>
 <context>
+    <name>AppRow</name>
+    <message>
+        <source>%1, already added</source>
+        <translation>%1, ya añadida</translation>
+    </message>
+    <message>
+        <source>Already added</source>
+        <translation>Ya añadida</translation>
+    </message>
+</context>
+<context>
     <name>AppSearch</name>
     <message>
         <source>Add App</source>
@@ -66,6 +77,29 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>Otra…</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationChoice</name>
+    <message>
+        <source>Open now</source>
+        <translation>Abierta ahora</translation>
+    </message>
+    <message>
+        <source>Desktop files</source>
+        <translation>Archivos .desktop</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>Añadir aplicación</translation>
+    </message>
+    <message>
+        <source>%1 is not the desktop file of an application that can be started.</source>
+        <translation>%1 no es el archivo .desktop de una aplicación que se pueda iniciar.</translation>
     </message>
 </context>
 <context>
@@ -285,6 +319,17 @@
     </message>
 </context>
 <context>
+    <name>HookRow</name>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>No se pudo escribir ~/%1. Si lo ha editado a mano, compruebe que es JSON válido: Tarvik no sobrescribe un archivo que no puede leer.</translation>
+    </message>
+    <message>
+        <source>How hooks of %1 work</source>
+        <translation>Cómo funcionan los hooks de %1</translation>
+    </message>
+</context>
+<context>
     <name>HookSetupList</name>
     <message>
         <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
@@ -293,10 +338,6 @@
     <message>
         <source>Lifecycle hooks</source>
         <translation>Hooks de ciclo de vida</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
-        <translation>No se pudo escribir ~/%1. Si lo ha editado a mano, compruebe que es JSON válido: Tarvik no sobrescribe un archivo que no puede leer.</translation>
     </message>
 </context>
 <context>
@@ -342,6 +383,21 @@
     </message>
 </context>
 <context>
+    <name>JournalButtons</name>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Borrar</translation>
+    </message>
+</context>
+<context>
     <name>JournalList</name>
     <message>
         <source>Journal</source>
@@ -351,8 +407,8 @@
 <context>
     <name>JournalRow</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
     </message>
 </context>
 <context>
@@ -360,14 +416,6 @@
     <message>
         <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
         <translation>Nada todavía. Tarvik anota cada vez que empieza, se detiene o se pausa.</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copiar</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Borrar</translation>
     </message>
 </context>
 <context>
@@ -970,12 +1018,50 @@
         <translation>Aún no se ha buscado.</translation>
     </message>
     <message>
-        <source>Today %1</source>
-        <translation>Hoy %1</translation>
+        <source>just now</source>
+        <translation>ahora mismo</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
+        <source>No event yet. %1 sends the first one with your next prompt.</source>
+        <translation>Aún no hay eventos. %1 enviará el primero con su próxima petición.</translation>
+    </message>
+    <message>
+        <source>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</source>
+        <translation>Aún no hay eventos. %1 lee sus hooks al iniciarse: reinicie las sesiones que ya estén en marcha.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.</source>
+        <translation>Aún no hay eventos. Reinicie %1 y apruebe los hooks cuando lo pida: hasta entonces los omite.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.</source>
+        <translation>Aún no hay eventos. Reinicie %1 en una carpeta de confianza: en las demás omite los hooks.</translation>
+    </message>
+    <message>
+        <source>Last event %1</source>
+        <translation>Último evento %1</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Hoy</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Ayer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n h ago</source>
+        <translation>
+            <numerusform>hace %n&#xa0;h</numerusform>
+            <numerusform>hace %n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min ago</source>
+        <translation>
+            <numerusform>hace %n&#xa0;min</numerusform>
+            <numerusform>hace %n&#xa0;min</numerusform>
+        </translation>
     </message>
 </context>
 <context>

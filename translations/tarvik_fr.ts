@@ -50,6 +50,17 @@
     </message>
 </context>
 <context>
+    <name>AppRow</name>
+    <message>
+        <source>%1, already added</source>
+        <translation>%1, déjà ajoutée</translation>
+    </message>
+    <message>
+        <source>Already added</source>
+        <translation>Déjà ajoutée</translation>
+    </message>
+</context>
+<context>
     <name>AppSearch</name>
     <message>
         <source>Add App</source>
@@ -66,6 +77,29 @@
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>Autre…</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationChoice</name>
+    <message>
+        <source>Open now</source>
+        <translation>Ouverte en ce moment</translation>
+    </message>
+    <message>
+        <source>Desktop files</source>
+        <translation>Fichiers .desktop</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>Ajouter une application</translation>
+    </message>
+    <message>
+        <source>%1 is not the desktop file of an application that can be started.</source>
+        <translation>%1 n’est pas le fichier .desktop d’une application pouvant être lancée.</translation>
     </message>
 </context>
 <context>
@@ -285,6 +319,17 @@
     </message>
 </context>
 <context>
+    <name>HookRow</name>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>Impossible d’écrire ~/%1. Si vous l’avez modifié à la main, vérifiez que c’est du JSON valide&#xa0;: Tarvik n’écrase pas un fichier qu’il ne peut pas lire.</translation>
+    </message>
+    <message>
+        <source>How hooks of %1 work</source>
+        <translation>Fonctionnement des hooks de %1</translation>
+    </message>
+</context>
+<context>
     <name>HookSetupList</name>
     <message>
         <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
@@ -293,10 +338,6 @@
     <message>
         <source>Lifecycle hooks</source>
         <translation>Hooks de cycle de vie</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
-        <translation>Impossible d’écrire ~/%1. Si vous l’avez modifié à la main, vérifiez que c’est du JSON valide&#xa0;: Tarvik n’écrase pas un fichier qu’il ne peut pas lire.</translation>
     </message>
 </context>
 <context>
@@ -342,6 +383,21 @@
     </message>
 </context>
 <context>
+    <name>JournalButtons</name>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+</context>
+<context>
     <name>JournalList</name>
     <message>
         <source>Journal</source>
@@ -351,8 +407,8 @@
 <context>
     <name>JournalRow</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
     </message>
 </context>
 <context>
@@ -360,14 +416,6 @@
     <message>
         <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
         <translation>Rien pour l’instant. Tarvik consigne chaque début, chaque arrêt et chaque pause.</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copier</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Effacer</translation>
     </message>
 </context>
 <context>
@@ -970,12 +1018,50 @@
         <translation>Aucune recherche pour l’instant.</translation>
     </message>
     <message>
-        <source>Today %1</source>
-        <translation>Aujourd’hui %1</translation>
+        <source>just now</source>
+        <translation>à l’instant</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
+        <source>No event yet. %1 sends the first one with your next prompt.</source>
+        <translation>Aucun événement pour l’instant. %1 enverra le premier à votre prochaine invite.</translation>
+    </message>
+    <message>
+        <source>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</source>
+        <translation>Aucun événement pour l’instant. %1 lit ses hooks au démarrage&#xa0;: relancez les sessions déjà ouvertes.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.</source>
+        <translation>Aucun événement pour l’instant. Relancez %1 et approuvez les hooks quand il le demande&#xa0;: d’ici là, il les ignore.</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.</source>
+        <translation>Aucun événement pour l’instant. Relancez %1 dans un dossier approuvé&#xa0;: ailleurs, il ignore les hooks.</translation>
+    </message>
+    <message>
+        <source>Last event %1</source>
+        <translation>Dernier événement %1</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Hier</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n h ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;h</numerusform>
+            <numerusform>il y a %n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min ago</source>
+        <translation>
+            <numerusform>il y a %n&#xa0;min</numerusform>
+            <numerusform>il y a %n&#xa0;min</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,17 @@
     </message>
 </context>
 <context>
+    <name>AppRow</name>
+    <message>
+        <source>%1, already added</source>
+        <translation>%1、追加済み</translation>
+    </message>
+    <message>
+        <source>Already added</source>
+        <translation>追加済み</translation>
+    </message>
+</context>
+<context>
     <name>AppSearch</name>
     <message>
         <source>Add App</source>
@@ -66,6 +77,29 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>その他…</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationChoice</name>
+    <message>
+        <source>Open now</source>
+        <translation>実行中</translation>
+    </message>
+    <message>
+        <source>Desktop files</source>
+        <translation>デスクトップファイル</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>アプリを追加</translation>
+    </message>
+    <message>
+        <source>%1 is not the desktop file of an application that can be started.</source>
+        <translation>%1 は、起動できるアプリのデスクトップファイルではありません。</translation>
     </message>
 </context>
 <context>
@@ -285,6 +319,17 @@
     </message>
 </context>
 <context>
+    <name>HookRow</name>
+    <message>
+        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
+        <translation>~/%1 に書き込めませんでした。手動で編集した場合は、有効な JSON であることを確認してください。Tarvik は読み取れないファイルを上書きしません。</translation>
+    </message>
+    <message>
+        <source>How hooks of %1 work</source>
+        <translation>%1 のフックの仕組み</translation>
+    </message>
+</context>
+<context>
     <name>HookSetupList</name>
     <message>
         <source>Hooks tell Tarvik when an agent starts and finishes a turn, so an agent sitting idle at its prompt lets the Mac sleep. Turning one on adds a Tarvik entry to that agent&apos;s config file and nothing else — and Tarvik stops watching for that agent&apos;s process, since its turns are the better signal. Turning it off removes the entry and restores process detection.</source>
@@ -293,10 +338,6 @@
     <message>
         <source>Lifecycle hooks</source>
         <translation>ライフサイクルフック</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t write ~/%1. If you&apos;ve edited it by hand, check it&apos;s valid JSON — Tarvik won&apos;t overwrite a file it can&apos;t read.</source>
-        <translation>~/%1 に書き込めませんでした。手動で編集した場合は、有効な JSON であることを確認してください。Tarvik は読み取れないファイルを上書きしません。</translation>
     </message>
 </context>
 <context>
@@ -342,6 +383,21 @@
     </message>
 </context>
 <context>
+    <name>JournalButtons</name>
+    <message>
+        <source>Copied</source>
+        <translation>コピーしました</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
+    </message>
+</context>
+<context>
     <name>JournalList</name>
     <message>
         <source>Journal</source>
@@ -351,8 +407,8 @@
 <context>
     <name>JournalRow</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1、%2</translation>
+        <source>%1, %2, %3</source>
+        <translation>%1、%2、%3</translation>
     </message>
 </context>
 <context>
@@ -360,14 +416,6 @@
     <message>
         <source>Nothing yet. Tarvik records every time it starts, stops, or pauses.</source>
         <translation>まだ何もありません。Tarvik は開始・停止・一時停止のたびに記録します。</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>コピー</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>消去</translation>
     </message>
 </context>
 <context>
@@ -950,12 +998,48 @@
         <translation>まだ確認していません。</translation>
     </message>
     <message>
-        <source>Today %1</source>
-        <translation>今日 %1</translation>
+        <source>just now</source>
+        <translation>たった今</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
+        <source>No event yet. %1 sends the first one with your next prompt.</source>
+        <translation>まだイベントはありません。次のプロンプトで %1 が最初のイベントを送信します。</translation>
+    </message>
+    <message>
+        <source>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</source>
+        <translation>まだイベントはありません。%1 は起動時にフックを読み込むため、実行中のセッションを再起動してください。</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 and approve the hooks when it asks: it skips them until you do.</source>
+        <translation>まだイベントはありません。%1 を再起動し、確認されたらフックを承認してください。承認するまでフックは実行されません。</translation>
+    </message>
+    <message>
+        <source>No event yet. Restart %1 in a folder that you have told it to trust: it skips hooks elsewhere.</source>
+        <translation>まだイベントはありません。信頼済みのフォルダーで %1 を再起動してください。それ以外の場所ではフックは実行されません。</translation>
+    </message>
+    <message>
+        <source>Last event %1</source>
+        <translation>最後のイベント: %1</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>今日</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>昨日</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n h ago</source>
+        <translation>
+            <numerusform>%n 時間前</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min ago</source>
+        <translation>
+            <numerusform>%n 分前</numerusform>
+        </translation>
     </message>
 </context>
 <context>

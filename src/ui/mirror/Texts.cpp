@@ -53,10 +53,13 @@ QString shortAgo(qint64 seconds)
 {
     if (seconds >= day)
         return ago(seconds);
-    if (seconds >= hour)
-        return QCoreApplication::translate("Texts", "%n h ago", nullptr, static_cast<int>(seconds / hour));
-    if (seconds >= minute)
-        return QCoreApplication::translate("Texts", "%n min ago", nullptr, static_cast<int>(seconds / minute));
+    // lupdate does not read on after the "<" of a cast.
+    const int hours = static_cast<int>(seconds / hour);
+    const int minutes = static_cast<int>(seconds / minute);
+    if (hours > 0)
+        return QCoreApplication::translate("Texts", "%n h ago", nullptr, hours);
+    if (minutes > 0)
+        return QCoreApplication::translate("Texts", "%n min ago", nullptr, minutes);
     return QCoreApplication::translate("Texts", "just now");
 }
 
