@@ -1011,7 +1011,7 @@
     </message>
     <message>
         <source>Last checked %1</source>
-        <translation>Zuletzt gesucht %1</translation>
+        <translation>Letzte Suche %1</translation>
     </message>
     <message>
         <source>Not checked yet.</source>

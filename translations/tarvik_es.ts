@@ -506,7 +506,7 @@
     <name>PanelContent</name>
     <message>
         <source>Lock &amp; leave</source>
-        <translation>Bloquear y salir</translation>
+        <translation>Bloquear e irse</translation>
     </message>
     <message>
         <source>Settings…</source>
@@ -656,7 +656,7 @@
     </message>
     <message>
         <source>Updates</source>
-        <translation>Actualizar</translation>
+        <translation>Actualizaciones</translation>
     </message>
 </context>
 <context>
@@ -1072,7 +1072,7 @@
     </message>
     <message>
         <source>Lock &amp; leave</source>
-        <translation>Bloquear y salir</translation>
+        <translation>Bloquear e irse</translation>
     </message>
     <message>
         <source>Settings…</source>

@@ -1023,7 +1023,7 @@
     </message>
     <message>
         <source>No event yet. %1 sends the first one with your next prompt.</source>
-        <translation>Aucun événement pour l’instant. %1 enverra le premier à votre prochaine invite.</translation>
+        <translation>Aucun événement pour l’instant. %1 enverra le premier à votre prochaine requête.</translation>
     </message>
     <message>
         <source>No event yet. %1 reads its hooks when it starts: restart sessions that are already running.</source>
@@ -1099,7 +1099,7 @@
     </message>
     <message>
         <source>Cursor, Zed, Warp and friends run their agent inside the editor, so Tarvik can only tell that the app is open — not that it&apos;s working. Your Mac stays awake for as long as the editor is running.</source>
-        <translation>Cursor, Zed, Warp et consorts exécutent leur agent dans l’éditeur&#xa0;: Tarvik voit seulement que l’application est ouverte, pas qu’elle travaille. Votre ordinateur reste actif tant que l’éditeur est ouvert.</translation>
+        <translation>Cursor, Zed, Warp et d’autres exécutent leur agent dans l’éditeur&#xa0;: Tarvik voit seulement que l’application est ouverte, pas qu’elle travaille. Votre ordinateur reste actif tant que l’éditeur est ouvert.</translation>
     </message>
     <message>
         <source>Keep awake while an AI editor is open</source>

@@ -881,15 +881,15 @@
     </message>
     <message>
         <source>warm</source>
-        <translation>やや高め</translation>
+        <translation>やや高い</translation>
     </message>
     <message>
         <source>hot</source>
-        <translation>高温</translation>
+        <translation>高い</translation>
     </message>
     <message>
         <source>very hot</source>
-        <translation>非常に高温</translation>
+        <translation>非常に高い</translation>
     </message>
     <message>
         <source>unknown</source>
