@@ -125,7 +125,7 @@
     </message>
     <message>
         <source>running on battery</source>
-        <translation>Akkubetrieb</translation>
+        <translation>läuft im Akkubetrieb</translation>
     </message>
     <message>
         <source>battery %1% is below %2%</source>
@@ -814,8 +814,8 @@
     <message numerus="yes">
         <source>%n min left</source>
         <translation>
-            <numerusform>noch %n&#xa0;min</numerusform>
-            <numerusform>noch %n&#xa0;min</numerusform>
+            <numerusform>noch&#xa0;%n&#xa0;min</numerusform>
+            <numerusform>noch&#xa0;%n&#xa0;min</numerusform>
         </translation>
     </message>
     <message>

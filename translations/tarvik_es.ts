@@ -814,8 +814,8 @@
     <message numerus="yes">
         <source>%n min left</source>
         <translation>
-            <numerusform>queda %n&#xa0;min</numerusform>
-            <numerusform>quedan %n&#xa0;min</numerusform>
+            <numerusform>queda&#xa0;%n&#xa0;min</numerusform>
+            <numerusform>quedan&#xa0;%n&#xa0;min</numerusform>
         </translation>
     </message>
     <message>

@@ -814,8 +814,8 @@
     <message numerus="yes">
         <source>%n min left</source>
         <translation>
-            <numerusform>encore %n&#xa0;min</numerusform>
-            <numerusform>encore %n&#xa0;min</numerusform>
+            <numerusform>encore&#xa0;%n&#xa0;min</numerusform>
+            <numerusform>encore&#xa0;%n&#xa0;min</numerusform>
         </translation>
     </message>
     <message>
