@@ -871,7 +871,7 @@
     </message>
     <message>
         <source>Nothing running to keep awake for</source>
-        <translation>Rien en cours qui demande de rester actif</translation>
+        <translation>Rien ne demande de rester actif</translation>
     </message>
     <message>
         <source>running %1</source>

@@ -856,7 +856,7 @@
     <message numerus="yes">
         <source>%1 +%n more</source>
         <translation>
-            <numerusform>%1 等，另有 %n 个</numerusform>
+            <numerusform>%1 及另外 %n 个</numerusform>
         </translation>
     </message>
     <message>
