@@ -1124,6 +1124,18 @@
         <source>Check for Updates…</source>
         <translation>Nach Updates suchen&#xa0;…</translation>
     </message>
+    <message>
+        <source>This copy is updated together with the other packages of this computer.</source>
+        <translation>Diese Installation wird mit den übrigen Paketen dieses Computers aktualisiert.</translation>
+    </message>
+    <message>
+        <source>This copy was built from source. To update it, build a newer version.</source>
+        <translation>Diese Installation wurde aus dem Quelltext gebaut. Bauen Sie zum Aktualisieren eine neuere Version.</translation>
+    </message>
+    <message>
+        <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
+        <translation>Diese Installation stammt nicht aus einem Paket. Installieren Sie zum Aktualisieren eine neuere Version an ihrer Stelle.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>

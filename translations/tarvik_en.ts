@@ -1124,6 +1124,18 @@
         <source>Check for Updates…</source>
         <translation>Check for Updates…</translation>
     </message>
+    <message>
+        <source>This copy is updated together with the other packages of this computer.</source>
+        <translation>This copy is updated together with the other packages of this computer.</translation>
+    </message>
+    <message>
+        <source>This copy was built from source. To update it, build a newer version.</source>
+        <translation>This copy was built from source. To update it, build a newer version.</translation>
+    </message>
+    <message>
+        <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
+        <translation>This copy does not come from a package. To update it, install a newer version in its place.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>

@@ -1124,6 +1124,18 @@
         <source>Check for Updates…</source>
         <translation>Buscar actualizaciones…</translation>
     </message>
+    <message>
+        <source>This copy is updated together with the other packages of this computer.</source>
+        <translation>Esta instalación se actualiza junto con los demás paquetes de este equipo.</translation>
+    </message>
+    <message>
+        <source>This copy was built from source. To update it, build a newer version.</source>
+        <translation>Esta instalación se compiló a partir del código fuente. Para actualizarla, compile una versión más reciente.</translation>
+    </message>
+    <message>
+        <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
+        <translation>Esta instalación no procede de un paquete. Para actualizarla, instale una versión más reciente en su lugar.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>

@@ -1124,6 +1124,18 @@
         <source>Check for Updates…</source>
         <translation>Rechercher les mises à jour…</translation>
     </message>
+    <message>
+        <source>This copy is updated together with the other packages of this computer.</source>
+        <translation>Cette installation est mise à jour avec les autres paquets de cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>This copy was built from source. To update it, build a newer version.</source>
+        <translation>Cette installation a été compilée à partir des sources. Pour la mettre à jour, compilez une version plus récente.</translation>
+    </message>
+    <message>
+        <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
+        <translation>Cette installation ne provient pas d’un paquet. Pour la mettre à jour, installez une version plus récente à sa place.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>

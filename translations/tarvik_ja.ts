@@ -1102,6 +1102,18 @@
         <source>Check for Updates…</source>
         <translation>更新を確認…</translation>
     </message>
+    <message>
+        <source>This copy is updated together with the other packages of this computer.</source>
+        <translation>このインストールは、このコンピューターの他のパッケージと一緒に更新されます。</translation>
+    </message>
+    <message>
+        <source>This copy was built from source. To update it, build a newer version.</source>
+        <translation>このインストールはソースからビルドされています。更新するには、新しいバージョンをビルドしてください。</translation>
+    </message>
+    <message>
+        <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
+        <translation>このインストールはパッケージによるものではありません。更新するには、同じ場所に新しいバージョンをインストールしてください。</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>

@@ -1102,6 +1102,18 @@
         <source>Check for Updates…</source>
         <translation>检查更新…</translation>
     </message>
+    <message>
+        <source>This copy is updated together with the other packages of this computer.</source>
+        <translation>此副本随此电脑的其他软件包一起更新。</translation>
+    </message>
+    <message>
+        <source>This copy was built from source. To update it, build a newer version.</source>
+        <translation>此副本由源代码构建。要更新它，请构建较新的版本。</translation>
+    </message>
+    <message>
+        <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
+        <translation>此副本并非来自软件包。要更新它，请在原处安装较新的版本。</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
