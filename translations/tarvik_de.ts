@@ -21,6 +21,58 @@
     </message>
 </context>
 <context>
+    <name>AgentList</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agenten und Editoren</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListPage</name>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Agents Tarvik detects</source>
+        <translation>Agenten, die Tarvik erkennt</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListRow</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agenten und Editoren</translation>
+    </message>
+    <message>
+        <source>See everything we detect…</source>
+        <translation>Alles anzeigen, was erkannt wird&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>AgentRequest</name>
+    <message>
+        <source>Couldn&apos;t send that — try again in a moment.</source>
+        <translation>Das konnte nicht gesendet werden – versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>You&apos;ve sent a few already — try again tomorrow.</source>
+        <translation>Sie haben heute schon einige gesendet – versuchen Sie es morgen noch einmal.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t reach the server — check your internet connection and try again.</source>
+        <translation>Der Server ist nicht erreichbar – prüfen Sie Ihre Internetverbindung und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The server didn&apos;t answer — try again in a moment.</source>
+        <translation>Der Server hat nicht geantwortet – versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>Diese Installation von Tarvik kann keine Anfragen senden.</translation>
+    </message>
+</context>
+<context>
     <name>AllowedAppRow</name>
     <message>
         <source>Remove %1</source>
@@ -118,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>BatteryLevelRow</name>
+    <message>
+        <source>Battery level</source>
+        <translation>Akkustand</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
     <name>BlockReason</name>
     <message>
         <source>the Mac is running hot</source>
@@ -159,10 +222,28 @@
     </message>
 </context>
 <context>
+    <name>DetectedAgents</name>
+    <message>
+        <source>AI editors (while open)</source>
+        <translation>KI-Editoren (solange sie geöffnet sind)</translation>
+    </message>
+    <message>
+        <source>Agents</source>
+        <translation>Agenten</translation>
+    </message>
+</context>
+<context>
     <name>EnableRow</name>
     <message>
         <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
         <translation>Ausgeschaltet tut Tarvik nichts. Eingeschaltet hält es den Computer wach, solange ein Coding-Agent oder eine gewählte App läuft.</translation>
+    </message>
+</context>
+<context>
+    <name>FoundAgents</name>
+    <message>
+        <source>No such agent or editor.</source>
+        <translation>Kein solcher Agent oder Editor.</translation>
     </message>
 </context>
 <context>
@@ -528,14 +609,6 @@
         <translation>Unter einem Akkustand nicht wach halten</translation>
     </message>
     <message>
-        <source>Battery level</source>
-        <translation>Akkustand</translation>
-    </message>
-    <message>
-        <source>%1%</source>
-        <translation>%1&#xa0;%</translation>
-    </message>
-    <message>
         <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
         <translation>Das Anschließen des Netzteils schaltet Tarvik ein. Nach dem Trennen bleibt es eingeschaltet; von Hand ausgeschaltet bleibt es aus.</translation>
     </message>
@@ -567,6 +640,25 @@
         <source>Currently %1% • %2</source>
         <translation>Derzeit %1&#xa0;% • %2</translation>
     </message>
+    <message>
+        <source>Battery</source>
+        <translation>Akku</translation>
+    </message>
+    <message>
+        <source>Plugging in</source>
+        <translation>Anschließen ans Stromnetz</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Hitze</translation>
+    </message>
+</context>
+<context>
+    <name>Pressable</name>
+    <message>
+        <source>Not available</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
 </context>
 <context>
     <name>QGuiApplication</name>
@@ -587,6 +679,61 @@
     </message>
 </context>
 <context>
+    <name>RequestArea</name>
+    <message>
+        <source>Thanks — we&apos;ll take a look.</source>
+        <translation>Danke – wir sehen uns das an.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestButtons</name>
+    <message>
+        <source>Sending…</source>
+        <translation>Wird gesendet&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+</context>
+<context>
+    <name>RequestForm</name>
+    <message>
+        <source>Agent or app name</source>
+        <translation>Name des Agenten oder der App</translation>
+    </message>
+    <message>
+        <source>The command you run it with</source>
+        <translation>Der Befehl, mit dem Sie ihn starten</translation>
+    </message>
+    <message>
+        <source>Enter a name first.</source>
+        <translation>Geben Sie zuerst einen Namen ein.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestInvitation</name>
+    <message>
+        <source>Missing one?</source>
+        <translation>Fehlt einer?</translation>
+    </message>
+    <message>
+        <source>Request it…</source>
+        <translation>Anfragen&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>RequestProblem</name>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>Diese Installation von Tarvik kann keine Anfragen senden.</translation>
+    </message>
+</context>
+<context>
     <name>RestartAlert</name>
     <message>
         <source>Restart Tarvik to finish connecting to the background helper.</source>
@@ -603,6 +750,13 @@
     <message>
         <source>Restart Now</source>
         <translation>Jetzt neu starten</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
     </message>
 </context>
 <context>
@@ -637,6 +791,13 @@
     </message>
 </context>
 <context>
+    <name>SessionRow</name>
+    <message>
+        <source>Opens a menu</source>
+        <translation>Öffnet ein Menü</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTabs</name>
     <message>
         <source>General</source>
@@ -657,6 +818,13 @@
     <message>
         <source>Updates</source>
         <translation>Updates</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
     </message>
 </context>
 <context>
@@ -742,7 +910,7 @@
     </message>
     <message>
         <source>Heat</source>
-        <translation>Temperatur</translation>
+        <translation>Hitze</translation>
     </message>
     <message>
         <source>Lid</source>

@@ -21,6 +21,58 @@
     </message>
 </context>
 <context>
+    <name>AgentList</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agents and editors</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListPage</name>
+    <message>
+        <source>Done</source>
+        <translation>Done</translation>
+    </message>
+    <message>
+        <source>Agents Tarvik detects</source>
+        <translation>Agents Tarvik detects</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListRow</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agents and editors</translation>
+    </message>
+    <message>
+        <source>See everything we detect…</source>
+        <translation>See everything we detect…</translation>
+    </message>
+</context>
+<context>
+    <name>AgentRequest</name>
+    <message>
+        <source>Couldn&apos;t send that — try again in a moment.</source>
+        <translation>Couldn&apos;t send that — try again in a moment.</translation>
+    </message>
+    <message>
+        <source>You&apos;ve sent a few already — try again tomorrow.</source>
+        <translation>You&apos;ve sent a few already — try again tomorrow.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t reach the server — check your internet connection and try again.</source>
+        <translation>Couldn&apos;t reach the server — check your internet connection and try again.</translation>
+    </message>
+    <message>
+        <source>The server didn&apos;t answer — try again in a moment.</source>
+        <translation>The server didn&apos;t answer — try again in a moment.</translation>
+    </message>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>This copy of Tarvik can&apos;t send requests.</translation>
+    </message>
+</context>
+<context>
     <name>AllowedAppRow</name>
     <message>
         <source>Remove %1</source>
@@ -118,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>BatteryLevelRow</name>
+    <message>
+        <source>Battery level</source>
+        <translation>Battery level</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
     <name>BlockReason</name>
     <message>
         <source>the Mac is running hot</source>
@@ -159,10 +222,28 @@
     </message>
 </context>
 <context>
+    <name>DetectedAgents</name>
+    <message>
+        <source>AI editors (while open)</source>
+        <translation>AI editors (while open)</translation>
+    </message>
+    <message>
+        <source>Agents</source>
+        <translation>Agents</translation>
+    </message>
+</context>
+<context>
     <name>EnableRow</name>
     <message>
         <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
         <translation>Off means Tarvik does nothing. On keeps the computer awake while a coding agent or chosen app is running.</translation>
+    </message>
+</context>
+<context>
+    <name>FoundAgents</name>
+    <message>
+        <source>No such agent or editor.</source>
+        <translation>No such agent or editor.</translation>
     </message>
 </context>
 <context>
@@ -528,14 +609,6 @@
         <translation>Stop keeping awake below a battery level</translation>
     </message>
     <message>
-        <source>Battery level</source>
-        <translation>Battery level</translation>
-    </message>
-    <message>
-        <source>%1%</source>
-        <translation>%1%</translation>
-    </message>
-    <message>
         <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
         <translation>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</translation>
     </message>
@@ -567,6 +640,25 @@
         <source>Currently %1% • %2</source>
         <translation>Currently %1% • %2</translation>
     </message>
+    <message>
+        <source>Battery</source>
+        <translation>Battery</translation>
+    </message>
+    <message>
+        <source>Plugging in</source>
+        <translation>Plugging in</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Heat</translation>
+    </message>
+</context>
+<context>
+    <name>Pressable</name>
+    <message>
+        <source>Not available</source>
+        <translation>Not available</translation>
+    </message>
 </context>
 <context>
     <name>QGuiApplication</name>
@@ -587,6 +679,61 @@
     </message>
 </context>
 <context>
+    <name>RequestArea</name>
+    <message>
+        <source>Thanks — we&apos;ll take a look.</source>
+        <translation>Thanks — we&apos;ll take a look.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestButtons</name>
+    <message>
+        <source>Sending…</source>
+        <translation>Sending…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Send</translation>
+    </message>
+</context>
+<context>
+    <name>RequestForm</name>
+    <message>
+        <source>Agent or app name</source>
+        <translation>Agent or app name</translation>
+    </message>
+    <message>
+        <source>The command you run it with</source>
+        <translation>The command you run it with</translation>
+    </message>
+    <message>
+        <source>Enter a name first.</source>
+        <translation>Enter a name first.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestInvitation</name>
+    <message>
+        <source>Missing one?</source>
+        <translation>Missing one?</translation>
+    </message>
+    <message>
+        <source>Request it…</source>
+        <translation>Request it…</translation>
+    </message>
+</context>
+<context>
+    <name>RequestProblem</name>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>This copy of Tarvik can&apos;t send requests.</translation>
+    </message>
+</context>
+<context>
     <name>RestartAlert</name>
     <message>
         <source>Restart Tarvik to finish connecting to the background helper.</source>
@@ -603,6 +750,13 @@
     <message>
         <source>Restart Now</source>
         <translation>Restart Now</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
     </message>
 </context>
 <context>
@@ -637,6 +791,13 @@
     </message>
 </context>
 <context>
+    <name>SessionRow</name>
+    <message>
+        <source>Opens a menu</source>
+        <translation>Opens a menu</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTabs</name>
     <message>
         <source>General</source>
@@ -657,6 +818,13 @@
     <message>
         <source>Updates</source>
         <translation>Updates</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Settings</translation>
     </message>
 </context>
 <context>

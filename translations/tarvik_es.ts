@@ -21,6 +21,58 @@
     </message>
 </context>
 <context>
+    <name>AgentList</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agentes y editores</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListPage</name>
+    <message>
+        <source>Done</source>
+        <translation>Hecho</translation>
+    </message>
+    <message>
+        <source>Agents Tarvik detects</source>
+        <translation>Agentes que Tarvik detecta</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListRow</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agentes y editores</translation>
+    </message>
+    <message>
+        <source>See everything we detect…</source>
+        <translation>Ver todo lo que se detecta…</translation>
+    </message>
+</context>
+<context>
+    <name>AgentRequest</name>
+    <message>
+        <source>Couldn&apos;t send that — try again in a moment.</source>
+        <translation>No se ha podido enviar — vuelva a intentarlo en un momento.</translation>
+    </message>
+    <message>
+        <source>You&apos;ve sent a few already — try again tomorrow.</source>
+        <translation>Ya ha enviado unas cuantas — vuelva a intentarlo mañana.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t reach the server — check your internet connection and try again.</source>
+        <translation>No se ha podido contactar con el servidor — compruebe su conexión a Internet y vuelva a intentarlo.</translation>
+    </message>
+    <message>
+        <source>The server didn&apos;t answer — try again in a moment.</source>
+        <translation>El servidor no ha respondido — vuelva a intentarlo en un momento.</translation>
+    </message>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>Esta instalación de Tarvik no puede enviar solicitudes.</translation>
+    </message>
+</context>
+<context>
     <name>AllowedAppRow</name>
     <message>
         <source>Remove %1</source>
@@ -118,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>BatteryLevelRow</name>
+    <message>
+        <source>Battery level</source>
+        <translation>Nivel de batería</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
     <name>BlockReason</name>
     <message>
         <source>the Mac is running hot</source>
@@ -159,10 +222,28 @@
     </message>
 </context>
 <context>
+    <name>DetectedAgents</name>
+    <message>
+        <source>AI editors (while open)</source>
+        <translation>Editores de IA (mientras están abiertos)</translation>
+    </message>
+    <message>
+        <source>Agents</source>
+        <translation>Agentes</translation>
+    </message>
+</context>
+<context>
     <name>EnableRow</name>
     <message>
         <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
         <translation>Desactivado, Tarvik no hace nada. Activado, mantiene activo el equipo mientras se ejecuta un agente de programación o una aplicación elegida.</translation>
+    </message>
+</context>
+<context>
+    <name>FoundAgents</name>
+    <message>
+        <source>No such agent or editor.</source>
+        <translation>No hay ningún agente ni editor con ese nombre.</translation>
     </message>
 </context>
 <context>
@@ -528,14 +609,6 @@
         <translation>Dejar de mantener activo con batería baja</translation>
     </message>
     <message>
-        <source>Battery level</source>
-        <translation>Nivel de batería</translation>
-    </message>
-    <message>
-        <source>%1%</source>
-        <translation>%1&#xa0;%</translation>
-    </message>
-    <message>
         <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
         <translation>Al conectar la corriente, Tarvik se activa. Al desconectarla sigue activado; si lo desactiva a mano, así se queda.</translation>
     </message>
@@ -567,6 +640,25 @@
         <source>Currently %1% • %2</source>
         <translation>Ahora %1&#xa0;% • %2</translation>
     </message>
+    <message>
+        <source>Battery</source>
+        <translation>Batería</translation>
+    </message>
+    <message>
+        <source>Plugging in</source>
+        <translation>Conexión a la corriente</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Calor</translation>
+    </message>
+</context>
+<context>
+    <name>Pressable</name>
+    <message>
+        <source>Not available</source>
+        <translation>No disponible</translation>
+    </message>
 </context>
 <context>
     <name>QGuiApplication</name>
@@ -587,6 +679,61 @@
     </message>
 </context>
 <context>
+    <name>RequestArea</name>
+    <message>
+        <source>Thanks — we&apos;ll take a look.</source>
+        <translation>Gracias — le echaremos un vistazo.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestButtons</name>
+    <message>
+        <source>Sending…</source>
+        <translation>Enviando…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Enviar</translation>
+    </message>
+</context>
+<context>
+    <name>RequestForm</name>
+    <message>
+        <source>Agent or app name</source>
+        <translation>Nombre del agente o la aplicación</translation>
+    </message>
+    <message>
+        <source>The command you run it with</source>
+        <translation>La orden con la que lo ejecuta</translation>
+    </message>
+    <message>
+        <source>Enter a name first.</source>
+        <translation>Introduzca primero un nombre.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestInvitation</name>
+    <message>
+        <source>Missing one?</source>
+        <translation>¿Falta alguno?</translation>
+    </message>
+    <message>
+        <source>Request it…</source>
+        <translation>Solicitarlo…</translation>
+    </message>
+</context>
+<context>
+    <name>RequestProblem</name>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>Esta instalación de Tarvik no puede enviar solicitudes.</translation>
+    </message>
+</context>
+<context>
     <name>RestartAlert</name>
     <message>
         <source>Restart Tarvik to finish connecting to the background helper.</source>
@@ -603,6 +750,13 @@
     <message>
         <source>Restart Now</source>
         <translation>Reiniciar ahora</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
     </message>
 </context>
 <context>
@@ -637,6 +791,13 @@
     </message>
 </context>
 <context>
+    <name>SessionRow</name>
+    <message>
+        <source>Opens a menu</source>
+        <translation>Abre un menú</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTabs</name>
     <message>
         <source>General</source>
@@ -657,6 +818,13 @@
     <message>
         <source>Updates</source>
         <translation>Actualizaciones</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
     </message>
 </context>
 <context>
@@ -742,7 +910,7 @@
     </message>
     <message>
         <source>Heat</source>
-        <translation>Temperatura</translation>
+        <translation>Calor</translation>
     </message>
     <message>
         <source>Lid</source>

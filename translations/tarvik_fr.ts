@@ -21,6 +21,58 @@
     </message>
 </context>
 <context>
+    <name>AgentList</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agents et éditeurs</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListPage</name>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Agents Tarvik detects</source>
+        <translation>Agents détectés par Tarvik</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListRow</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>Agents et éditeurs</translation>
+    </message>
+    <message>
+        <source>See everything we detect…</source>
+        <translation>Voir tout ce qui est détecté…</translation>
+    </message>
+</context>
+<context>
+    <name>AgentRequest</name>
+    <message>
+        <source>Couldn&apos;t send that — try again in a moment.</source>
+        <translation>L’envoi a échoué – réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>You&apos;ve sent a few already — try again tomorrow.</source>
+        <translation>Vous en avez déjà envoyé quelques-unes – réessayez demain.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t reach the server — check your internet connection and try again.</source>
+        <translation>Impossible de joindre le serveur – vérifiez votre connexion à Internet et réessayez.</translation>
+    </message>
+    <message>
+        <source>The server didn&apos;t answer — try again in a moment.</source>
+        <translation>Le serveur n’a pas répondu – réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>Cette installation de Tarvik ne peut pas envoyer de demandes.</translation>
+    </message>
+</context>
+<context>
     <name>AllowedAppRow</name>
     <message>
         <source>Remove %1</source>
@@ -118,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>BatteryLevelRow</name>
+    <message>
+        <source>Battery level</source>
+        <translation>Niveau de la batterie</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
     <name>BlockReason</name>
     <message>
         <source>the Mac is running hot</source>
@@ -159,10 +222,28 @@
     </message>
 </context>
 <context>
+    <name>DetectedAgents</name>
+    <message>
+        <source>AI editors (while open)</source>
+        <translation>Éditeurs IA (tant qu’ils sont ouverts)</translation>
+    </message>
+    <message>
+        <source>Agents</source>
+        <translation>Agents</translation>
+    </message>
+</context>
+<context>
     <name>EnableRow</name>
     <message>
         <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
         <translation>Désactivé, Tarvik ne fait rien. Activé, il maintient l’ordinateur actif tant qu’un agent de programmation ou une application choisie est en cours d’exécution.</translation>
+    </message>
+</context>
+<context>
+    <name>FoundAgents</name>
+    <message>
+        <source>No such agent or editor.</source>
+        <translation>Aucun agent ni éditeur correspondant.</translation>
     </message>
 </context>
 <context>
@@ -528,14 +609,6 @@
         <translation>S’arrêter sous un niveau de batterie</translation>
     </message>
     <message>
-        <source>Battery level</source>
-        <translation>Niveau de batterie</translation>
-    </message>
-    <message>
-        <source>%1%</source>
-        <translation>%1&#xa0;%</translation>
-    </message>
-    <message>
         <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
         <translation>Le branchement au secteur active Tarvik. Le débranchement le laisse activé&#xa0;; désactivé à la main, il le reste.</translation>
     </message>
@@ -567,6 +640,25 @@
         <source>Currently %1% • %2</source>
         <translation>Actuellement %1&#xa0;% • %2</translation>
     </message>
+    <message>
+        <source>Battery</source>
+        <translation>Batterie</translation>
+    </message>
+    <message>
+        <source>Plugging in</source>
+        <translation>Branchement sur secteur</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>Chaleur</translation>
+    </message>
+</context>
+<context>
+    <name>Pressable</name>
+    <message>
+        <source>Not available</source>
+        <translation>Non disponible</translation>
+    </message>
 </context>
 <context>
     <name>QGuiApplication</name>
@@ -587,6 +679,61 @@
     </message>
 </context>
 <context>
+    <name>RequestArea</name>
+    <message>
+        <source>Thanks — we&apos;ll take a look.</source>
+        <translation>Merci – nous allons y jeter un œil.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestButtons</name>
+    <message>
+        <source>Sending…</source>
+        <translation>Envoi…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Envoyer</translation>
+    </message>
+</context>
+<context>
+    <name>RequestForm</name>
+    <message>
+        <source>Agent or app name</source>
+        <translation>Nom de l’agent ou de l’application</translation>
+    </message>
+    <message>
+        <source>The command you run it with</source>
+        <translation>La commande qui le lance</translation>
+    </message>
+    <message>
+        <source>Enter a name first.</source>
+        <translation>Saisissez d’abord un nom.</translation>
+    </message>
+</context>
+<context>
+    <name>RequestInvitation</name>
+    <message>
+        <source>Missing one?</source>
+        <translation>Il en manque un&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Request it…</source>
+        <translation>Le demander…</translation>
+    </message>
+</context>
+<context>
+    <name>RequestProblem</name>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>Cette installation de Tarvik ne peut pas envoyer de demandes.</translation>
+    </message>
+</context>
+<context>
     <name>RestartAlert</name>
     <message>
         <source>Restart Tarvik to finish connecting to the background helper.</source>
@@ -603,6 +750,13 @@
     <message>
         <source>Restart Now</source>
         <translation>Redémarrer maintenant</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
     </message>
 </context>
 <context>
@@ -637,6 +791,13 @@
     </message>
 </context>
 <context>
+    <name>SessionRow</name>
+    <message>
+        <source>Opens a menu</source>
+        <translation>Ouvre un menu</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTabs</name>
     <message>
         <source>General</source>
@@ -657,6 +818,13 @@
     <message>
         <source>Updates</source>
         <translation>Mises à jour</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
     </message>
 </context>
 <context>
@@ -742,7 +910,7 @@
     </message>
     <message>
         <source>Heat</source>
-        <translation>Température</translation>
+        <translation>Chaleur</translation>
     </message>
     <message>
         <source>Lid</source>

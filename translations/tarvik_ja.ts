@@ -21,6 +21,58 @@
     </message>
 </context>
 <context>
+    <name>AgentList</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>エージェントとエディター</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListPage</name>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Agents Tarvik detects</source>
+        <translation>Tarvik が検出するエージェント</translation>
+    </message>
+</context>
+<context>
+    <name>AgentListRow</name>
+    <message>
+        <source>Agents and editors</source>
+        <translation>エージェントとエディター</translation>
+    </message>
+    <message>
+        <source>See everything we detect…</source>
+        <translation>検出できるものをすべて見る…</translation>
+    </message>
+</context>
+<context>
+    <name>AgentRequest</name>
+    <message>
+        <source>Couldn&apos;t send that — try again in a moment.</source>
+        <translation>送信できませんでした — しばらくしてからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>You&apos;ve sent a few already — try again tomorrow.</source>
+        <translation>すでに何件か送信済みです — 明日もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t reach the server — check your internet connection and try again.</source>
+        <translation>サーバーに接続できませんでした — インターネット接続を確認してもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The server didn&apos;t answer — try again in a moment.</source>
+        <translation>サーバーが応答しませんでした — しばらくしてからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>この Tarvik からはリクエストを送信できません。</translation>
+    </message>
+</context>
+<context>
     <name>AllowedAppRow</name>
     <message>
         <source>Remove %1</source>
@@ -118,6 +170,17 @@
     </message>
 </context>
 <context>
+    <name>BatteryLevelRow</name>
+    <message>
+        <source>Battery level</source>
+        <translation>バッテリー残量</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
     <name>BlockReason</name>
     <message>
         <source>the Mac is running hot</source>
@@ -159,10 +222,28 @@
     </message>
 </context>
 <context>
+    <name>DetectedAgents</name>
+    <message>
+        <source>AI editors (while open)</source>
+        <translation>AI エディター（開いている間）</translation>
+    </message>
+    <message>
+        <source>Agents</source>
+        <translation>エージェント</translation>
+    </message>
+</context>
+<context>
     <name>EnableRow</name>
     <message>
         <source>Off means Tarvik does nothing. On keeps the Mac awake while a coding agent or chosen app is running.</source>
         <translation>オフのとき、Tarvik は何もしません。オンのときは、コーディングエージェントまたは選択したアプリの実行中、コンピューターのスリープを防止します。</translation>
+    </message>
+</context>
+<context>
+    <name>FoundAgents</name>
+    <message>
+        <source>No such agent or editor.</source>
+        <translation>該当するエージェントやエディターはありません。</translation>
     </message>
 </context>
 <context>
@@ -528,14 +609,6 @@
         <translation>バッテリー残量が少ないときは防止しない</translation>
     </message>
     <message>
-        <source>Battery level</source>
-        <translation>バッテリー残量</translation>
-    </message>
-    <message>
-        <source>%1%</source>
-        <translation>%1%</translation>
-    </message>
-    <message>
         <source>Connecting power switches Tarvik on. Unplugging leaves it on, so turning it off by hand always sticks.</source>
         <translation>電源に接続すると Tarvik がオンになります。取り外してもオンのままなので、手動でオフにした状態はそのまま保たれます。</translation>
     </message>
@@ -567,6 +640,25 @@
         <source>Currently %1% • %2</source>
         <translation>現在 %1% • %2</translation>
     </message>
+    <message>
+        <source>Battery</source>
+        <translation>バッテリー</translation>
+    </message>
+    <message>
+        <source>Plugging in</source>
+        <translation>電源の接続</translation>
+    </message>
+    <message>
+        <source>Heat</source>
+        <translation>熱</translation>
+    </message>
+</context>
+<context>
+    <name>Pressable</name>
+    <message>
+        <source>Not available</source>
+        <translation>使用できません</translation>
+    </message>
 </context>
 <context>
     <name>QGuiApplication</name>
@@ -587,6 +679,61 @@
     </message>
 </context>
 <context>
+    <name>RequestArea</name>
+    <message>
+        <source>Thanks — we&apos;ll take a look.</source>
+        <translation>ありがとうございます — 確認いたします。</translation>
+    </message>
+</context>
+<context>
+    <name>RequestButtons</name>
+    <message>
+        <source>Sending…</source>
+        <translation>送信中…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>送信</translation>
+    </message>
+</context>
+<context>
+    <name>RequestForm</name>
+    <message>
+        <source>Agent or app name</source>
+        <translation>エージェントまたはアプリの名前</translation>
+    </message>
+    <message>
+        <source>The command you run it with</source>
+        <translation>起動に使うコマンド</translation>
+    </message>
+    <message>
+        <source>Enter a name first.</source>
+        <translation>先に名前を入力してください。</translation>
+    </message>
+</context>
+<context>
+    <name>RequestInvitation</name>
+    <message>
+        <source>Missing one?</source>
+        <translation>見つかりませんか？</translation>
+    </message>
+    <message>
+        <source>Request it…</source>
+        <translation>リクエストする…</translation>
+    </message>
+</context>
+<context>
+    <name>RequestProblem</name>
+    <message>
+        <source>This copy of Tarvik can&apos;t send requests.</source>
+        <translation>この Tarvik からはリクエストを送信できません。</translation>
+    </message>
+</context>
+<context>
     <name>RestartAlert</name>
     <message>
         <source>Restart Tarvik to finish connecting to the background helper.</source>
@@ -603,6 +750,13 @@
     <message>
         <source>Restart Now</source>
         <translation>今すぐ再起動</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
     </message>
 </context>
 <context>
@@ -637,6 +791,13 @@
     </message>
 </context>
 <context>
+    <name>SessionRow</name>
+    <message>
+        <source>Opens a menu</source>
+        <translation>メニューを開きます</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTabs</name>
     <message>
         <source>General</source>
@@ -657,6 +818,13 @@
     <message>
         <source>Updates</source>
         <translation>更新</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
     </message>
 </context>
 <context>
@@ -742,7 +910,7 @@
     </message>
     <message>
         <source>Heat</source>
-        <translation>温度</translation>
+        <translation>熱</translation>
     </message>
     <message>
         <source>Lid</source>
