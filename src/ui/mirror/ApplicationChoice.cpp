@@ -99,7 +99,11 @@ void ApplicationChoice::refresh()
 
 void ApplicationChoice::list(const QStringList& runningIds)
 {
-    m_applications = rowsOf(m_sources.installed ? m_sources.installed() : QList<InstalledApplication>(), runningIds);
+    QList<InstalledApplication> applications
+        = m_sources.installed ? m_sources.installed() : QList<InstalledApplication>();
+    // Tarvik runs whenever the allow-list counts: on it, it would keep the computer awake for ever.
+    applications.removeIf([](const auto& each) { return each.bundleID == QGuiApplication::desktopFileName(); });
+    m_applications = rowsOf(std::move(applications), runningIds);
     Q_EMIT applicationsChanged();
 }
 

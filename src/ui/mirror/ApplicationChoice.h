@@ -40,8 +40,8 @@ public:
     ApplicationChoice(Sources sources, SettingsMirror& settings, const QDBusConnection& bus);
 
     /// Objects with "bundleID", "name", "icon" and "caption", which may be empty and tells whether it is open and, of
-    /// those of one name, which it is. Those that are open come first; within that the order is that of the names. None
-    /// before `refresh()`.
+    /// those of one name, which it is. Those that are open come first; within that the order is that of the names.
+    /// Tarvik itself is not among them. None before `refresh()`.
     const QVariantList& applications() const { return m_applications; }
     /// Whether there is a portal that lets the user choose a file.
     bool canBrowse() const { return m_canBrowse; }

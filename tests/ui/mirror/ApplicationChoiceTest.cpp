@@ -10,6 +10,7 @@
 #include "ui/mirror/MirrorTestSupport.h"
 #include "ui/mirror/SettingsMirror.h"
 
+#include <QGuiApplication>
 #include <QLocale>
 #include <QSignalSpy>
 
@@ -62,6 +63,17 @@ private Q_SLOTS:
         install({u"Writer"_s, u"Base"_s, u"Calc"_s, u"Draw"_s});
         QCOMPARE(listed(u"name"_s), (QStringList{u"Calc"_s, u"Writer"_s, u"Base"_s, u"Draw"_s}));
         QCOMPARE(listed(u"caption"_s), (QStringList{u"Open now"_s, u"Open now"_s, QString(), QString()}));
+    }
+
+    void itselfIsNotOffered()
+    {
+        const QString before = QGuiApplication::desktopFileName();
+        QGuiApplication::setDesktopFileName(u"com.morvanta.Tarvik"_s);
+        m_tarvik->machine.applications.set({{.id = u"com.morvanta.Tarvik"_s, .localizedName = {}}});
+        m_installed = {{u"com.morvanta.Tarvik"_s, u"Tarvik"_s, {}}, {u"vim"_s, u"Vim"_s, {}}};
+        refresh();
+        QGuiApplication::setDesktopFileName(before);
+        QCOMPARE(listed(u"name"_s), QStringList{u"Vim"_s});
     }
 
     void thoseOfOneNameAreToldApart()
