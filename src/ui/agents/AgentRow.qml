@@ -24,12 +24,12 @@ Item {
     Accessible.name: label
     Accessible.role: Accessible.ListItem
 
-    Rectangle {
+    RowHighlight {
         anchors.fill: parent
         anchors.leftMargin: root.theme.scaled(6)
         anchors.rightMargin: root.theme.scaled(6)
-        color: root.theme.selection
-        radius: root.theme.rowRadius
+        isCurrent: root.isCurrent
+        theme: root.theme
         visible: root.isCurrent
     }
     Icon {

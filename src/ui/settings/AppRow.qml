@@ -31,9 +31,10 @@ T.ItemDelegate {
     // In this version of Qt a press by a screen reader reaches the control but does nothing.
     Accessible.onPressAction: clicked()
 
-    background: Rectangle {
-        color: root.isCurrent ? root.theme.selection : root.hovered && !root.isAdded ? root.theme.hover : "transparent"
-        radius: root.theme.rowRadius
+    background: RowHighlight {
+        isCurrent: root.isCurrent
+        isHovered: root.hovered && !root.isAdded
+        theme: root.theme
     }
     contentItem: AppRowContent {
         caption: root.caption

@@ -34,14 +34,14 @@ Item {
         theme: root.theme
         visible: !root.isFirstOfDay
     }
-    Rectangle {
+    RowHighlight {
         anchors.fill: parent
         anchors.bottomMargin: root.theme.scaled(4)
         anchors.leftMargin: root.theme.scaled(8)
         anchors.rightMargin: root.theme.scaled(8)
         anchors.topMargin: root.theme.scaled(4)
-        color: root.theme.selection
-        radius: root.theme.rowRadius
+        isCurrent: root.isCurrent
+        theme: root.theme
         visible: root.isCurrent
     }
     Icon {

@@ -36,13 +36,6 @@ Item {
 
             onClicked: test.presses += 1
         }
-        ListRow {
-            id: listRow
-
-            theme: theme
-
-            onClicked: test.presses += 1
-        }
         ToggleSwitch {
             id: toggleSwitch
 
@@ -99,7 +92,6 @@ Item {
             return [
                 { tag: "push button", control: pushButton },
                 { tag: "icon button", control: iconButton },
-                { tag: "list row", control: listRow },
                 { tag: "switch", control: toggleSwitch },
                 { tag: "tab", control: tab },
                 { tag: "menu item", control: menuItem }
@@ -116,7 +108,7 @@ Item {
         }
 
         function test_aDisabledButtonSaysSo_data() {
-            return [{ tag: "push button", control: pushButton }, { tag: "icon button", control: iconButton }, { tag: "list row", control: listRow }];
+            return [{ tag: "push button", control: pushButton }, { tag: "icon button", control: iconButton }];
         }
 
         function test_aDisabledButtonSaysSo(row) {
