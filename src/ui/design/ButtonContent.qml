@@ -12,34 +12,43 @@ Item {
     required property string systemImage
     required property color color
     required property font font
+    /// What the icon takes of the width.
+    readonly property int iconSpace: systemImage ? icon.size + theme.scaled(6) : 0
 
     implicitHeight: Math.max(icon.visible ? icon.height : 0, label.implicitHeight)
-    implicitWidth: label.implicitWidth + label.anchors.leftMargin
+    implicitWidth: label.implicitWidth + iconSpace
 
-    Icon {
-        id: icon
+    // Together in the middle of a button that is wider.
+    Item {
+        anchors.centerIn: parent
+        height: parent.height
+        width: Math.min(parent.width, parent.implicitWidth)
 
-        anchors.left: parent.left
-        anchors.verticalCenter: parent.verticalCenter
-        color: root.color
-        name: root.systemImage
-        size: root.theme.scaled(14)
-        theme: root.theme
-        visible: name
-    }
-    Label {
-        id: label
+        Icon {
+            id: icon
 
-        anchors.left: parent.left
-        anchors.leftMargin: icon.visible ? icon.width + root.theme.scaled(6) : 0
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        color: root.color
-        font: root.font
-        horizontalAlignment: Text.AlignHCenter
-        text: root.text
-        theme: root.theme
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            color: root.color
+            name: root.systemImage
+            size: root.theme.scaled(14)
+            theme: root.theme
+            visible: name
+        }
+        Label {
+            id: label
 
-        Accessible.ignored: true
+            anchors.left: parent.left
+            anchors.leftMargin: root.iconSpace
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            color: root.color
+            font: root.font
+            horizontalAlignment: Text.AlignHCenter
+            text: root.text
+            theme: root.theme
+
+            Accessible.ignored: true
+        }
     }
 }

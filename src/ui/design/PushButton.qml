@@ -11,6 +11,7 @@ Pressable {
     /// None when empty.
     property string systemImage
 
+    readonly property int iconSpace: (contentItem as ButtonContent).iconSpace
     readonly property color textColor: isProminent ? theme.accentText : isDestructive ? theme.danger : theme.text
 
     bottomPadding: theme.scaled(4)

@@ -75,6 +75,7 @@ Section {
             id: addButton
 
             objectName: "addApp"
+            systemImage: "plus"
             text: qsTr("Add App…")
             theme: root.theme
 

@@ -24,10 +24,11 @@ Row {
         id: copy
 
         objectName: "copy"
+        systemImage: confirmation.running ? "checkmark" : "doc.on.doc"
         text: confirmation.running ? qsTr("Copied") : qsTr("Copy")
         theme: root.theme
         // The same with either text.
-        width: Math.ceil(Math.max(copyText.advanceWidth, copiedText.advanceWidth)) + leftPadding + rightPadding + 1
+        width: Math.ceil(Math.max(copyText.advanceWidth, copiedText.advanceWidth)) + iconSpace + leftPadding + rightPadding + 1
 
         onClicked: root.copyWanted()
     }
@@ -36,6 +37,7 @@ Row {
 
         isDestructive: true
         objectName: "clear"
+        systemImage: "trash"
         text: qsTr("Clear")
         theme: root.theme
 

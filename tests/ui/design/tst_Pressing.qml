@@ -123,11 +123,14 @@ Item {
             const width = pushButton.implicitWidth;
             pushButton.systemImage = "doc.on.doc";
             compare(pushButton.implicitWidth, width + 14 + 6);
-            const icon = pushButton.contentItem.children[0];
-            const label = pushButton.contentItem.children[1];
+            const [icon, label] = Array.from(pushButton.contentItem.children[0].children);
             tryCompare(icon, "status", Image.Ready);
             verify(icon.width === 14 && icon.x + icon.width < label.x);
             compare(label.truncated, false);
+            // In a wider one, icon and text stay together.
+            pushButton.width = width + 14 + 6 + 40;
+            compare(icon.mapToItem(pushButton, 0, 0).x, pushButton.leftPadding + 20);
+            compare(label.x, 14 + 6);
         }
 
         function test_aPressedTabHasTheFocus() {

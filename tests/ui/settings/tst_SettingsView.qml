@@ -511,11 +511,15 @@ Item {
             compare(rows.map(row => row.timeText), rows.map(row => Texts.time(row.at)));
             const copy = find("copy");
             compare(copy.text, "Copy");
+            compare(copy.systemImage, "doc.on.doc");
             const width = copy.width;
+            verify(width >= copy.implicitWidth);
             mouseClick(copy);
             tryCompare(view, "copied", tarvik.journalText());
             compare(copy.text, "Copied");
+            compare(copy.systemImage, "checkmark");
             compare(copy.width, width);
+            verify(width >= copy.implicitWidth);
             tryCompare(copy, "text", "Copy");
             mouseClick(find("clear"));
             tryCompare(find("entries"), "count", 0);
