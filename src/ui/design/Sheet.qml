@@ -25,6 +25,16 @@ T.Popup {
     }
     onClosed: opener?.forceActiveFocus(wasFocusVisible ? Qt.TabFocusReason : Qt.PopupFocusReason)
 
+    // A window that was closed comes back without it.
+    Connections {
+        function onVisibleChanged() {
+            if (!root.parent.Window.window.visible)
+                root.close();
+        }
+
+        target: root.parent?.Window.window ?? null
+    }
+
     // What a component names of its surroundings cannot be declared before Qt 6.5.
     T.Overlay.modal: Rectangle {
         color: root.theme.isDark ? "#99000000" : "#59000000" // qmllint disable unqualified

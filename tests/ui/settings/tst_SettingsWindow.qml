@@ -274,6 +274,38 @@ Item {
                 verify(window.visible);
             }
 
+            function test_aWindowThatIsClosedComesBackWithoutItsSheet_data() {
+                return [
+                    {tag: "agents", button: "agentListButton", sheet: "agentListSheet"},
+                    {tag: "chooser", button: "addApp", sheet: "appChooser"},
+                ];
+            }
+
+            function test_aWindowThatIsClosedComesBackWithoutItsSheet(data) {
+                open("Triggers");
+                const button = find(data.button);
+                button.forceActiveFocus(Qt.TabFocusReason);
+                press(Qt.Key_Return);
+                const sheet = find(data.sheet);
+                tryCompare(sheet, "opened", true);
+                press(Qt.Key_X);
+                window.close();
+                tryVerify(() => !window.visible);
+                tryCompare(sheet, "visible", false);
+                window.show();
+                window.requestActivate();
+                tryVerify(() => window.active);
+                draw();
+                compare(focused(), data.button);
+                verify(!sheet.visible);
+                press(Qt.Key_Return);
+                tryCompare(sheet, "opened", true);
+                verify(!shownTexts.below(sheet.contentItem).some(text => text.text === "x"));
+                press(Qt.Key_Escape);
+                tryCompare(sheet, "visible", false);
+                verify(window.visible);
+            }
+
             function test_theJournalIsReadByKeys() {
                 open("Journal");
                 press(Qt.Key_Tab);
