@@ -11,13 +11,13 @@ Item {
     required property Theme theme
     required property AgentRequest request
 
-    property alias search: searchField.text
-    property alias requesting: requestArea.requesting
-    property alias requestName: requestArea.requestName
-    property alias requestNote: requestArea.requestNote
-    property alias requestError: requestArea.requestError
-    readonly property alias sending: requestArea.sending
-    property alias sent: requestArea.sent
+    property alias search: body.search
+    property alias requesting: body.requesting
+    property alias requestName: body.requestName
+    property alias requestNote: body.requestNote
+    property alias requestError: body.requestError
+    readonly property alias sending: body.sending
+    property alias sent: body.sent
 
     signal done
 
@@ -39,46 +39,25 @@ Item {
 
         onClicked: root.done()
     }
-    SearchField {
-        id: searchField
-
-        anchors.top: title.bottom
-        anchors.topMargin: root.theme.scaled(10)
-        objectName: "agentSearch"
-        theme: root.theme
-        width: parent.width
-
-        Keys.onDownPressed: found.list.forceActiveFocus(Qt.TabFocusReason)
-        Keys.onPressed: event => event.accepted = found.list.moveBy(event.key)
-    }
-    FoundAgents {
-        id: found
-
-        anchors.bottom: requestArea.top
-        anchors.bottomMargin: root.theme.scaled(12)
-        anchors.top: searchField.bottom
-        anchors.topMargin: root.theme.scaled(12)
-        search: root.search
-        theme: root.theme
-        visible: height > root.theme.scaled(28)
-        width: parent.width
-    }
-    RequestArea {
-        id: requestArea
+    AgentListBody {
+        id: body
 
         anchors.bottom: parent.bottom
+        anchors.bottomMargin: -inset
+        anchors.left: parent.left
+        anchors.leftMargin: -inset
+        anchors.right: parent.right
+        anchors.rightMargin: -inset
+        anchors.top: title.bottom
+        objectName: "agentListBody"
         request: root.request
         theme: root.theme
-        width: parent.width
 
         onFinished: reason => title.button.forceActiveFocus(reason)
     }
 
     /// As if for the first time, but for a request that is not over.
     function begin() {
-        searchField.clear();
-        found.list.positionViewAtBeginning();
-        requestArea.begin();
-        searchField.forceActiveFocus();
+        body.begin();
     }
 }

@@ -5,7 +5,7 @@ import Tarvik.Design
 import Tarvik.Request
 
 /// Asks for an agent that is missing: a question, then a form, then thanks.
-Item {
+FocusScope {
     id: root
 
     required property Theme theme

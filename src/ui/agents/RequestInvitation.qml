@@ -30,6 +30,7 @@ Flow {
     LinkButton {
         id: link
 
+        font.pixelSize: root.theme.subheadlineSize
         objectName: "requestIt"
         text: qsTr("Request it…")
         theme: root.theme

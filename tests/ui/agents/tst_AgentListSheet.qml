@@ -461,6 +461,51 @@ Item {
             verify(sheet.opened);
         }
 
+        function verifyInside(item) {
+            const top = item.mapToItem(sheet.contentItem, 0, 0).y;
+            verify(top >= 0 && top + item.height <= sheet.contentItem.height + 0.5, `${item} at ${top}`);
+        }
+
+        function verifyNothingOverlaps() {
+            const spans = ["agentSearch", "agentList", "requestArea"].map(name => {
+                const item = find(name);
+                const top = item.mapToItem(find("agentListBody").contentItem, 0, 0).y;
+                return {name, top, bottom: top + item.height};
+            });
+            for (let index = 1; index < spans.length; ++index)
+                verify(spans[index].top > spans[index - 1].bottom, JSON.stringify(spans));
+            const list = find("agentList");
+            verify(list.visible && list.height >= 3 * theme.scaled(28), list.height);
+            verify(spans[2].bottom <= find("agentListBody").contentHeight);
+        }
+
+        function test_aLongErrorIsShownWithoutHidingWhatIsAbove_data() {
+            return [
+                {tag: "at the normal size", textScale: 1, width: 480, height: 440},
+                {tag: "at 200 % on a low screen", textScale: 2, width: 960, height: 552},
+            ];
+        }
+
+        function test_aLongErrorIsShownWithoutHidingWhatIsAbove(data) {
+            desktop.textScale = data.textScale;
+            root.width = data.width;
+            root.height = data.height;
+            openForm();
+            type("agent");
+            fail(500, "Somebody pulled the plug. ".repeat(20));
+            press(Qt.Key_Return);
+            tryVerify(() => sheet.requestError.length === 300);
+            draw();
+            verifyNothingOverlaps();
+            verifyInside(find("requestError"));
+            find("agentSearch").forceActiveFocus(Qt.TabFocusReason);
+            draw();
+            verifyInside(find("agentSearch"));
+            find("sendRequest").forceActiveFocus(Qt.TabFocusReason);
+            draw();
+            verifyInside(find("sendRequest"));
+        }
+
         function test_nothingIsClipped_data() {
             const rows = [];
             for (const [textScale, width, height] of [[1, 480, 440], [1.25, 600, 550], [2, 960, 880], [2, 960, 552]]) {
@@ -486,19 +531,20 @@ Item {
                 webService.answer(200, "");
             if (!["idle", "form", "nowhere"].includes(data.state))
                 press(Qt.Key_Return);
-            if (data.state === "failed")
+            if (data.state === "failed") {
                 tryVerify(() => sheet.requestError);
+                draw();
+                // What is to be read is shown where not everything fits.
+                verifyInside(find("requestError"));
+            }
             if (data.state === "sent")
                 tryCompare(sheet, "sent", true);
             draw();
             const texts = shownTexts.below(sheet.contentItem);
             verify(texts.length > 4);
-            for (const text of texts) {
+            for (const text of texts)
                 compare(shownTexts.flaw(text, sheet.contentItem), "");
-                // What is above the list and what is below it has the room that it needs.
-                const top = text.mapToItem(sheet.contentItem, 0, 0).y;
-                verify(sheet.contentItem.height > 0 && (shownTexts.isBelow(text, find("agentList")) || top >= 0 && top + text.height <= sheet.contentItem.height + 0.5), `${text.text} at ${top}`);
-            }
+            verifyNothingOverlaps();
         }
     }
 }
