@@ -22,11 +22,13 @@ ListView {
     Accessible.name: qsTr("Agents and editors")
     Accessible.role: Accessible.List
     Keys.onPressed: event => event.accepted = moveBy(event.key)
+    // Clear of the card's corners and of the ring around what has the focus.
     T.ScrollBar.vertical: ScrollBar {
-        bottomPadding: 6
-        rightPadding: 3
+        bottomPadding: 10
+        horizontalPadding: 4
+        implicitWidth: 12
         theme: root.theme
-        topPadding: 6
+        topPadding: 10
     }
 
     // What a component names of its surroundings cannot be declared before Qt 6.5.

@@ -47,7 +47,7 @@ Flickable {
         theme: root.theme
         width: root.width - 2 * x
         x: root.inset
-        y: root.theme.scaled(10)
+        y: root.theme.scaled(5)
 
         Keys.onDownPressed: found.list.forceActiveFocus(Qt.TabFocusReason)
         Keys.onPressed: event => event.accepted = found.list.moveBy(event.key)

@@ -49,6 +49,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: -inset
         anchors.top: title.bottom
+        anchors.topMargin: root.theme.scaled(5)
         objectName: "agentListBody"
         request: root.request
         theme: root.theme
