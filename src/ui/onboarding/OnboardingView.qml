@@ -32,7 +32,9 @@ FocusScope {
     Item {
         id: pages
 
+        // What is scrolled ends clear of the dots.
         anchors.bottom: dots.top
+        anchors.bottomMargin: root.theme.scaled(6)
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
