@@ -20,11 +20,6 @@ Item {
     Accessible.name: text
     Accessible.role: Accessible.AlertMessage
 
-    FontMetrics {
-        id: line
-
-        font: label.font
-    }
     Icon {
         id: icon
 
@@ -32,7 +27,8 @@ Item {
         color: root.color
         name: root.isAttentionWanted ? "exclamationmark.circle.fill" : "checkmark.circle.fill"
         theme: root.theme
-        y: Math.round((line.height - height) / 2)
+        // Beside the first line, which is higher in scripts that another font has to help out with.
+        y: Math.round((label.contentHeight / label.lineCount - height) / 2)
     }
     Label {
         id: label
