@@ -54,7 +54,8 @@ bool isPeerGone(const QString& errorName)
     // The first is what the bus says of a call that may not start a service.
     return errorName == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1
         || errorName == "org.freedesktop.DBus.Error.ServiceUnknown"_L1
-        || errorName == "org.freedesktop.DBus.Error.NoReply"_L1;
+        || errorName == "org.freedesktop.DBus.Error.NoReply"_L1
+        || errorName == "org.freedesktop.DBus.Error.UnknownObject"_L1;
 }
 
 } // namespace Tarvik::DBusErrors

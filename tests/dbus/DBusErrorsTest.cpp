@@ -37,11 +37,12 @@ private Q_SLOTS:
         QTEST(DBusErrors::toErrno(name), "code");
     }
 
-    void aPeerIsGoneThatIsNotThereOrLeavesBeforeItsAnswer()
+    void aPeerIsGoneThatIsNotThereOrIsLeaving()
     {
         QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.ServiceUnknown"_s));
         QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.NameHasNoOwner"_s));
         QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.NoReply"_s));
+        QVERIFY(DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.UnknownObject"_s));
         QVERIFY(!DBusErrors::isPeerGone(u"org.freedesktop.DBus.Error.AccessDenied"_s));
         QVERIFY(!DBusErrors::isPeerGone({}));
     }
