@@ -44,6 +44,38 @@ def is_composited():
     return bool(owner)
 
 
+class WindowAttributes(ctypes.Structure):
+    """XSetWindowAttributes"""
+    _fields_ = [(name, ctypes.c_ulong) for name in ("background_pixmap", "background_pixel", "border_pixmap", "border_pixel")] \
+        + [(name, ctypes.c_int) for name in ("bit_gravity", "win_gravity", "backing_store")] \
+        + [("backing_planes", ctypes.c_ulong), ("backing_pixel", ctypes.c_ulong), ("save_under", ctypes.c_int),
+           ("event_mask", ctypes.c_long), ("do_not_propagate_mask", ctypes.c_long), ("override_redirect", ctypes.c_int),
+           ("colormap", ctypes.c_ulong), ("cursor", ctypes.c_ulong)]
+
+
+class UnseenWindow:
+    """Lies below all others while this is entered, as Mutter's guard window does."""
+    INPUT_ONLY = 2
+    OVERRIDE_REDIRECT = 1 << 9
+
+    def __enter__(self):
+        self.x11 = ctypes.CDLL("libX11.so.6")
+        self.x11.XOpenDisplay.restype = ctypes.c_void_p
+        self.x11.XDefaultRootWindow.restype = self.x11.XCreateWindow.restype = ctypes.c_ulong
+        self.display = ctypes.c_void_p(self.x11.XOpenDisplay(None))
+        root = ctypes.c_ulong(self.x11.XDefaultRootWindow(self.display))
+        window = ctypes.c_ulong(self.x11.XCreateWindow(
+            self.display, root, 0, 0, 4000, 4000, 0, 0, self.INPUT_ONLY, None, ctypes.c_ulong(self.OVERRIDE_REDIRECT),
+            ctypes.byref(WindowAttributes(override_redirect=1))))
+        self.x11.XLowerWindow(self.display, window)
+        self.x11.XMapWindow(self.display, window)
+        self.x11.XSync(self.display, 0)
+        return window.value
+
+    def __exit__(self, *_):
+        self.x11.XCloseDisplay(self.display)
+
+
 class PanelOnDesktopTest(WindowsTestCase):
     def setUp(self):
         self.start_windows()
@@ -193,6 +225,14 @@ class PanelOnDesktopTest(WindowsTestCase):
             # Nothing of that is left for the next time.
             self.open()
             self.press("Escape")
+            self.assert_closed()
+
+    def test_a_click_on_a_window_that_nobody_sees_closes_it(self):
+        with UnseenWindow() as unseen:
+            self.open()
+            subprocess.run(["xdotool", "mousemove", "300", "600"], check=True, timeout=DEADLINE)
+            self.assertIn(f"window:{unseen}", output("xdotool", "getmouselocation"))
+            self.click_at(300, 600)
             self.assert_closed()
 
     def test_the_wheel_on_the_bare_desktop_does_not_close_it(self):

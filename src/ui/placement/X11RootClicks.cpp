@@ -24,6 +24,15 @@ xcb_window_t rootWindow()
     return xcb_setup_roots_iterator(xcb_get_setup(X11Hints::connection())).data->root;
 }
 
+/// Mutter and its kin lay such a window below all others, and so over the root.
+bool isUnseen(xcb_window_t window)
+{
+    xcb_connection_t* x11 = X11Hints::connection();
+    const Owned<xcb_get_window_attributes_reply_t, std::free> attributes(
+        xcb_get_window_attributes_reply(x11, xcb_get_window_attributes(x11, window), nullptr));
+    return attributes && attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY;
+}
+
 } // namespace
 
 X11RootClicks::X11RootClicks()
@@ -62,7 +71,7 @@ bool X11RootClicks::isPointerOnRoot() const
     xcb_connection_t* x11 = X11Hints::connection();
     const Owned<xcb_query_pointer_reply_t, std::free> pointer(
         xcb_query_pointer_reply(x11, xcb_query_pointer(x11, rootWindow()), nullptr));
-    return pointer && pointer->same_screen != 0 && pointer->child == XCB_WINDOW_NONE;
+    return pointer && pointer->same_screen != 0 && (pointer->child == XCB_WINDOW_NONE || isUnseen(pointer->child));
 }
 
 bool X11RootClicks::nativeEventFilter(const QByteArray& type, void* message, qintptr*)

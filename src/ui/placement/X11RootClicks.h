@@ -10,8 +10,9 @@
 namespace Tarvik {
 
 /// Tells, for as long as it exists, of clicks where the X display shows no window at all, as between the windows of a
-/// desktop that lays none over the root window. They take the focus from nobody. By the raw events of the X Input
-/// extension (2.1), which go to everybody and keep nobody else from the click. Nothing is told on other platforms.
+/// desktop that lays none that one sees over the root window. They take the focus from nobody. By the raw events of the
+/// X Input extension (2.1), which go to everybody and keep nobody else from the click. Nothing is told on other
+/// platforms.
 class X11RootClicks final : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
