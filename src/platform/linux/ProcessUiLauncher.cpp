@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ProcessUiLauncher.h"
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace Tarvik {
@@ -11,6 +13,14 @@ namespace {
 /// A window has nothing to save; it needs no longer to be told.
 constexpr int endMilliseconds = 300;
 
+/// A signal that this process takes in another way must reach the other.
+void unblockSignals()
+{
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
 } // namespace
 
 ProcessUiLauncher::ProcessUiLauncher(const QString& executable)
@@ -18,6 +28,7 @@ ProcessUiLauncher::ProcessUiLauncher(const QString& executable)
     m_process.setProgram(executable);
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.setChildProcessModifier(unblockSignals);
     QObject::connect(&m_process, &QProcess::errorOccurred, &m_process, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             reportEnd(m_process.program() + u": "_s + m_process.errorString());

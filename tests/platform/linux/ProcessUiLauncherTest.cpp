@@ -79,6 +79,20 @@ private Q_SLOTS:
         QTRY_COMPARE(m_ends, QStringList{u"it crashed with signal 9"_s});
     }
 
+    void aSignalThatIsBlockedHereEndsTheProcess()
+    {
+        sigset_t signals;
+        sigemptyset(&signals);
+        sigaddset(&signals, SIGTERM);
+        sigset_t former;
+        sigprocmask(SIG_BLOCK, &signals, &former);
+        launch("echo $$ >> $0.log; exec sleep 60");
+        sigprocmask(SIG_SETMASK, &former, nullptr);
+        QTRY_COMPARE(starts(), 1);
+        QCOMPARE(::kill(process(), SIGTERM), 0);
+        QTRY_COMPARE(m_ends, QStringList{u"it crashed with signal 15"_s});
+    }
+
     void theProcessEndsWithItsLauncher_data()
     {
         QTest::addColumn<QByteArray>("script");
@@ -91,13 +105,11 @@ private Q_SLOTS:
         QFETCH(QByteArray, script);
         launch(script);
         QTRY_COMPARE(starts(), 1);
-        QFile log(path(u"ui.log"_s));
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        const int process = log.readAll().trimmed().toInt();
-        QVERIFY(process > 0);
-        QCOMPARE(::kill(process, 0), 0);
+        const pid_t id = process();
+        QVERIFY(id > 0);
+        QCOMPARE(::kill(id, 0), 0);
         m_launcher.reset();
-        QVERIFY(::kill(process, 0) != 0);
+        QVERIFY(::kill(id, 0) != 0);
         QVERIFY(m_ends.isEmpty());
     }
 
@@ -120,6 +132,13 @@ private:
     {
         QFile log(path(u"ui.log"_s));
         return log.open(QIODevice::ReadOnly) ? log.readAll().count('\n') : 0;
+    }
+
+    /// What the process has written about itself; 0 when it has not.
+    pid_t process() const
+    {
+        QFile log(path(u"ui.log"_s));
+        return log.open(QIODevice::ReadOnly) ? log.readAll().trimmed().toInt() : 0;
     }
 
     std::unique_ptr<QTemporaryDir> m_directory;
