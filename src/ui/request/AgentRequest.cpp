@@ -22,8 +22,11 @@ QUrl requestAddress(const QUrl& baseAddress)
 {
     if (!baseAddress.isValid() || baseAddress.host().isEmpty())
         return {};
-    QUrl address = baseAddress.adjusted(QUrl::StripTrailingSlash);
-    address.setPath(address.path() + "/agent-request"_L1);
+    QString path = baseAddress.path();
+    if (path.endsWith(u'/'))
+        path.chop(1);
+    QUrl address = baseAddress;
+    address.setPath(path + "/agent-request"_L1);
     return address;
 }
 

@@ -31,6 +31,8 @@ Item {
         id: window
 
         height: 50
+        // It would be as active as the one that it belongs to.
+        transientParent: null
         width: 50
     }
     TestCase {
