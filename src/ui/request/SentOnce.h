@@ -9,8 +9,8 @@
 
 namespace Tarvik {
 
-/// Bytes to read from beginning to end, once. Qt sends a request again, up to three times, whose connection ends without an
-/// answer, and what it has sent may have been taken; it cannot from a device that does not go back.
+/// Bytes to read from beginning to end, once. Qt sends a request again, up to three times, whose connection ends
+/// without an answer, and what it has sent may have been taken; it cannot from a device that does not go back.
 class SentOnce : public QIODevice {
 public:
     explicit SentOnce(const QByteArray& bytes)
