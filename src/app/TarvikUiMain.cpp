@@ -13,10 +13,12 @@
 #include "ui/mirror/StatusMirror.h"
 #include "ui/placement/LayerShell.h"
 #include "ui/placement/X11Scale.h"
+#include "ui/placement/X11Settings.h"
 
 #include <QDBusConnection>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QPalette>
 #include <QQuickWindow>
 #include <QUrl>
 
@@ -57,6 +59,15 @@ void chooseScale()
         qputenv("QT_SCALE_FACTOR", QByteArray::number(factor));
 }
 
+/// A desktop that tells of its dark theme to GTK only would leave the windows light where the portal says nothing.
+void choosePalette()
+{
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        return;
+    if (Tarvik::X11Settings::isThemeDark(Tarvik::X11Settings::read(qgetenv("DISPLAY"))))
+        QGuiApplication::setPalette(QPalette(Qt::black));
+}
+
 /// A desktop that names a font of its own gets it; the last resort of the font configuration is no such choice.
 void chooseFont()
 {
@@ -83,6 +94,7 @@ int main(int argc, char** argv)
     QGuiApplication::setApplicationVersion(bundle.shortVersion);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     chooseFont();
+    choosePalette();
 
     QDBusConnection bus = QDBusConnection::sessionBus();
     QObject root;

@@ -13,9 +13,6 @@ namespace Tarvik::X11Scale {
 /// agree or nothing is known.
 int missingFactor(const QByteArray& display);
 
-/// The value of an integer in the property "_XSETTINGS_SETTINGS", as the XSETTINGS protocol lays it out.
-std::optional<int> integerSetting(const QByteArray& settings, const QByteArray& name);
-
 /// The value of "Xft.dpi" in the root window's property "RESOURCE_MANAGER".
 std::optional<double> fontResolution(const QByteArray& resources);
 

@@ -9,16 +9,13 @@ using namespace Tarvik;
 
 namespace {
 
-/// Two strings around, one integer and a colour, in the order of the processor, which is that of most.
+/// One integer, in the order of the processor, which is that of most.
 QByteArray settings(int factor)
 {
-    QByteArray data = QByteArray("\0\0\0\0\1\0\0\0\4\0\0\0", 12);
-    data += QByteArray("\1\0\x0d\0Net/ThemeName\0\0\0\0\0\0\0\5\0\0\0Adwai\0\0\0", 36);
-    data += QByteArray("\2\0\4\0Tint\0\0\0\0\1\2\3\4\5\6\7\x8", 20);
+    QByteArray data = QByteArray("\0\0\0\0\1\0\0\0\1\0\0\0", 12);
     data += QByteArray("\0\0\x17\0Gdk/WindowScalingFactor\0\0\0\0\0", 32);
     data += static_cast<char>(factor);
     data += QByteArray("\0\0\0", 3);
-    data += QByteArray("\0\0\4\0Last\0\0\0\0\xff\xff\xff\xff", 16);
     return data;
 }
 
@@ -71,33 +68,6 @@ class X11ScaleTest : public QObject {
 
 private Q_SLOTS:
     void init() { TARVIK_FAIL_ON_WARNINGS(); }
-
-    void integersAreFoundAmongOtherSettings()
-    {
-        QCOMPARE(X11Scale::integerSetting(settings(2), "Gdk/WindowScalingFactor"), 2);
-        QCOMPARE(X11Scale::integerSetting(settings(2), "Last"), -1);
-        QCOMPARE(X11Scale::integerSetting(settings(2), "Net/ThemeName"), std::nullopt);
-        QCOMPARE(X11Scale::integerSetting(settings(2), "Absent"), std::nullopt);
-    }
-
-    void theOtherByteOrderIsReadToo()
-    {
-        const QByteArray data("\1\0\0\0\0\0\0\1\0\0\0\1\0\0\0\4Last\0\0\0\0\0\0\1\2", 28);
-        QCOMPARE(X11Scale::integerSetting(data, "Last"), 258);
-    }
-
-    void settingsThatEndTooSoonAreNone()
-    {
-        const QByteArray whole = settings(2);
-        for (qsizetype length = 0; length < whole.size(); ++length)
-            QCOMPARE(X11Scale::integerSetting(whole.first(length), "Last"), std::nullopt);
-    }
-
-    void nonsenseIsNone()
-    {
-        QCOMPARE(X11Scale::integerSetting(QByteArray(64, '\xff'), "Last"), std::nullopt);
-        QCOMPARE(X11Scale::integerSetting(QByteArray(64, '\0'), "Last"), std::nullopt);
-    }
 
     void theFontResolutionIsOneOfManyResources()
     {
