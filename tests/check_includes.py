@@ -15,6 +15,8 @@ LINUX = "platform/linux"
 CONTRACTS = "dbus/contracts"
 # The ground of everything, programs without Qt included.
 BASE = "base"
+# The agents' configuration files, which the tool edits, too.
+HOOK_CONFIG = "hookconfig"
 # What every Linux back-end may use; the folders beside these know nothing of each other.
 LINUX_GROUND = {f"{LINUX}/{name}" for name in ("gsettings", "inhibitors", "kernel", "programs", "x11")}
 
@@ -22,12 +24,13 @@ LINUX_GROUND = {f"{LINUX}/{name}" for name in ("gsettings", "inhibitors", "kerne
 ALLOWED = {
     BASE: set(),
     "core": set(),
+    HOOK_CONFIG: {"core"},
     "dbus": {"core"},
     CONTRACTS: {"core"},
     "platform": {"core"},
     LINUX: {"core", "dbus", "platform"} | LINUX_GROUND,
     "journal": {"core", "platform"},
-    "hooks": {"core", "platform"},
+    "hooks": {"core", "platform", HOOK_CONFIG},
     "hotkey": {"core", "platform"},
     "updates": {"core", "platform"},
     "lidclosed": {"core", "platform"},
@@ -45,7 +48,8 @@ ALLOWED = {
     "app": {"core", CONTRACTS, "platform", LINUX, "monitors", "engine", "bus", "ui", "ui/mirror", "ui/design",
             "ui/placement"} | SERVICES,
 }
-# The tool and the helper are not Qt programs: of src/ they see only the base and these headers, which need no Qt.
+# The tool and the helper are not Qt programs: of src/ they see only the two folders without Qt and these headers, which need
+# none.
 WITHOUT_QT = {
     "core/HookSpec.h", "core/HookTraits.h", "dbus/contracts/TarvikWire.h", "platform/HelperWire.h", "platform/HookWire.h",
 }
@@ -69,7 +73,7 @@ def may_include(own: str, target: str) -> bool:
 
 
 def is_without_qt(path: str) -> bool:
-    return path in WITHOUT_QT or folder_of(path) == BASE
+    return path in WITHOUT_QT or folder_of(path) in (BASE, HOOK_CONFIG)
 
 
 def violations():
@@ -90,6 +94,10 @@ def violations():
             yield f"src/{relative}: subscribes to a signal without DBusSignal"
         if is_without_qt(relative) and QT_INCLUDE.search(text):
             yield f"src/{relative}: includes Qt, but programs without Qt share it"
+        if is_without_qt(relative):
+            for included in INCLUDE.findall(text):
+                if not is_without_qt(included):
+                    yield f"src/{relative}: includes {included}, but programs without Qt share it"
 
     for program in ("tool", "helper"):
         for source in sorted((ROOT / program).rglob("*.h")) + sorted((ROOT / program).rglob("*.cpp")):

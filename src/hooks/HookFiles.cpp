@@ -2,24 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/HookFiles.h"
 
-#include "core/AtomicFile.h"
 #include "core/Logging.h"
-#include "hooks/HookEntries.h"
-#include "hooks/JsonDocument.h"
+#include "hookconfig/HookEntries.h"
+#include "hookconfig/JsonValue.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <optional>
-#include <system_error>
+#include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
@@ -35,50 +31,9 @@ QString toQString(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// What could be read of a file, up to one byte beyond the maximum. Neither bytes nor error: there is none, or it is
-/// empty.
-struct FileBytes {
-    QByteArray bytes;
-    QString error;
-};
-
-FileBytes failure(int code)
+bool isInvalid(const HookConfigFile::Contents& contents)
 {
-    return {.bytes = {}, .error = QString::fromStdString(std::generic_category().message(code))};
-}
-
-FileBytes readFile(const QString& path)
-{
-    // Whatever lies there, opening it must not wait for a writer on the other end or take over a terminal.
-    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0)
-        return errno == ENOENT ? FileBytes() : failure(errno);
-    QFile file;
-    struct stat status = {};
-    if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)
-        || fstat(descriptor, &status) != 0)
-        return failure(errno);
-    if (!S_ISREG(status.st_mode))
-        return {.bytes = {}, .error = u"Not a regular file"_s};
-    FileBytes result{.bytes = file.read(HookFiles::maximumBytes + 1), .error = {}};
-    return file.error() == QFileDevice::NoError ? result : failure(EIO);
-}
-
-HookFiles::Contents parse(const QByteArray& bytes)
-{
-    if (bytes.isEmpty())
-        return HookFiles::Missing{};
-    if (bytes.size() <= HookFiles::maximumBytes) {
-        auto document = JsonDocument::parse({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-        if (document && document->object() != nullptr)
-            return std::move(*document->object());
-    }
-    return HookFiles::Invalid{};
-}
-
-bool isInvalid(const HookFiles::Contents& contents)
-{
-    return std::holds_alternative<HookFiles::Invalid>(contents);
+    return std::holds_alternative<HookConfigFile::Invalid>(contents);
 }
 
 void logInvalid(const QString& path)
@@ -88,38 +43,14 @@ void logInvalid(const QString& path)
         qUtf8Printable(QFileInfo(path).fileName()));
 }
 
-HookFiles::Contents parseOrLog(const QByteArray& bytes, const QString& path)
+void logWriteFailure(const HookSpec& spec, const std::string& error)
 {
-    HookFiles::Contents contents = parse(bytes);
-    if (isInvalid(contents))
-        logInvalid(path);
-    return contents;
+    qCCritical(logHooks, "could not write hook config for %s: %s", qUtf8Printable(toQString(spec.id)), error.c_str());
 }
 
-void logWriteFailure(const HookSpec& spec, const QString& error)
+bool write(const HookSpec& spec, const HookConfigFile& file, JsonValue::Object document)
 {
-    qCCritical(
-        logHooks, "could not write hook config for %s: %s", qUtf8Printable(toQString(spec.id)), qUtf8Printable(error));
-}
-
-/// Returns what went wrong, for people, or nothing.
-std::optional<QString> tryToWrite(const QString& path, JsonValue::Object document)
-{
-    const auto bytes = JsonDocument::print({std::move(document)}, HookFiles::maximumBytes);
-    if (!bytes)
-        return u"the file would become too large"_s;
-    // Only the path's own directories: where a link leads to a place that is gone, such as a disk that is not there at
-    // the moment, nothing is created in its stead.
-    std::error_code problem;
-    std::filesystem::create_directories(QFile::encodeName(QFileInfo(path).path()).toStdString(), problem);
-    if (problem)
-        return QString::fromStdString(problem.message());
-    return replaceFile(path, QByteArray::fromStdString(*bytes));
-}
-
-bool write(const HookSpec& spec, const QString& path, JsonValue::Object document)
-{
-    const auto error = tryToWrite(path, std::move(document));
+    const auto error = file.write(std::move(document));
     if (error)
         logWriteFailure(spec, *error);
     return !error;
@@ -170,50 +101,61 @@ QString HookFiles::filePath(const HookSpec& spec) const
     return m_home + u'/' + toQString(spec.configPath);
 }
 
-HookFiles::Contents HookFiles::read(const HookSpec& spec) const
+HookConfigFile HookFiles::file(const HookSpec& spec) const
 {
-    const QString path = filePath(spec);
-    return parseOrLog(readFile(path).bytes, path);
+    return HookConfigFile(QFile::encodeName(filePath(spec)).toStdString());
+}
+
+HookConfigFile::Reading HookFiles::readOrLog(const HookSpec& spec) const
+{
+    HookConfigFile::Reading reading = file(spec).read();
+    if (isInvalid(reading.contents))
+        logInvalid(filePath(spec));
+    return reading;
+}
+
+HookConfigFile::Contents HookFiles::read(const HookSpec& spec) const
+{
+    return readOrLog(spec).contents;
 }
 
 bool HookFiles::install(const HookSpec& spec) const
 {
-    const QString path = filePath(spec);
-    const FileBytes file = readFile(path);
-    Contents contents = parseOrLog(file.bytes, path);
-    if (isInvalid(contents))
+    HookConfigFile::Reading reading = readOrLog(spec);
+    if (isInvalid(reading.contents))
         return false;
     // Starting from nothing would replace what is only out of sight, such as a file that may be written but not read.
-    if (!file.error.isEmpty()) {
-        logWriteFailure(spec, file.error);
+    if (!reading.error.empty()) {
+        logWriteFailure(spec, reading.error);
         return false;
     }
-    const auto command = HookEntries::command(m_toolPath.toStdString(), spec);
+    const std::string toolPath = m_toolPath.toStdString();
+    const auto command = HookEntries::command(toolPath, spec);
     if (!command) {
-        logWriteFailure(spec, u"the path of the command-line tool cannot be quoted for a shell: "_s + m_toolPath);
+        logWriteFailure(spec, "the path of the command-line tool cannot be quoted for a shell: " + toolPath);
         return false;
     }
 
-    auto* existing = std::get_if<JsonValue::Object>(&contents);
+    auto* existing = std::get_if<JsonValue::Object>(&reading.contents);
     JsonValue::Object document = existing != nullptr ? std::move(*existing) : JsonValue::Object{};
     HookEntries::add(spec, *command, document);
-    return write(spec, path, std::move(document));
+    return write(spec, file(spec), std::move(document));
 }
 
 bool HookFiles::uninstall(const HookSpec& spec) const
 {
-    Contents contents = read(spec);
+    HookConfigFile::Contents contents = read(spec);
     auto* document = std::get_if<JsonValue::Object>(&contents);
     if (document == nullptr)
-        return std::holds_alternative<Missing>(contents);
+        return std::holds_alternative<HookConfigFile::Missing>(contents);
     HookEntries::remove(spec, *document);
-    return write(spec, filePath(spec), std::move(*document));
+    return write(spec, file(spec), std::move(*document));
 }
 
 void HookFiles::refreshOutdated() const
 {
     for (const HookSpec& spec : HookSpec::all) {
-        const Contents contents = read(spec);
+        const HookConfigFile::Contents contents = read(spec);
         const auto* document = std::get_if<JsonValue::Object>(&contents);
         if (document == nullptr || !HookEntries::isOutdated(spec, *document, m_toolPath.toStdString()))
             continue;
@@ -242,7 +184,7 @@ void HookFiles::look(const HookSpec& spec, Finding& finding) const
     const auto version = Version::of(path);
     if (version && version == finding.version)
         return;
-    const Contents contents = parse(readFile(path).bytes);
+    const HookConfigFile::Contents contents = file(spec).read().contents;
     const bool wasInvalid = finding.isInvalid;
     const auto* document = std::get_if<JsonValue::Object>(&contents);
     finding = {.version = version && version->isSettled() ? version : std::nullopt,

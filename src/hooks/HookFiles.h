@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/HookSpec.h"
-#include "hooks/JsonValue.h"
+#include "hookconfig/HookConfigFile.h"
 
 #include <QSet>
 #include <QString>
@@ -13,7 +13,6 @@
 #include <array>
 #include <ctime>
 #include <optional>
-#include <variant>
 
 namespace Tarvik {
 
@@ -21,22 +20,11 @@ namespace Tarvik {
 /// file that cannot be written back without loss is never touched.
 class HookFiles {
 public:
-    /// No file, an empty one, or one that cannot be read.
-    struct Missing { };
-
-    /// Not a JSON object, or one that could not be written back as it was.
-    struct Invalid { };
-
-    using Contents = std::variant<Missing, Invalid, JsonValue::Object>;
-
-    /// Larger files are Invalid; no agent's settings come near it.
-    static constexpr qint64 maximumBytes = 1024LL * 1024;
-
     /// `home` is the user's home directory, `toolPath` the absolute path of the command-line tool.
     HookFiles(QString home, QString toolPath);
 
     /// Reads the agent's file; logs an Invalid one.
-    Contents read(const HookSpec& spec) const;
+    HookConfigFile::Contents read(const HookSpec& spec) const;
 
     /// Adds our entries to the agent's file, which is created with its directories if there is none. Returns whether
     /// the file was written; on failure, which is logged, it is as before. A file that exists but cannot be read is a
@@ -76,6 +64,8 @@ private:
     };
 
     QString filePath(const HookSpec& spec) const;
+    HookConfigFile file(const HookSpec& spec) const;
+    HookConfigFile::Reading readOrLog(const HookSpec& spec) const;
     void look(const HookSpec& spec, Finding& finding) const;
 
     QString m_home;

@@ -4,8 +4,8 @@
 
 #include "base/FileDescriptor.h"
 #include "core/HookTraits.h"
-#include "hooks/HookEntries.h"
-#include "hooks/JsonDocument.h"
+#include "hookconfig/HookEntries.h"
+#include "hookconfig/JsonDocument.h"
 #include "support/OrdinaryUser.h"
 #include "support/TestSupport.h"
 
@@ -30,6 +30,7 @@ using namespace Tarvik;
 
 namespace {
 
+constexpr auto maximumBytes = static_cast<qsizetype>(HookConfigFile::maximumBytes);
 const QString toolPath = u"/opt/tarvik/Contents/SharedSupport/tarvik"_s;
 
 const HookSpec& spec(const char* id)
@@ -172,7 +173,7 @@ private Q_SLOTS:
     void aZeroByteFileCountsAsMissing()
     {
         put(u".claude/settings.json"_s, "");
-        QVERIFY(std::holds_alternative<HookFiles::Missing>(m_files->read(spec("claude"))));
+        QVERIFY(std::holds_alternative<HookConfigFile::Missing>(m_files->read(spec("claude"))));
         QVERIFY(m_files->uninstall(spec("claude")));
         QCOMPARE(contents(u".claude/settings.json"_s), "");
         QVERIFY(m_files->install(spec("claude")));
@@ -198,7 +199,7 @@ private Q_SLOTS:
         put(u".claude/settings.json"_s, bytes);
         for (int read = 0; read < 5; ++read)
             expectInvalid(u"settings.json"_s);
-        QVERIFY(std::holds_alternative<HookFiles::Invalid>(m_files->read(spec("claude"))));
+        QVERIFY(std::holds_alternative<HookConfigFile::Invalid>(m_files->read(spec("claude"))));
         QVERIFY(!m_files->install(spec("claude")));
         QVERIFY(!m_files->uninstall(spec("claude")));
         m_files->refreshOutdated();
@@ -274,7 +275,7 @@ private Q_SLOTS:
 
     void aFileBeyondAMebibyteIsNeverTouched()
     {
-        const QByteArray bytes = "{\"a\":\"" + QByteArray(HookFiles::maximumBytes, 'x') + "\"}";
+        const QByteArray bytes = "{\"a\":\"" + QByteArray(maximumBytes, 'x') + "\"}";
         put(u".qwen/settings.json"_s, bytes);
         expectInvalid(u"settings.json"_s);
         QVERIFY(!m_files->install(spec("qwen")));
@@ -283,8 +284,8 @@ private Q_SLOTS:
 
     void aFileThatWouldGrowBeyondThatIsNotWritten()
     {
-        const QByteArray bytes = "{\"a\":\"" + QByteArray(HookFiles::maximumBytes - 8, 'x') + "\"}";
-        QCOMPARE(bytes.size(), HookFiles::maximumBytes);
+        const QByteArray bytes = "{\"a\":\"" + QByteArray(maximumBytes - 8, 'x') + "\"}";
+        QCOMPARE(bytes.size(), maximumBytes);
         put(u".qwen/settings.json"_s, bytes);
         expectWriteFailure(u"qwen"_s, u"the file would become too large"_s);
         QVERIFY(!m_files->install(spec("qwen")));
@@ -301,7 +302,7 @@ private Q_SLOTS:
         {
             const OrdinaryUser user;
             QVERIFY(user.isSet());
-            QVERIFY(std::holds_alternative<HookFiles::Missing>(m_files->read(spec("claude"))));
+            QVERIFY(std::holds_alternative<HookConfigFile::Missing>(m_files->read(spec("claude"))));
             expectWriteFailure(u"claude"_s, u"Permission denied"_s);
             QVERIFY(!m_files->install(spec("claude")));
             QVERIFY(m_files->uninstall(spec("claude")));
@@ -330,7 +331,7 @@ private Q_SLOTS:
         else
             QCOMPARE(symlink("/dev/zero", encoded(u".codex/hooks.json"_s)), 0);
 
-        QVERIFY(std::holds_alternative<HookFiles::Missing>(m_files->read(spec("codex"))));
+        QVERIFY(std::holds_alternative<HookConfigFile::Missing>(m_files->read(spec("codex"))));
         expectWriteFailure(u"codex"_s, u"Not a regular file"_s);
         QVERIFY(!m_files->install(spec("codex")));
         QVERIFY(m_files->uninstall(spec("codex")));

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/JsonFileSettingsStore.h"
 
-#include "core/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "core/Logging.h"
 
 #include <QDateTime>
@@ -18,6 +18,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <string>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -244,12 +245,13 @@ void JsonFileSettingsStore::set(const QString& key, const QJsonValue& value)
 
 void JsonFileSettingsStore::write()
 {
-    const auto error = replaceFile(m_path, QJsonDocument(m_values).toJson(QJsonDocument::Indented), 0600);
+    const std::string json = QJsonDocument(m_values).toJson(QJsonDocument::Indented).toStdString();
+    const auto error = replaceFile(QFile::encodeName(m_path).toStdString(), json, 0600);
     if (error && *error != m_lastError)
-        qCWarning(logSettings, "%s cannot be written: %s", qUtf8Printable(m_path), qUtf8Printable(*error));
+        qCWarning(logSettings, "%s cannot be written: %s", qUtf8Printable(m_path), error->c_str());
     if (!error)
         m_version = currentVersion();
-    m_lastError = error.value_or(QString());
+    m_lastError = error.value_or(std::string());
 }
 
 } // namespace Tarvik

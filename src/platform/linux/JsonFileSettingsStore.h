@@ -10,6 +10,7 @@
 
 #include <compare>
 #include <optional>
+#include <string>
 
 namespace Tarvik {
 
@@ -59,7 +60,7 @@ private:
     QJsonObject m_values;
     std::optional<Version> m_version;
     bool m_mayWrite = true;
-    QString m_lastError;
+    std::string m_lastError;
     /// None in the second of two stores.
     std::optional<FileWatch> m_watch;
 };

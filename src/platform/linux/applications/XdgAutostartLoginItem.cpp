@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/applications/XdgAutostartLoginItem.h"
 
-#include "core/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "platform/linux/applications/DesktopEntry.h"
 
 #include <QDir>
@@ -121,7 +121,8 @@ std::optional<QString> XdgAutostartLoginItem::write(const QByteArray& bytes) con
     // A link that was made to switch the entry off must not lead the new one to the null device.
     if (entry.isSymLink() && entry.exists() && !entry.isFile())
         QFile::remove(entry.filePath());
-    return replaceFile(entry.filePath(), bytes);
+    const auto error = replaceFile(QFile::encodeName(entry.filePath()).toStdString(), bytes.toStdString());
+    return error ? std::optional(QString::fromStdString(*error)) : std::nullopt;
 }
 
 } // namespace Tarvik

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/HookSpec.h"
-#include "hooks/JsonValue.h"
+#include "hookconfig/JsonValue.h"
 
 #include <optional>
 #include <string>

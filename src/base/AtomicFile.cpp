@@ -1,19 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "core/AtomicFile.h"
+#include "base/AtomicFile.h"
 
 #include "base/FileDescriptor.h"
 
-#include <QFile>
-#include <QRandomGenerator>
-
 #include <fcntl.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -151,15 +150,13 @@ public:
         return adoptAttributes(path) && fchmod(m_file.get(), original.st_mode & permissionBits) == 0;
     }
 
-    bool write(const QByteArray& bytes) const
+    bool write(std::string_view bytes) const
     {
-        qsizetype written = 0;
-        while (written < bytes.size()) {
-            const auto left = static_cast<size_t>(bytes.size() - written);
-            const ssize_t count = ::write(m_file.get(), bytes.constData() + written, left);
+        while (!bytes.empty()) {
+            const ssize_t count = ::write(m_file.get(), bytes.data(), bytes.size());
             if (count < 0 && errno != EINTR)
                 return false;
-            written += std::max<ssize_t>(count, 0);
+            bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
         }
         return true;
     }
@@ -185,7 +182,10 @@ private:
     bool findName(const std::function<bool(const Path& path)>& use)
     {
         for (int attempt = 0; attempt < maximumNameAttempts; ++attempt) {
-            const Path path = m_directory / (".tarvik-" + std::to_string(QRandomGenerator::global()->generate64()));
+            std::uint64_t random = 0;
+            // Without a random number, in the first moments after the system's start, the names are just others.
+            [[maybe_unused]] const ssize_t count = getrandom(&random, sizeof(random), GRND_NONBLOCK);
+            const Path path = m_directory / (".tarvik-" + std::to_string(random + static_cast<unsigned>(attempt)));
             if (use(path)) {
                 m_path = path;
                 return true;
@@ -222,7 +222,7 @@ void flushDirectory(const Path& directory)
         fsync(descriptor.get());
 }
 
-bool replace(const Path& path, const QByteArray& bytes, mode_t newFileMode)
+bool replace(const Path& path, std::string_view bytes, mode_t newFileMode)
 {
     const auto target = followLinks(path);
     if (!target)
@@ -245,11 +245,11 @@ bool replace(const Path& path, const QByteArray& bytes, mode_t newFileMode)
 
 } // namespace
 
-std::optional<QString> replaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode)
+std::optional<std::string> replaceFile(const std::string& path, std::string_view bytes, mode_t newFileMode)
 {
-    if (replace(QFile::encodeName(path).toStdString(), bytes, newFileMode))
+    if (replace(path, bytes, newFileMode))
         return {};
-    return QString::fromStdString(std::generic_category().message(errno));
+    return std::generic_category().message(errno);
 }
 
 } // namespace Tarvik

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/HookEntries.h"
+#include "hookconfig/HookEntries.h"
 
-#include "hooks/JsonDocument.h"
+#include "hookconfig/JsonDocument.h"
 #include "support/TestSupport.h"
 
 #include <string>

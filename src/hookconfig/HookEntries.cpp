@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/HookEntries.h"
+#include "hookconfig/HookEntries.h"
 
 #include "core/HookTraits.h"
 

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
 #include <sys/types.h>
 
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace Tarvik {
 
@@ -21,7 +20,7 @@ namespace Tarvik {
 /// Returns nothing on success and else what went wrong, for people; then the old file is as it was and no temporary
 /// file is left. Refused: anything but a regular file, a file that this user may not write to, and one whose owner,
 /// group or attributes could not be kept, since others may rely on these.
-[[nodiscard]] std::optional<QString> replaceFile(
-    const QString& path, const QByteArray& bytes, mode_t newFileMode = 0666);
+[[nodiscard]] std::optional<std::string> replaceFile(
+    const std::string& path, std::string_view bytes, mode_t newFileMode = 0666);
 
 } // namespace Tarvik

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "core/AtomicFile.h"
+#include "base/AtomicFile.h"
 
 #include "support/OrdinaryUser.h"
 #include "support/TestSupport.h"
 
+#include <QByteArrayView>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -21,10 +22,24 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstddef>
 #include <memory>
+#include <optional>
+#include <string>
 
 using namespace Qt::StringLiterals;
 using namespace Tarvik;
+
+namespace {
+
+std::optional<QString> replace(const QString& path, QByteArrayView bytes, mode_t newFileMode = 0666)
+{
+    const std::string name = QFile::encodeName(path).toStdString();
+    const auto error = replaceFile(name, {bytes.data(), static_cast<std::size_t>(bytes.size())}, newFileMode);
+    return error ? std::optional(QString::fromStdString(*error)) : std::nullopt;
+}
+
+} // namespace
 
 class AtomicFileTest : public QObject {
     Q_OBJECT
@@ -39,7 +54,7 @@ private Q_SLOTS:
 
     void createsAMissingFile()
     {
-        QCOMPARE(replaceFile(path(u"new"_s), "bytes"), std::nullopt);
+        QCOMPARE(replace(path(u"new"_s), "bytes"), std::nullopt);
         QCOMPARE(contents(u"new"_s), "bytes");
         QCOMPARE(names(), QStringList{u"new"_s});
     }
@@ -47,7 +62,7 @@ private Q_SLOTS:
     void replacesAllBytesOfAnExistingFile()
     {
         put(u"file"_s, "much longer than what follows");
-        QCOMPARE(replaceFile(path(u"file"_s), QByteArray("a\0b", 3)), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), QByteArray("a\0b", 3)), std::nullopt);
         QCOMPARE(contents(u"file"_s), QByteArray("a\0b", 3));
         QCOMPARE(names(), QStringList{u"file"_s});
     }
@@ -55,7 +70,7 @@ private Q_SLOTS:
     void writesNoBytesAtAll()
     {
         put(u"file"_s, "old");
-        QCOMPARE(replaceFile(path(u"file"_s), {}), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), {}), std::nullopt);
         QCOMPARE(contents(u"file"_s), "");
     }
 
@@ -64,15 +79,15 @@ private Q_SLOTS:
         put(u"file"_s, "old");
         QFile reader(path(u"file"_s));
         QVERIFY(reader.open(QIODevice::ReadOnly));
-        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), "new"), std::nullopt);
         QCOMPARE(reader.readAll(), "old");
     }
 
     void aNewFileGetsTheGivenModeLessTheUmask()
     {
         const mode_t umaskBefore = umask(027);
-        const auto shared = replaceFile(path(u"shared"_s), "x");
-        const auto secret = replaceFile(path(u"secret"_s), "x", 0600);
+        const auto shared = replace(path(u"shared"_s), "x");
+        const auto secret = replace(path(u"secret"_s), "x", 0600);
         umask(umaskBefore);
         QCOMPARE(shared, std::nullopt);
         QCOMPARE(secret, std::nullopt);
@@ -91,7 +106,7 @@ private Q_SLOTS:
         QFETCH(const uint, mode);
         put(u"file"_s, "old");
         QCOMPARE(chmod(encoded(u"file"_s), mode), 0);
-        QCOMPARE(replaceFile(path(u"file"_s), "new", 0600), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), "new", 0600), std::nullopt);
         QCOMPARE(this->mode(u"file"_s), mode);
         QCOMPARE(contents(u"file"_s), "new");
     }
@@ -101,7 +116,7 @@ private Q_SLOTS:
         put(u"file"_s, "old");
         const uid_t owner = geteuid() == 0 ? OrdinaryUser::id : geteuid();
         QCOMPARE(chown(encoded(u"file"_s), owner, static_cast<gid_t>(owner)), 0);
-        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), "new"), std::nullopt);
         struct stat status = {};
         QCOMPARE(stat(encoded(u"file"_s), &status), 0);
         QCOMPARE(status.st_uid, owner);
@@ -117,7 +132,7 @@ private Q_SLOTS:
         QVERIFY(setAttribute(u"file"_s, "user.empty", ""));
         QVERIFY(setAttribute(u"file"_s, accessList, list));
         QCOMPARE(mode(u"file"_s), 0640U);
-        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), "new"), std::nullopt);
         QCOMPARE(contents(u"file"_s), "new");
         QCOMPARE(attribute(u"file"_s, "user.origin"), QByteArray("elsewhere"));
         QCOMPARE(attribute(u"file"_s, "user.empty"), QByteArray(""));
@@ -132,10 +147,10 @@ private Q_SLOTS:
         QCOMPARE(chmod(encoded(u"file"_s), 0640), 0);
         QVERIFY(
             setAttribute(u"."_s, "system.posix_acl_default", accessControlList({.group = 6, .user = 6, .mask = 6})));
-        QCOMPARE(replaceFile(path(u"file"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"file"_s), "new"), std::nullopt);
         QCOMPARE(attribute(u"file"_s, accessList), QByteArray());
         QCOMPARE(mode(u"file"_s), 0640U);
-        QCOMPARE(replaceFile(path(u"created"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"created"_s), "new"), std::nullopt);
         QVERIFY(!attribute(u"created"_s, accessList).isEmpty());
     }
 
@@ -150,7 +165,7 @@ private Q_SLOTS:
             setrlimit(RLIMIT_CORE, &none);
             setrlimit(RLIMIT_FSIZE, &tight);
             std::signal(SIGXFSZ, SIG_DFL);
-            const auto error = replaceFile(path(u"file"_s), QByteArray(100'000, 'x'));
+            const auto error = replace(path(u"file"_s), QByteArray(100'000, 'x'));
             _exit(error ? 1 : 2);
         }
         int status = 0;
@@ -172,7 +187,7 @@ private Q_SLOTS:
         {
             const OrdinaryUser user;
             QVERIFY(user.isSet());
-            QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+            QVERIFY(replace(path(u"file"_s), "new").has_value());
         }
         QCOMPARE(contents(u"file"_s), "old");
         QCOMPARE(names(), QStringList{u"file"_s});
@@ -186,7 +201,7 @@ private Q_SLOTS:
             QVERIFY(user.isSet());
             put(u"file"_s, "old");
             QCOMPARE(chmod(encoded(u"file"_s), 0444), 0);
-            QCOMPARE(replaceFile(path(u"file"_s), "new"), u"Permission denied"_s);
+            QCOMPARE(replace(path(u"file"_s), "new"), u"Permission denied"_s);
         }
         QCOMPARE(contents(u"file"_s), "old");
         QCOMPARE(names(), QStringList{u"file"_s});
@@ -197,7 +212,7 @@ private Q_SLOTS:
         QVERIFY(QDir(m_directory->path()).mkdir(u"dotfiles"_s));
         put(u"dotfiles/target"_s, "old");
         QCOMPARE(symlink("dotfiles/target", encoded(u"link"_s)), 0);
-        QCOMPARE(replaceFile(path(u"link"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"link"_s), "new"), std::nullopt);
         QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
         QCOMPARE(contents(u"dotfiles/target"_s), "new");
         QCOMPARE(names(u"dotfiles"_s), QStringList{u"target"_s});
@@ -209,7 +224,7 @@ private Q_SLOTS:
         put(u"target"_s, "old");
         QCOMPARE(symlink("../../target", encoded(u"a/b/second"_s)), 0);
         QCOMPARE(symlink(encoded(u"a/b/second"_s), encoded(u"first"_s)), 0);
-        QCOMPARE(replaceFile(path(u"first"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"first"_s), "new"), std::nullopt);
         QCOMPARE(contents(u"target"_s), "new");
         QVERIFY(QFileInfo(path(u"first"_s)).isSymLink());
         QVERIFY(QFileInfo(path(u"a/b/second"_s)).isSymLink());
@@ -219,7 +234,7 @@ private Q_SLOTS:
     {
         QVERIFY(QDir(m_directory->path()).mkdir(u"dotfiles"_s));
         QCOMPARE(symlink("dotfiles/target", encoded(u"link"_s)), 0);
-        QCOMPARE(replaceFile(path(u"link"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"link"_s), "new"), std::nullopt);
         QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
         QCOMPARE(contents(u"dotfiles/target"_s), "new");
     }
@@ -227,7 +242,7 @@ private Q_SLOTS:
     void aLinkIntoAMissingDirectoryIsAnErrorAndStays()
     {
         QCOMPARE(symlink("nowhere/target", encoded(u"link"_s)), 0);
-        QCOMPARE(replaceFile(path(u"link"_s), "new"), u"No such file or directory"_s);
+        QCOMPARE(replace(path(u"link"_s), "new"), u"No such file or directory"_s);
         QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
         QCOMPARE(names(), QStringList{u"link"_s});
     }
@@ -237,7 +252,7 @@ private Q_SLOTS:
         QVERIFY(QDir(m_directory->path()).mkdir(u"real"_s));
         put(u"real/file"_s, "old");
         QCOMPARE(symlink("real", encoded(u"directory"_s)), 0);
-        QCOMPARE(replaceFile(path(u"directory/file"_s), "new"), std::nullopt);
+        QCOMPARE(replace(path(u"directory/file"_s), "new"), std::nullopt);
         QCOMPARE(contents(u"real/file"_s), "new");
         QVERIFY(QFileInfo(path(u"directory"_s)).isSymLink());
     }
@@ -246,13 +261,13 @@ private Q_SLOTS:
     {
         QCOMPARE(symlink("b", encoded(u"a"_s)), 0);
         QCOMPARE(symlink("a", encoded(u"b"_s)), 0);
-        QCOMPARE(replaceFile(path(u"a"_s), "new"), u"Too many levels of symbolic links"_s);
+        QCOMPARE(replace(path(u"a"_s), "new"), u"Too many levels of symbolic links"_s);
         QCOMPARE(names(), QStringList({u"a"_s, u"b"_s}));
     }
 
     void aMissingDirectoryIsAnError()
     {
-        QCOMPARE(replaceFile(path(u"nowhere/file"_s), "new"), u"No such file or directory"_s);
+        QCOMPARE(replace(path(u"nowhere/file"_s), "new"), u"No such file or directory"_s);
     }
 
     void aDirectoryThatCannotBeWrittenToIsAnErrorAndNothingIsLeftBehind()
@@ -265,7 +280,7 @@ private Q_SLOTS:
         {
             const OrdinaryUser user;
             QVERIFY(user.isSet());
-            QCOMPARE(replaceFile(path(u"closed/file"_s), "new"), u"Permission denied"_s);
+            QCOMPARE(replace(path(u"closed/file"_s), "new"), u"Permission denied"_s);
         }
         QCOMPARE(chmod(encoded(u"closed"_s), 0755), 0);
         QCOMPARE(contents(u"closed/file"_s), "old");
@@ -275,7 +290,7 @@ private Q_SLOTS:
     void aDirectoryInTheFilesPlaceIsAnError()
     {
         QVERIFY(QDir(m_directory->path()).mkdir(u"file"_s));
-        QCOMPARE(replaceFile(path(u"file"_s), "new"), u"Is a directory"_s);
+        QCOMPARE(replace(path(u"file"_s), "new"), u"Is a directory"_s);
         QCOMPARE(names(), QStringList{u"file"_s});
         QVERIFY(QFileInfo(path(u"file"_s)).isDir());
     }
@@ -283,7 +298,7 @@ private Q_SLOTS:
     void aNamedPipeInTheFilesPlaceIsAnError()
     {
         QCOMPARE(mkfifo(encoded(u"file"_s), 0600), 0);
-        QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        QVERIFY(replace(path(u"file"_s), "new").has_value());
         struct stat status = {};
         QCOMPARE(lstat(encoded(u"file"_s), &status), 0);
         QVERIFY(S_ISFIFO(status.st_mode));
@@ -296,7 +311,7 @@ private Q_SLOTS:
         sockaddr_un address = {.sun_family = AF_UNIX, .sun_path = {}};
         qstrncpy(address.sun_path, encoded(u"file"_s), sizeof address.sun_path);
         QCOMPARE(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-        QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        QVERIFY(replace(path(u"file"_s), "new").has_value());
         close(socket);
         struct stat status = {};
         QCOMPARE(lstat(encoded(u"file"_s), &status), 0);
@@ -306,7 +321,7 @@ private Q_SLOTS:
     void aDeviceInTheFilesPlaceIsAnError()
     {
         QCOMPARE(symlink("/dev/null", encoded(u"file"_s)), 0);
-        QVERIFY(replaceFile(path(u"file"_s), "new").has_value());
+        QVERIFY(replace(path(u"file"_s), "new").has_value());
         struct stat status = {};
         QCOMPARE(stat("/dev/null", &status), 0);
         QVERIFY(S_ISCHR(status.st_mode));
@@ -320,7 +335,7 @@ private Q_SLOTS:
         const rlimit tiny{.rlim_cur = 4096, .rlim_max = limit.rlim_max};
         const auto handler = std::signal(SIGXFSZ, SIG_IGN);
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &tiny), 0);
-        const auto error = replaceFile(path(u"file"_s), QByteArray(100'000, 'x'));
+        const auto error = replace(path(u"file"_s), QByteArray(100'000, 'x'));
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
         std::signal(SIGXFSZ, handler);
         QCOMPARE(error, u"File too large"_s);
@@ -331,14 +346,14 @@ private Q_SLOTS:
     void theLongestPossibleNameIsNoHindrance()
     {
         const QString name(255, u'n');
-        QCOMPARE(replaceFile(path(name), "one"), std::nullopt);
-        QCOMPARE(replaceFile(path(name), "two"), std::nullopt);
+        QCOMPARE(replace(path(name), "one"), std::nullopt);
+        QCOMPARE(replace(path(name), "two"), std::nullopt);
         QCOMPARE(contents(name), "two");
     }
 
     void aNameBeyondTheLimitIsAnError()
     {
-        QCOMPARE(replaceFile(path(QString(256, u'n')), "one"), u"File name too long"_s);
+        QCOMPARE(replace(path(QString(256, u'n')), "one"), u"File name too long"_s);
         QCOMPARE(names(), QStringList{});
     }
 

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/JsonDocument.h"
-
-#include <QStringDecoder>
+#include "base/PlainText.h"
+#include "hookconfig/JsonDocument.h"
 
 #include <utility>
 
@@ -55,9 +54,13 @@ void appendUtf8(std::string& text, char32_t codePoint)
 
 bool isUtf8(std::string_view bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    return !decoder.hasError();
+    while (!bytes.empty()) {
+        const std::size_t size = PlainText::firstCharacter(bytes).size;
+        if (size == 0)
+            return false;
+        bytes.remove_prefix(size);
+    }
+    return true;
 }
 
 /// Recursive descent over text that is known to be UTF-8. Each function starts at the first character of what it reads

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "hooks/JsonDocument.h"
+#include "hookconfig/JsonDocument.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hooks/JsonValue.h"
+#include "hookconfig/JsonValue.h"
 
 #include <cstddef>
 #include <optional>
