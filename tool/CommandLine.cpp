@@ -31,6 +31,8 @@ Commands:
                       1: not awake, 2: Tarvik is not running
   hook --tool ID      for the hooks of coding agents: reads the event from the
                       standard input; prints nothing and always succeeds
+  unhook              take what Tarvik has added to the configuration of coding
+                      agents out again, before Tarvik is removed
   help, --help        print this text
   --version           print the version
 
@@ -123,7 +125,7 @@ static std::optional<UsageError> check(
 
 std::variant<CommandLine, UsageError> parseCommandLine(const std::vector<std::string>& arguments)
 {
-    static constexpr std::array<std::pair<std::string_view, Verb>, 10> verbs{{
+    static constexpr std::array<std::pair<std::string_view, Verb>, 11> verbs{{
         {"help", Verb::help},
         {"--help", Verb::help},
         {"-h", Verb::help},
@@ -134,6 +136,7 @@ std::variant<CommandLine, UsageError> parseCommandLine(const std::vector<std::st
         {"release-all", Verb::releaseAll},
         {"hold", Verb::hold},
         {"status", Verb::status},
+        {"unhook", Verb::unhook},
     }};
     if (arguments.empty())
         return UsageError{"no command given"};

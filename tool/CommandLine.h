@@ -10,7 +10,7 @@ namespace Tarvik {
 
 /// What the user asks for.
 struct CommandLine {
-    enum class Verb { help, version, acquire, release, releaseAll, hold, status };
+    enum class Verb { help, version, acquire, release, releaseAll, hold, status, unhook };
 
     Verb verb = Verb::help;
     std::string session;

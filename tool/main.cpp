@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "CommandLine.h"
 #include "HeldCommand.h"
+#include "HomeDirectory.h"
 #include "HookCommand.h"
 #include "InvokingUser.h"
 #include "StatusReport.h"
+#include "Unhooking.h"
 
 #include "platform/HookWire.h"
 
@@ -70,6 +72,23 @@ static int runStatus(bool asJson, const InvokingUser& user, const std::vector<Bu
     return report->isAwake ? 0 : 1;
 }
 
+static int runUnhook(const Environment& environment, const InvokingUser& user)
+{
+    const auto home = homeDirectory(environment, user);
+    if (!home) {
+        std::fputs("tarvik: this user's home directory is not known; run it without sudo\n", stderr);
+        return 1;
+    }
+    int status = 0;
+    for (const HookSpec& spec : HookSpec::all) {
+        const Unhooking unhooking = unhook(*home, spec);
+        if (unhooking.isFailure)
+            status = 1;
+        std::fprintf(unhooking.isFailure ? stderr : stdout, "%s\n", unhooking.text.c_str());
+    }
+    return status;
+}
+
 static int run(const CommandLine& line)
 {
     using Verb = CommandLine::Verb;
@@ -95,6 +114,8 @@ static int run(const CommandLine& line)
         return runHold(line, user, buses);
     case Verb::status:
         return runStatus(line.asJson, user, buses);
+    case Verb::unhook:
+        return runUnhook(environment, user);
     }
     return usageStatus;
 }

@@ -8,6 +8,7 @@ complete -c tarvik -n __fish_use_subcommand -a acquire -d 'Take or renew a lease
 complete -c tarvik -n __fish_use_subcommand -a release -d 'Give a lease back'
 complete -c tarvik -n __fish_use_subcommand -a release-all -d 'Give all leases back'
 complete -c tarvik -n __fish_use_subcommand -a status -d 'Say what Tarvik is doing'
+complete -c tarvik -n __fish_use_subcommand -a unhook -d 'Take Tarvik\'s entries out of the agents\' configuration'
 complete -c tarvik -n __fish_use_subcommand -a hook -d 'Tell the event of a coding agent'
 complete -c tarvik -n __fish_use_subcommand -a help -d 'Print a summary'
 complete -c tarvik -n __fish_use_subcommand -l version -d 'Print the version'

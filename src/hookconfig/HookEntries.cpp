@@ -243,6 +243,14 @@ void remove(const HookSpec& spec, JsonValue::Object& document)
         removeFrom(document, topLevelEvents(spec, document), spec);
 }
 
+bool hasAny(const HookSpec& spec, const JsonValue::Object& document)
+{
+    return std::ranges::any_of(eventMaps(spec, document), [&spec](const EventMap& map) {
+        return std::ranges::any_of(
+            map.names, [&](std::string_view event) { return hasOurs(spec, *map.object, event); });
+    });
+}
+
 bool isInstalled(const HookSpec& spec, const JsonValue::Object& document)
 {
     const Object* events = eventMaps(spec, document).front().object;

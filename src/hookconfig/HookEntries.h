@@ -28,6 +28,9 @@ void add(const HookSpec& spec, const std::string& command, JsonValue::Object& do
 /// Takes our entries away from every start and end event, and what they leave empty.
 void remove(const HookSpec& spec, JsonValue::Object& document);
 
+/// Whether there is an entry of ours under any start or end event.
+bool hasAny(const HookSpec& spec, const JsonValue::Object& document);
+
 /// Whether every start event has an entry of ours under "hooks".
 bool isInstalled(const HookSpec& spec, const JsonValue::Object& document);
 

@@ -270,6 +270,21 @@ private Q_SLOTS:
         COMPARE_JSON(uninstalled(spec("claude"), file), file);
     }
 
+    void anyEntryOfOursUnderAnEventThatIsHookedCounts()
+    {
+        const auto hasAny
+            = [](const char* id, const std::string& file) { return HookEntries::hasAny(spec(id), json(file)); };
+        for (const HookSpec& each : HookSpec::all)
+            QVERIFY(HookEntries::hasAny(each, installed(each, "{}")));
+        QVERIFY(hasAny("claude", "{'hooks':{'StopFailure':[{'hooks':[{'command':'/old/tarvik hook'}]}]}}"));
+        QVERIFY(hasAny("droid", "{'Stop':[" + group("droid") + "]}"));
+        QVERIFY(!hasAny("claude", "{'Stop':[" + group("claude") + "]}"));
+        QVERIFY(!hasAny("claude", "{'hooks':{'Notification':[" + group("claude") + "]}}"));
+        for (const char* const none : {"{}", "{'hooks':7}", "{'hooks':{'Stop':'tarvik'}}", "{'name':'tarvik'}"})
+            QVERIFY(!hasAny("droid", none));
+        QVERIFY(!hasAny("qwen", "{'hooks':{'Stop':[" + foreignGroup + "]}}"));
+    }
+
     void anInstalledSpecHasAnEntryUnderEveryStartEvent_data()
     {
         QTest::addColumn<QString>("hooks");

@@ -420,6 +420,34 @@ class HooksTest(TarvikTestCase):
         self.assertIn("There are no hooks for an agent", self.hooks("Install", "s", "vim"))
         self.assertIn("settings.json is not valid JSON; refusing to touch it", tarvik.log())
 
+    def test_the_tool_takes_the_hooks_out_and_tarvik_does_not_put_them_back(self):
+        home = self.config / "home"
+        environment = {**os.environ, "HOME": str(home)}
+        self.programs.start("claude")
+        tarvik = self.start_tarvik(environment=environment)
+        eventually(is_held, "held for the process")
+        agents = ("claude", "codex", "gemini", "qwen", "droid", "copilot")
+        for agent in agents:
+            self.assertIs(self.hooks("Install", "s", agent), True)
+        self.assertEqual(set(self.hooks("InstalledIds")), set(agents))
+        eventually(is_not_held, "the process no longer counts", program.POLL_PERIOD + 1)
+        (home / ".codex" / "hooks.json").write_text("{broken", encoding="utf-8")
+
+        result = subprocess.run([program.TOOL, "unhook"], env=environment, capture_output=True, text=True, check=False, timeout=5)
+        self.assertEqual((result.returncode, result.stdout.count("Tarvik's entries are taken out\n")), (1, 5))
+        self.assertIn("tarvik: ~/.codex/hooks.json: not changed: it is not valid JSON", result.stderr)
+        self.assertEqual(self.hooks("InstalledIds"), [])
+        eventually(is_held, "the process counts again", program.POLL_PERIOD + 1)
+
+        files = {path: path.read_bytes() for path in home.rglob("*.json")}
+        tarvik.end()
+        self.start_tarvik(environment=environment)
+        eventually(is_held, "held by the next Tarvik")
+        self.assertEqual({path: path.read_bytes() for path in home.rglob("*.json")}, files)
+        self.assertEqual(len(files), 6)
+        for path, content in files.items():
+            self.assertNotIn(b"tarvik", content, path)
+
     def test_hold_keeps_awake_while_its_command_runs(self):
         self.start_tarvik()
         with subprocess.Popen([program.TOOL, "hold", "--", "cat"], stdin=subprocess.PIPE) as hold:

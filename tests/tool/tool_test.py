@@ -694,7 +694,183 @@ class StatusTest(ToolTestCase):
         self.assertEqual(len(other.settled_events()), 1)
 
 
+# The configuration files of the agents, in the order in which they are told of.
+CONFIGURATIONS = (".claude/settings.json", ".codex/hooks.json", ".gemini/settings.json", ".qwen/settings.json",
+                  ".factory/hooks.json", ".copilot/hooks/tarvik.json")
+OURS = {"type": "command", "command": '"/opt/tarvik/Contents/SharedSupport/tarvik" hook --tool claude', "name": "tarvik"}
+FOREIGN = {"type": "command", "command": "notify-send done"}
+
+
+def hooks(*entries, event="Stop"):
+    return {"hooks": {event: [{"hooks": list(entries)}]}}
+
+
+class UnhookTestCase(ToolTestCase):
+    def setUp(self):
+        super().setUp()
+        self.home = self.directory / "home"
+        self.home.mkdir()
+
+    def put(self, name, content):
+        path = self.home / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(content if isinstance(content, bytes) else json.dumps(content).encode())
+        return path
+
+    def unhook(self, environment=None, **options):
+        """The exit status, and what was said of each file: to which stream, and what."""
+        environment = environment if environment is not None else {"HOME": str(self.home)}
+        result = self.run_tool("unhook", environment=environment, **options)
+        said = {}
+        for stream, prefix, text in (("out", "~/", result.stdout), ("err", "tarvik: ~/", result.stderr)):
+            for line in text.decode().splitlines():
+                self.assertTrue(line.startswith(prefix), line)
+                name, what = line.removeprefix(prefix).split(": ", 1)
+                self.assertNotIn(name, said)
+                said[name] = (stream, what)
+        self.assertEqual(set(said), set(CONFIGURATIONS))
+        return result.returncode, said
+
+
+class UnhookTest(UnhookTestCase):
+    NONE = ("out", "no such file, or an empty one")
+    FOREIGN = ("out", "has nothing of Tarvik's")
+    TAKEN = ("out", "Tarvik's entries are taken out")
+
+    def test_without_a_file_there_is_nothing_to_do_and_nothing_is_made(self):
+        self.assertEqual(self.unhook(), (0, dict.fromkeys(CONFIGURATIONS, self.NONE)))
+        self.assertEqual(list(self.home.iterdir()), [])
+
+    def test_each_line_tells_of_one_file_in_a_fixed_order(self):
+        result = self.run_tool("unhook", environment={"HOME": str(self.home)})
+        names = [line.split(":")[0] for line in result.stdout.decode().splitlines()]
+        self.assertEqual(names, [f"~/{name}" for name in CONFIGURATIONS])
+
+    def test_only_our_entries_go_from_all_files(self):
+        for name in CONFIGURATIONS[:-1]:
+            event = "AfterAgent" if "gemini" in name else "Stop"
+            self.put(name, {"model": "x", **hooks(FOREIGN, OURS, event=event)})
+        self.put(CONFIGURATIONS[-1], {"version": 1, "hooks": {"agentStop": [OURS, FOREIGN]}})
+        self.assertEqual(self.unhook(), (0, dict.fromkeys(CONFIGURATIONS, self.TAKEN)))
+        for name in CONFIGURATIONS[:-1]:
+            event = "AfterAgent" if "gemini" in name else "Stop"
+            self.assertEqual(json.loads((self.home / name).read_bytes()), {"model": "x", **hooks(FOREIGN, event=event)})
+        self.assertEqual(json.loads((self.home / CONFIGURATIONS[-1]).read_bytes()),
+                         {"version": 1, "hooks": {"agentStop": [FOREIGN]}})
+        self.assertEqual(self.unhook(), (0, dict.fromkeys(CONFIGURATIONS, self.FOREIGN)))
+
+    def test_entries_of_a_copy_elsewhere_and_under_end_events_alone_are_found(self):
+        moved = {"type": "command", "command": "/home/me/old/tarvik hook --tool claude"}
+        path = self.put(CONFIGURATIONS[0], hooks(moved, event="StopFailure"))
+        self.assertEqual(self.unhook()[1][CONFIGURATIONS[0]], self.TAKEN)
+        self.assertEqual(json.loads(path.read_bytes()), {})
+
+    def test_droids_top_level_is_cleaned_too(self):
+        path = self.put(".factory/hooks.json", {"Stop": [{"hooks": [OURS]}], "UserPromptSubmit": "mine"})
+        self.assertEqual(self.unhook()[1][".factory/hooks.json"], self.TAKEN)
+        self.assertEqual(json.loads(path.read_bytes()), {"UserPromptSubmit": "mine"})
+
+    def test_a_file_without_entries_of_ours_is_not_even_written(self):
+        contents = [b'{"b":1,\n\n "a":2.50}', b'{"hooks":{}}', b'{"hooks":{"Stop":7}}', json.dumps(hooks(FOREIGN)).encode()]
+        for content in contents:
+            path = self.put(CONFIGURATIONS[0], content)
+            before = path.stat()
+            self.assertEqual(self.unhook()[1][CONFIGURATIONS[0]], self.FOREIGN)
+            self.assertEqual((path.read_bytes(), path.stat().st_ino), (content, before.st_ino))
+
+    def test_rubbish_is_told_of_and_left_as_it_is(self):
+        ours = json.dumps(hooks(OURS)).encode()
+        rubbish = [b"{", ours[:-1], b"[]", b"null", b"\xff\xfe{\0}\0", b"// mine\n" + ours, ours + b"x", b"\0" * 100, b" ",
+                   b'{"hooks":' + b"[" * 100_000, b'{"a":"' + b"x" * 1_100_000 + b'"}', b'{"a":1,"a":2}', os.urandom(50_000)]
+        for number, content in enumerate(rubbish):
+            with self.subTest(number):
+                path = self.put(CONFIGURATIONS[0], content)
+                self.put(CONFIGURATIONS[1], hooks(OURS))
+                status, said = self.unhook()
+                self.assertEqual((status, said[CONFIGURATIONS[0]][0], path.read_bytes()), (1, "err", content))
+                self.assertIn("not changed: it is not valid JSON", said[CONFIGURATIONS[0]][1])
+                self.assertEqual(said[CONFIGURATIONS[1]], self.TAKEN)
+
+    def test_what_is_no_file_is_told_of_and_never_waited_for(self):
+        (self.home / ".claude").mkdir()
+        os.mkfifo(self.home / ".claude/settings.json")
+        (self.home / ".codex/hooks.json").mkdir(parents=True)
+        self.put(".qwen", b"a file where a directory belongs")
+        status, said = self.unhook()
+        self.assertEqual(status, 1)
+        self.assertEqual(said[".claude/settings.json"], ("err", "not changed: Not a regular file"))
+        self.assertEqual(said[".codex/hooks.json"], ("err", "not changed: Not a regular file"))
+        self.assertEqual(said[".qwen/settings.json"], ("err", "not changed: Not a directory"))
+        self.assertEqual(said[".gemini/settings.json"], self.NONE)
+
+    def test_links_of_a_dotfile_store_stay_and_their_files_change(self):
+        store = self.home / "dotfiles"
+        store.mkdir()
+        (store / "claude.json").write_text(json.dumps(hooks(OURS)), encoding="utf-8")
+        (self.home / ".claude").mkdir()
+        (self.home / ".claude/settings.json").symlink_to("../dotfiles/claude.json")
+        (self.home / ".codex").symlink_to("nowhere")
+        status, said = self.unhook()
+        self.assertEqual((status, said[CONFIGURATIONS[0]], said[CONFIGURATIONS[1]]), (0, self.TAKEN, self.NONE))
+        self.assertTrue((self.home / ".claude/settings.json").is_symlink())
+        self.assertEqual(json.loads((store / "claude.json").read_bytes()), {})
+        self.assertEqual([path.name for path in store.iterdir()], ["claude.json"])
+
+    def test_no_argument_makes_sense(self):
+        path = self.put(CONFIGURATIONS[0], hooks(OURS))
+        result = self.run_tool("unhook", "--all", environment={"HOME": str(self.home)})
+        self.assertEqual((result.returncode, result.stdout), (64, b""))
+        self.assertEqual(json.loads(path.read_bytes()), hooks(OURS))
+
+
 if os.geteuid() == 0:
+
+    class UnhookAsSomebodyTest(UnhookTestCase):
+        """Only the superuser can play others."""
+
+        USER = 65534
+
+        def setUp(self):
+            super().setUp()
+            self.path = self.put(CONFIGURATIONS[0], hooks(OURS))
+            self.give_away(self.home)
+
+        def give_away(self, top):
+            for path in (top, *top.rglob("*")):
+                os.chown(path, self.USER, self.USER)
+
+        def test_a_file_that_must_not_be_changed_is_told_of(self):
+            self.put(".codex/hooks.json", hooks(OURS))
+            self.path.chmod(0o400)
+            status, said = self.unhook(user=self.USER, group=self.USER, extra_groups=[])
+            self.assertEqual((status, said[".claude/settings.json"]), (1, ("err", "not changed: Permission denied")))
+            self.path.chmod(0o200)
+            status, said = self.unhook(user=self.USER, group=self.USER, extra_groups=[])
+            self.assertEqual((status, said[".claude/settings.json"]), (1, ("err", "not changed: Permission denied")))
+            self.assertEqual(json.loads(self.path.read_bytes()), hooks(OURS))
+
+        def through_sudo(self, users):
+            """Runs it as sudo does, where these are the machine's users."""
+            listing = self.directory / "passwd"
+            listing.write_text(users, encoding="utf-8")
+            environment = {"PATH": os.environ["PATH"], "HOME": "/root", "SUDO_UID": str(self.USER), "SUDO_GID": str(self.USER)}
+            script = 'mount --bind "$1" /etc/passwd && exec "$2" unhook'
+            return subprocess.run(["unshare", "--mount", "sh", "-c", script, "sh", str(listing), TOOL],
+                                  env=environment, capture_output=True, check=False, timeout=PATIENCE)
+
+        def test_through_sudo_it_is_the_invoking_users_files(self):
+            users = f"root:x:0:0::/root:/bin/sh\nbob:x:{self.USER}:{self.USER}:Bob:{self.home}:/bin/sh\n"
+            result = self.through_sudo(users)
+            self.assertEqual((result.returncode, result.stderr), (0, b""))
+            self.assertIn(b"~/.claude/settings.json: Tarvik's entries are taken out\n", result.stdout)
+            self.assertEqual(json.loads(self.path.read_bytes()), {})
+            self.assertEqual(self.path.stat().st_uid, self.USER)
+
+        def test_a_user_who_is_not_listed_is_told_to_do_it_without_sudo(self):
+            result = self.through_sudo("root:x:0:0::/root:/bin/sh\n")
+            self.assertEqual((result.returncode, result.stdout), (1, b""))
+            self.assertEqual(result.stderr, b"tarvik: this user's home directory is not known; run it without sudo\n")
+            self.assertEqual(json.loads(self.path.read_bytes()), hooks(OURS))
 
     class SudoTest(ToolTestCase):
         """Only the superuser can play the superuser."""
