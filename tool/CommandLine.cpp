@@ -27,8 +27,10 @@ Commands:
   release --session KEY
                       give KEY back
   release-all         give everything back
-  status [--json]     say what Tarvik is doing; exit status 0: awake,
-                      1: not awake, 2: Tarvik is not running
+  status [--json] [--follow]
+                      say what Tarvik is doing; exit status 0: awake,
+                      1: not awake, 2: Tarvik is not running; with --follow
+                      go on with one line at each change
   hook --tool ID      for the hooks of coding agents: reads the event from the
                       standard input; prints nothing and always succeeds
   unhook              take what Tarvik has added to the configuration of coding
@@ -64,7 +66,7 @@ public:
     /// Reads what the verb allows; what is left is in `rest()`. "--" ends the options.
     std::optional<UsageError> read(CommandLine& line,
         const std::vector<std::pair<std::string_view, std::string CommandLine::*>>& valued,
-        bool allowsJson)
+        const std::vector<std::pair<std::string_view, bool CommandLine::*>>& flags)
     {
         std::size_t index = 0;
         for (; index < m_rest.size() && m_rest[index].starts_with('-') && m_rest[index] != "-"; ++index) {
@@ -78,8 +80,10 @@ public:
                 m_rest.clear();
                 return {};
             }
-            if (allowsJson && argument == "--json") {
-                line.asJson = true;
+            const auto flag
+                = std::find_if(flags.begin(), flags.end(), [&](const auto& one) { return one.first == argument; });
+            if (flag != flags.end()) {
+                line.*(flag->second) = true;
                 continue;
             }
             const std::size_t equals = argument.find('=');
@@ -159,8 +163,12 @@ std::variant<CommandLine, UsageError> parseCommandLine(const std::vector<std::st
     if (line.verb == Verb::acquire || line.verb == Verb::hold)
         valued.emplace_back("--reason", &CommandLine::reason);
 
+    std::vector<std::pair<std::string_view, bool CommandLine::*>> flags;
+    if (line.verb == Verb::status)
+        flags = {{"--json", &CommandLine::asJson}, {"--follow", &CommandLine::follows}};
+
     OptionReader reader(name, arguments);
-    if (auto error = reader.read(line, valued, line.verb == Verb::status))
+    if (auto error = reader.read(line, valued, flags))
         return *std::move(error);
     if (auto error = check(line, name, reader.rest()))
         return *std::move(error);

@@ -21,6 +21,8 @@ struct CommandLine {
     bool asJson = false;
     /// The program that is to be run, and its arguments.
     std::vector<std::string> command;
+    /// Goes on to tell at each change.
+    bool follows = false;
 
     bool operator==(const CommandLine&) const = default;
 };

@@ -94,8 +94,10 @@ bool SessionBus::receive(Deadline deadline)
             m_received.append(chunk.data(), static_cast<std::size_t>(count));
             return true;
         }
-        if (count == 0 || (errno != EINTR && errno != EAGAIN))
+        if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
+            m_socket.reset();
             return false;
+        }
     }
     return false;
 }
@@ -123,8 +125,10 @@ std::optional<DBusMessage> SessionBus::nextMessage(Deadline deadline)
 {
     while (true) {
         const auto size = encodedSize(m_received);
-        if (!size)
+        if (!size) {
+            m_socket.reset();
             return {};
+        }
         if (*size > 0 && *size <= m_received.size()) {
             auto message = decode(std::string_view(m_received).substr(0, *size));
             m_received.erase(0, *size);

@@ -14,7 +14,7 @@
 
 namespace Tarvik {
 
-/// One private connection to a session bus, for one exchange.
+/// One private connection to a session bus, for one exchange and what the bus sends after it.
 ///
 /// Everything is sent at once, without waiting for the bus at each step of the handshake, and the answer to the last
 /// message proves that the bus has dealt with all of them: what is still in its socket when a sender goes may be lost.
@@ -23,18 +23,21 @@ public:
     /// Connects; nothing listens, or what does belongs to somebody else: not connected.
     SessionBus(const BusAddress& address, uid_t user, Deadline deadline);
 
+    /// Until the bus has gone, or has sent what cannot be read.
     bool isConnected() const { return m_socket.isValid(); }
 
     /// Logs in, sends the messages, and answers the reply to the last of them. Nothing when
     /// the bus refused, went away, or did not answer in time; what was sent may have arrived then.
     std::optional<DBusMessage> exchange(const std::vector<DBusMessage>& messages, Deadline deadline);
 
+    /// What comes next after an exchange; nothing when nothing does in time, or the connection ends.
+    std::optional<DBusMessage> nextMessage(Deadline deadline);
+
 private:
     bool send(std::string_view bytes, Deadline deadline);
     /// Appends what has arrived to `m_received`; false at the end, or when time is up.
     bool receive(Deadline deadline);
     bool awaitPermission(Deadline deadline);
-    std::optional<DBusMessage> nextMessage(Deadline deadline);
 
     FileDescriptor m_socket;
     std::string m_received;

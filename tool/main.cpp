@@ -5,6 +5,7 @@
 #include "HomeDirectory.h"
 #include "HookCommand.h"
 #include "InvokingUser.h"
+#include "StatusFollower.h"
 #include "StatusReport.h"
 #include "Unhooking.h"
 
@@ -15,6 +16,10 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace Tarvik;
 using namespace std::chrono_literals;
@@ -61,15 +66,38 @@ static int runHold(const CommandLine& line, const InvokingUser& user, const std:
     return held.run();
 }
 
+static const char* notRunningText(bool asJson)
+{
+    return asJson ? "{\"isRunning\":false}" : "Tarvik is not running.";
+}
+
 static int runStatus(bool asJson, const InvokingUser& user, const std::vector<BusAddress>& buses)
 {
     const auto report = askForStatus(asJson, buses, user.user, Deadline(patience));
     if (!report) {
-        std::puts(asJson ? "{\"isRunning\":false}" : "Tarvik is not running.");
+        std::puts(notRunningText(asJson));
         return notRunningStatus;
     }
     std::puts(report->text.c_str());
     return report->isAwake ? 0 : 1;
+}
+
+static int runFollow(bool asJson, const InvokingUser& user, const std::vector<BusAddress>& buses)
+{
+    std::string last;
+    const auto tell = [&](const std::optional<StatusReport>& report) {
+        const std::string text = report ? report->text : notRunningText(asJson);
+        const std::string line = text.substr(0, text.find('\n'));
+        if (line == std::exchange(last, line))
+            return;
+        std::puts(line.c_str());
+        // Whoever reads it waits for the line, not for a buffer full of them.
+        std::fflush(stdout);
+    };
+    followStatus(asJson, buses, user.user, tell);
+    if (last.empty())
+        tell({});
+    return notRunningStatus;
 }
 
 static int runUnhook(const Environment& environment, const InvokingUser& user)
@@ -113,7 +141,7 @@ static int run(const CommandLine& line)
     case Verb::hold:
         return runHold(line, user, buses);
     case Verb::status:
-        return runStatus(line.asJson, user, buses);
+        return line.follows ? runFollow(line.asJson, user, buses) : runStatus(line.asJson, user, buses);
     case Verb::unhook:
         return runUnhook(environment, user);
     }

@@ -16,7 +16,7 @@ _tarvik()
         acquire:--session | acquire:--tool | acquire:--ttl | acquire:--reason | release:--session) return ;;
         acquire:*) words="--session --tool --ttl --reason --help" ;;
         release:*) words="--session --help" ;;
-        status:*) words="--json --help" ;;
+        status:*) words="--json --follow --help" ;;
         unhook:*) words="--help" ;;
         hook:*) words="--tool" ;;
         hold:*)

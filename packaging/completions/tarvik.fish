@@ -17,6 +17,7 @@ complete -c tarvik -n '__fish_seen_subcommand_from acquire release' -l session -
 complete -c tarvik -n '__fish_seen_subcommand_from acquire' -l tool -x -d 'What is at work'
 complete -c tarvik -n '__fish_seen_subcommand_from acquire' -l ttl -x -d 'How long it lasts at most, in seconds'
 complete -c tarvik -n '__fish_seen_subcommand_from acquire hold' -l reason -x -d 'Why'
-complete -c tarvik -n '__fish_seen_subcommand_from status' -l json -d 'Print one JSON object'
+complete -c tarvik -n '__fish_seen_subcommand_from status' -l json -d 'Print JSON'
+complete -c tarvik -n '__fish_seen_subcommand_from status' -l follow -d 'Print a line at each change'
 complete -c tarvik -n '__fish_seen_subcommand_from hook' -l tool -x -a 'claude codex gemini qwen droid copilot' -d 'The agent'
 complete -c tarvik -n '__fish_seen_subcommand_from hold' -x -a '(__fish_complete_subcommand --fcs-skip=2)'

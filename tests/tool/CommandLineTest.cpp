@@ -47,6 +47,13 @@ private Q_SLOTS:
         QVERIFY(parsed({"status", "--json"}).asJson);
     }
 
+    void statusCanBeFollowed()
+    {
+        QVERIFY(!parsed({"status", "--json"}).follows);
+        QVERIFY(parsed({"status", "--follow"}).follows);
+        QVERIFY(parsed({"status", "--follow", "--json"}).asJson);
+    }
+
     void helpIsEverywhere()
     {
         for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
@@ -77,6 +84,9 @@ private Q_SLOTS:
         row("acquire --session k --ttl=nan", "acquire: --ttl must be a number of seconds, not \"nan\"");
         row("acquire --session k more", "acquire: unexpected argument \"more\"");
         row("acquire --json", "acquire: unknown option \"--json\"");
+        row("acquire --follow", "acquire: unknown option \"--follow\"");
+        row("unhook --json", "unhook: unknown option \"--json\"");
+        row("unhook claude", "unhook: unexpected argument \"claude\"");
         row("release", "release: --session is missing");
         row("release --session k --ttl 5", "release: unknown option \"--ttl\"");
         row("release-all now", "release-all: unexpected argument \"now\"");

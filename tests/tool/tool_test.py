@@ -612,11 +612,14 @@ class FakeTarvik:
     def serve(self, address):
         context = GLib.MainContext.default()
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
-        connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+        connection = self.connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
         info = Gio.DBusNodeInfo.new_for_xml(STATUS_XML.read_text(encoding="utf-8")).interfaces[0]
 
         def called(_connection, _sender, _path, _interface, method, arguments, invocation):
             assert method == "Describe"
+            if not self.TEXT:
+                invocation.return_dbus_error("org.freedesktop.DBus.Error.UnknownObject", "It has yet to be offered.")
+                return
             text = self.JSON if arguments.unpack()[0] else self.TEXT
             invocation.return_value(GLib.Variant("(sb)", (text, self.is_awake)))
 
@@ -628,6 +631,11 @@ class FakeTarvik:
         connection.close_sync(None)
         while context.iteration(False):
             pass
+
+    def announce(self):
+        """That its properties have changed."""
+        changes = GLib.Variant("(sa{sv}as)", ("com.morvanta.Tarvik.Status1", {"Reason": GLib.Variant("s", "")}, []))
+        self.connection.emit_signal(None, "/com/morvanta/Tarvik", "org.freedesktop.DBus.Properties", "PropertiesChanged", changes)
 
     def close(self):
         self.loop.quit()
@@ -692,6 +700,121 @@ class StatusTest(ToolTestCase):
         self.hook(payload("s"), environment=environment)
         self.assertEqual(len(self.bus.settled_events()), 1)
         self.assertEqual(len(other.settled_events()), 1)
+
+
+class FollowTest(ToolTestCase):
+    NOT_RUNNING = "Tarvik is not running."
+
+    def setUp(self):
+        super().setUp()
+        self.bus = self.start_bus()
+
+    def follow(self, *options, **environment):
+        environment = environment or {"DBUS_SESSION_BUS_ADDRESS": self.bus.address}
+        process = subprocess.Popen([TOOL, "status", "--follow", *options], env=environment, stdout=subprocess.PIPE, text=True)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        self.lines = []
+
+        def read():
+            for line in process.stdout:
+                self.lines.append(line.removesuffix("\n"))
+
+        reader = threading.Thread(target=read)
+        reader.start()
+        self.addCleanup(reader.join)
+        self.addCleanup(process.kill)
+        return process
+
+    def wait_for(self, *lines):
+        eventually(lambda: self.lines == list(lines), lambda: f"{lines} are printed, not {self.lines}")
+
+    def start_tarvik(self):
+        tarvik = FakeTarvik(self.bus.address, True)
+        self.addCleanup(tarvik.close)
+        return tarvik
+
+    def test_each_change_is_one_line_also_when_tarvik_ends_and_starts(self):
+        self.follow()
+        self.wait_for(self.NOT_RUNNING)
+        tarvik = self.start_tarvik()
+        self.wait_for(self.NOT_RUNNING, "Awake · 1 agent")
+        tarvik.TEXT = "Watching\n  Now  nothing"
+        tarvik.announce()
+        self.wait_for(self.NOT_RUNNING, "Awake · 1 agent", "Watching")
+        tarvik.close()
+        self.wait_for(self.NOT_RUNNING, "Awake · 1 agent", "Watching", self.NOT_RUNNING)
+        self.start_tarvik()
+        self.wait_for(self.NOT_RUNNING, "Awake · 1 agent", "Watching", self.NOT_RUNNING, "Awake · 1 agent")
+
+    def test_json_is_one_object_a_line(self):
+        self.follow("--json")
+        self.wait_for('{"isRunning":false}')
+        self.start_tarvik()
+        self.wait_for('{"isRunning":false}', FakeTarvik.JSON)
+
+    def test_what_says_nothing_new_prints_nothing(self):
+        tarvik = self.start_tarvik()
+        self.follow()
+        self.wait_for("Awake · 1 agent")
+        for number in range(300):
+            tarvik.TEXT = f"Awake · 1 agent\n  Now  {number}"
+            tarvik.announce()
+        tarvik.TEXT = "Off"
+        tarvik.announce()
+        self.wait_for("Awake · 1 agent", "Off")
+
+    def test_a_flood_of_changes_becomes_a_few_lines(self):
+        tarvik = self.start_tarvik()
+        self.follow()
+        self.wait_for("Awake · 1 agent")
+        for number in range(2000):
+            tarvik.TEXT = str(number)
+            tarvik.announce()
+        eventually(lambda: self.lines[-1] == "1999", "the last one is there")
+        self.assertLess(len(self.lines), 200)
+
+    def test_a_tarvik_that_has_its_name_before_it_answers_is_asked_again(self):
+        answer = FakeTarvik.TEXT
+        tarvik = self.start_tarvik()
+        tarvik.TEXT = ""
+        self.follow()
+        self.wait_for(self.NOT_RUNNING)
+        tarvik.TEXT = answer
+        self.wait_for(self.NOT_RUNNING, "Awake · 1 agent")
+
+    def test_it_follows_on_the_bus_where_tarvik_runs(self):
+        other = self.start_bus("other")
+        self.start_tarvik()
+        self.follow(DBUS_SESSION_BUS_ADDRESS=other.address, XDG_RUNTIME_DIR=str(self.bus.directory))
+        self.wait_for("Awake · 1 agent")
+
+    def test_it_ends_with_the_bus(self):
+        process = self.follow()
+        self.wait_for(self.NOT_RUNNING)
+        self.bus.daemon.kill()
+        self.assertEqual(process.wait(timeout=PATIENCE), 2)
+        process = self.follow(PATH="")
+        self.assertEqual(process.wait(timeout=PATIENCE), 2)
+        self.wait_for(self.NOT_RUNNING)
+
+    def test_it_waits_without_doing_anything(self):
+        process = self.follow()
+        self.wait_for(self.NOT_RUNNING)
+
+        def has_not_run_for_a_second():
+            before = self.switches(process.pid)
+            time.sleep(1)
+            return self.switches(process.pid) == before
+
+        # It looks a few times whether a Tarvik is about to start.
+        eventually(has_not_run_for_a_second, "it only waits")
+
+    @staticmethod
+    def switches(pid):
+        text = Path(f"/proc/{pid}/status").read_text(encoding="utf-8")
+        return [line for line in text.splitlines() if "ctxt_switches" in line]
 
 
 # The configuration files of the agents, in the order in which they are told of.
