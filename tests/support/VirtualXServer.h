@@ -22,11 +22,11 @@ namespace Tarvik {
 /// other, are the same display.
 class VirtualXServer {
 public:
-    VirtualXServer()
+    explicit VirtualXServer(const QStringList& options = {})
     {
         static const QByteArray display = reserveDisplay();
         m_process.setStandardErrorFile(QProcess::nullDevice());
-        const QStringList arguments{QString::fromLatin1(display),
+        QStringList arguments{QString::fromLatin1(display),
             QStringLiteral("-displayfd"),
             QStringLiteral("1"),
             QStringLiteral("-screen"),
@@ -35,6 +35,7 @@ public:
             QStringLiteral("-nolisten"),
             QStringLiteral("tcp"),
             QStringLiteral("-noreset")};
+        arguments += options;
         m_process.start(QStringLiteral("Xvfb"), arguments);
         while (!m_process.canReadLine() && m_process.waitForReadyRead()) { }
         m_display = ':' + m_process.readLine().trimmed();

@@ -12,12 +12,14 @@ namespace Tarvik {
 
 class X11Connection;
 
-/// Makes an X server believe in activity: against its own screen saver and display power management, and against the
-/// programs that ask it for how long nobody has been active. Timeouts of less than half a minute are not met.
+/// Suspends an X server's own screen saver and display power management, which the server itself undoes when Tarvik
+/// goes, and makes it believe in activity: against the programs that ask it for how long nobody has been active. Those
+/// that wait for less than half a minute are not met.
 class X11ScreenSaverInhibitor final : public Inhibitor {
 public:
     /// Refused while there is no server. `clock` must outlive the object.
     X11ScreenSaverInhibitor(std::shared_ptr<X11Connection> connection, Clock& clock);
+    ~X11ScreenSaverInhibitor() override;
     X11ScreenSaverInhibitor(const X11ScreenSaverInhibitor&) = delete;
     X11ScreenSaverInhibitor& operator=(const X11ScreenSaverInhibitor&) = delete;
 
@@ -27,10 +29,16 @@ public:
     void setOwner(const QString&) override { }
 
 private:
+    void begin();
+    void suspend();
     void reset();
 
     std::shared_ptr<X11Connection> m_connection;
+    /// The server has suspended its timers for this object. It counts how often it was asked to.
+    bool m_isSuspending = false;
+    Subscription m_answer;
     Subscription m_arrivals;
+    Subscription m_losses;
     std::unique_ptr<Timer> m_timer;
 };
 

@@ -7,6 +7,7 @@
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
+#include <sys/socket.h>
 #include <xcb/screensaver.h>
 
 #include <cerrno>
@@ -14,6 +15,8 @@
 #include <utility>
 
 using namespace Tarvik;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -24,12 +27,27 @@ milliseconds now()
     return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-milliseconds idleTime(const XClient& client)
+std::unique_ptr<xcb_screensaver_query_info_reply_t, decltype(&std::free)> screenSaver(const XClient& client)
 {
     const auto cookie = xcb_screensaver_query_info(client.connection(), client.root());
-    const std::unique_ptr<xcb_screensaver_query_info_reply_t, decltype(&std::free)> reply(
-        xcb_screensaver_query_info_reply(client.connection(), cookie, nullptr), &std::free);
-    return milliseconds(reply->ms_since_user_input);
+    return {xcb_screensaver_query_info_reply(client.connection(), cookie, nullptr), &std::free};
+}
+
+milliseconds idleTime(const XClient& client)
+{
+    return milliseconds(screenSaver(client)->ms_since_user_input);
+}
+
+bool isSaved(const XClient& client)
+{
+    return screenSaver(client)->state == XCB_SCREENSAVER_STATE_ON;
+}
+
+void saveScreenAfter(const XClient& client, std::chrono::seconds time)
+{
+    xcb_set_screen_saver(
+        client.connection(), static_cast<std::int16_t>(time.count()), 0, XCB_BLANKING_PREFERRED, XCB_EXPOSURES_DEFAULT);
+    client.settle();
 }
 
 /// When the server has last believed in activity; too early by as long as its answer has taken.
@@ -82,6 +100,54 @@ private Q_SLOTS:
         QVERIFY(lastActivity(other) > beginning - longEnough);
     }
 
+    void theServersScreenSaverWaitsForTheLastOfThem()
+    {
+        const VirtualXServer server;
+        const XClient other(server);
+        FakeClock clock;
+        const auto connection = X11Connection::open(server.display(), clock);
+        auto first = std::make_unique<X11ScreenSaverInhibitor>(connection, clock);
+        auto second = std::make_unique<X11ScreenSaverInhibitor>(connection, clock);
+        awaitServer(*connection);
+        saveScreenAfter(other, 1s);
+        QTRY_VERIFY(idleTime(other) > 1500ms);
+        QVERIFY(!isSaved(other));
+        first.reset();
+        QTRY_VERIFY(idleTime(other) > 2500ms);
+        QVERIFY(!isSaved(other));
+        second.reset();
+        QTRY_VERIFY(isSaved(other));
+    }
+
+    void theServersScreenSaverOutlivesWhoSuspendsIt()
+    {
+        const VirtualXServer server;
+        const XClient other(server);
+        FakeClock clock;
+        const auto connection = X11Connection::open(server.display(), clock);
+        const X11ScreenSaverInhibitor inhibitor(connection, clock);
+        awaitServer(*connection);
+        saveScreenAfter(other, 1s);
+        QTRY_VERIFY(idleTime(other) > 1500ms);
+        QVERIFY(!isSaved(other));
+        // What is left of a program that is killed.
+        ::shutdown(xcb_get_file_descriptor(connection->get()), SHUT_RDWR);
+        QTRY_VERIFY(isSaved(other));
+    }
+
+    void aServerWithoutTheExtensionBelievesInActivityOnly()
+    {
+        const VirtualXServer server({u"-extension"_s, u"MIT-SCREEN-SAVER"_s});
+        QVERIFY(server.isRunning());
+        FakeClock clock;
+        const auto connection = X11Connection::open(server.display(), clock);
+        auto inhibitor = std::make_unique<X11ScreenSaverInhibitor>(connection, clock);
+        awaitServer(*connection);
+        QCOMPARE(inhibitor->state(), Inhibitor::State::effective);
+        inhibitor.reset();
+        QCOMPARE(xcb_connection_has_error(connection->get()), 0);
+    }
+
     void itStopsWhenItIsDestroyed()
     {
         FakeClock clock;
@@ -104,7 +170,8 @@ private Q_SLOTS:
     {
         auto server = std::make_unique<VirtualXServer>();
         FakeClock clock;
-        const X11ScreenSaverInhibitor inhibitor(X11Connection::open(server->display(), clock), clock);
+        const auto connection = X11Connection::open(server->display(), clock);
+        const X11ScreenSaverInhibitor inhibitor(connection, clock);
         QTRY_COMPARE(inhibitor.state(), Inhibitor::State::effective);
         server->kill();
         QTRY_COMPARE(inhibitor.state(), Inhibitor::State::refused);
@@ -116,9 +183,26 @@ private Q_SLOTS:
         clock.advance(Seconds{1});
         QCOMPARE(inhibitor.state(), Inhibitor::State::effective);
         QTRY_VERIFY(lastActivity(other) > beginning - longEnough);
+        awaitServer(*connection);
+        saveScreenAfter(other, 1s);
+        QTRY_VERIFY(idleTime(other) > 1500ms);
+        QVERIFY(!isSaved(other));
     }
 
 private:
+    /// Until the server has done what it was asked for, and what was asked of it because of its answers.
+    static void awaitServer(X11Connection& connection)
+    {
+        QTRY_VERIFY(connection.get() != nullptr);
+        for (int time = 0; time < 2; ++time) {
+            bool isAnswered = false;
+            const auto request = xcb_get_input_focus(connection.get());
+            const Subscription answer = connection.await(request.sequence, [&](const void*) { isAnswered = true; });
+            connection.send();
+            QTRY_VERIFY(isAnswered);
+        }
+    }
+
     /// Longer than the server needs for an answer.
     static constexpr milliseconds longEnough{300};
 };
