@@ -6,6 +6,7 @@
 
 #include <QList>
 
+#include <functional>
 #include <optional>
 
 namespace Tarvik {
@@ -24,8 +25,10 @@ class SleepHistory {
 public:
     virtual ~SleepHistory() = default;
 
-    /// Oldest first, the last 20 at most; nothing where the system does not tell this user.
-    virtual std::optional<QList<PastSleep>> sleeps() const = 0;
+    /// Oldest first, the last 20 at most. Where the system does not tell this user, those that were seen, or nothing
+    /// when there were none: an empty list says that the computer has not slept. The answer comes later, within three
+    /// seconds, and once; destroying this object drops it.
+    virtual void read(std::function<void(const std::optional<QList<PastSleep>>&)> done) = 0;
 };
 
 } // namespace Tarvik

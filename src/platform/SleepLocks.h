@@ -35,6 +35,7 @@ struct SleepLock {
     /// Whose lock it is, in the words of `PowerAssertionHold::service`: "logind", "session manager",
     /// "KDE power management", ...
     QString service;
+    /// What it really stands in the way of on this desktop and this systemd; none where nobody here goes by it.
     SleepLockEffects effects;
     /// Process id of the holder, where it is known.
     std::optional<qint64> process;
