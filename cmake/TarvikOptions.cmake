@@ -33,6 +33,16 @@ set(TARVIK_PRECOMPILED_HEADERS
   <QObject> <QPointer> <QProcess> <QRegularExpression> <QSet> <QSocketNotifier> <QStringList> <QTimer> <QUrl> <QUuid> <QVariant>
   <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <ranges> <string> <string_view> <utility> <variant> <vector>)
 
+# tarvik_link_into_path(FILE): a relative link to this installed file of the bundle where shells look for commands.
+function(tarvik_link_into_path file)
+  include(GNUInstallDirs)
+  file(RELATIVE_PATH target /${CMAKE_INSTALL_BINDIR} /${file})
+  get_filename_component(name ${file} NAME)
+  file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/link)
+  file(CREATE_LINK ${target} ${CMAKE_CURRENT_BINARY_DIR}/link/${name} SYMBOLIC)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/link/${name} DESTINATION ${CMAKE_INSTALL_BINDIR})
+endfunction()
+
 # tarvik_library(FOLDER SOURCES...): the static library of one folder of src/.
 function(tarvik_library folder)
   string(REPLACE "/" "-" name "tarvik-${folder}")

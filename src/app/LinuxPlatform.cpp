@@ -93,6 +93,13 @@ std::unique_ptr<HelperService> systemdHelperService(const QDBusConnection& syste
 
 } // namespace
 
+std::unique_ptr<LoginItem> LinuxPlatform::makeLoginItem()
+{
+    return std::make_unique<XdgAutostartLoginItem>(configHome(),
+        systemConfigDirectories(),
+        QStringList{QCoreApplication::applicationFilePath(), QString::fromLatin1(atLoginOption)});
+}
+
 LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
     : bundle(installedAppBundle())
     , home(QDir::homePath())
@@ -110,8 +117,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , hookChannel(std::make_unique<SessionBusHookChannel>(sessionBus))
     , powerAssertions(std::make_unique<DesktopPowerAssertions>(
           systemBus, sessionBus, qEnvironmentVariable("XDG_CURRENT_DESKTOP"), x11ScreenSaver(x11, clock), clock))
-    , loginItem(std::make_unique<XdgAutostartLoginItem>(
-          configHome(), systemConfigDirectories(), QStringList{QCoreApplication::applicationFilePath()}))
+    , loginItem(makeLoginItem())
     , userNotifications(std::make_unique<FreedesktopNotifications>(sessionBus, findableIcon(bundle)))
     , hotKeys(
           std::make_unique<DesktopHotKeys>(sessionBus, DesktopHotKeys::Display{.x11 = x11, .isWayland = isWayland()}))

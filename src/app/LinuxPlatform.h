@@ -35,6 +35,11 @@ class X11Connection;
 
 /// What this desktop offers: one back-end for each platform interface. The only place that names their classes.
 struct LinuxPlatform {
+    /// The argument with which the login item starts the program.
+    static constexpr char atLoginOption[] = "--at-login";
+
+    static std::unique_ptr<LoginItem> makeLoginItem();
+
     LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
 
     AppBundle bundle;

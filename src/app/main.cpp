@@ -24,6 +24,19 @@
 
 using namespace Tarvik;
 
+namespace {
+
+/// A login starts the program for everybody who logs in; only for some of them it is to run. What systemd starts again
+/// after a crash has been asked for already.
+bool isUnwanted(SingleInstance::Start start, const SupervisedProgram& program)
+{
+    return start == SingleInstance::Start::atLogin
+        && !SupervisedProgram::isUnitOf(QString::fromLatin1(TarvikWire::busName), program.cgroup)
+        && !LinuxPlatform::makeLoginItem()->isEnabled();
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
     // The few threads of the libraries allocate next to nothing; a heap for each of them would only be memory.
@@ -32,6 +45,11 @@ int main(int argc, char* argv[])
     QCoreApplication application(argc, argv);
     const Translation translation;
     const UnixSignals signals([] { QCoreApplication::quit(); });
+    const SupervisedProgram program = SupervisedProgram::current();
+    const bool isAtLogin = program.arguments.contains(QLatin1StringView(LinuxPlatform::atLoginOption));
+    const auto kindOfStart = isAtLogin ? SingleInstance::Start::atLogin : SingleInstance::Start::byUser;
+    if (isUnwanted(kindOfStart, program))
+        return EXIT_SUCCESS;
 
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();
     SingleInstance instance(sessionBus);
@@ -42,7 +60,7 @@ int main(int argc, char* argv[])
         QCoreApplication::quit();
     };
     const auto start = [&] {
-        instance.decide([&](SingleInstance::Role role) {
+        instance.decide(kindOfStart, [&](SingleInstance::Role role) {
             if (role == SingleInstance::Role::second)
                 QCoreApplication::quit();
             else
@@ -51,7 +69,7 @@ int main(int argc, char* argv[])
     };
     TimerfdClock clock;
     std::optional<SystemdSupervision> supervision;
-    supervision.emplace(sessionBus, clock, QString::fromLatin1(TarvikWire::busName), SupervisedProgram::current());
+    supervision.emplace(sessionBus, clock, QString::fromLatin1(TarvikWire::busName), program);
     supervision->handOver([&](bool isHandedOver) {
         supervision.reset();
         if (isHandedOver)
@@ -64,7 +82,8 @@ int main(int argc, char* argv[])
     // A second instance would hand over to this one, so this process becomes the new one; to a service manager it goes
     // on running.
     if (isRelaunched) {
-        execv(QFile::encodeName(QCoreApplication::applicationFilePath()).constData(), argv);
+        // A login is over by now, and with it what was asked then.
+        execl(QFile::encodeName(QCoreApplication::applicationFilePath()).constData(), argv[0], nullptr);
         qCCritical(logSystem, "Could not start again: %s", std::strerror(errno));
         return EXIT_FAILURE;
     }

@@ -47,7 +47,7 @@ SingleInstance::SingleInstance(QDBusConnection sessionBus)
 {
 }
 
-void SingleInstance::decide(std::function<void(Role)> decided)
+void SingleInstance::decide(Start start, std::function<void(Role)> decided)
 {
     if (!m_bus.isConnected()) {
         QMetaObject::invokeMethod(
@@ -56,12 +56,14 @@ void SingleInstance::decide(std::function<void(Role)> decided)
     }
     m_call = callAsync(m_bus,
         BusDaemon::call(u"RequestName"_s, {busName, doNotQueue}),
-        [this, decided = std::move(decided)](const QDBusMessage& answer) {
+        [this, start, decided = std::move(decided)](const QDBusMessage& answer) {
             m_call.reset();
-            if (answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0) == QVariant(nameExists))
-                handOver(QDeadlineTimer(activationPatience), decided);
-            else
+            if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().value(0) != QVariant(nameExists))
                 decided(Role::first);
+            else if (start == Start::atLogin)
+                decided(Role::second);
+            else
+                handOver(QDeadlineTimer(activationPatience), decided);
         },
         {.patience = namePatience});
 }

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
+        m_start = SingleInstance::Start::byUser;
         m_role.reset();
         m_calls = 0;
     }
@@ -49,6 +50,26 @@ private Q_SLOTS:
         start();
         QTRY_COMPARE(m_role, SingleInstance::Role::second);
         QCOMPARE(m_calls, 1);
+    }
+
+    void atLoginTheFirstIsNotTold()
+    {
+        m_first.handler = [this](const QDBusMessage& call) {
+            ++m_calls;
+            return call.createReply();
+        };
+        QVERIFY(m_first.appear());
+        m_start = SingleInstance::Start::atLogin;
+        start();
+        QTRY_COMPARE(m_role, SingleInstance::Role::second);
+        QCOMPARE(m_calls, 0);
+    }
+
+    void atLoginTooWhoFindsTheNameFreeIsTheFirst()
+    {
+        m_start = SingleInstance::Start::atLogin;
+        start();
+        QTRY_COMPARE(m_role, SingleInstance::Role::first);
     }
 
     void aFirstThatDoesNotListenYetIsToldAgain()
@@ -98,13 +119,14 @@ private:
 
     void decide()
     {
-        m_instance->decide([this](SingleInstance::Role role) { m_role = role; });
+        m_instance->decide(m_start, [this](SingleInstance::Role role) { m_role = role; });
     }
 
     FakeDBusService m_first{QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"first"_s),
         u"com.morvanta.Tarvik"_s,
         u"/com/morvanta/Tarvik"_s};
     std::optional<SingleInstance> m_instance;
+    SingleInstance::Start m_start = SingleInstance::Start::byUser;
     std::optional<SingleInstance::Role> m_role;
     int m_calls = 0;
 };

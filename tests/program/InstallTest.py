@@ -22,6 +22,7 @@ ENTRY = "share/applications/com.morvanta.Tarvik.desktop"
 HELPER = "libexec/tarvik-helper"
 HELPER_UNIT = "lib/systemd/system/tarvik-helper.service"
 HELPER_BUS_SERVICE = "share/dbus-1/system-services/com.morvanta.Tarvik.helper.service"
+LOGIN_UNIT = "lib/systemd/user/tarvik-at-login.service"
 BUNDLED = pathlib.Path("lib/tarvik/Contents/SharedSupport/helper")
 BUNDLED_FILES = {"install-helper", "tarvik-helper", "tarvik-helper.service", "com.morvanta.Tarvik.helper.service",
                  "com.morvanta.Tarvik.helper.conf", "com.morvanta.Tarvik.helper.policy"}
@@ -43,11 +44,14 @@ DATA = (
     "share/icons/hicolor/48x48/apps/com.morvanta.Tarvik.png",
     "share/metainfo/com.morvanta.Tarvik.metainfo.xml",
     "share/man/man1/tarvik.1",
+    "share/man/man1/Tarvik.1",
     "share/bash-completion/completions/tarvik",
     "share/zsh/site-functions/_tarvik",
     "share/fish/vendor_completions.d/tarvik.fish",
+    LOGIN_UNIT,
     ENTRY,
 )
+LINKS = (("bin/tarvik", PROGRAMS[-1]), ("bin/Tarvik", EXECUTABLE))
 
 
 def executable_of(bus_name):
@@ -91,11 +95,20 @@ class InstallTest(unittest.TestCase):
             self.assertTrue(os.access(prefix / name, os.X_OK), name)
         for name in DATA:
             self.assertGreater((prefix / name).stat().st_size, 0, name)
-        link = os.readlink(prefix / "bin/tarvik")
-        self.assertFalse(os.path.isabs(link), link)
-        self.assertTrue((prefix / "bin/tarvik").samefile(prefix / PROGRAMS[-1]))
+        for link, name in LINKS:
+            self.assertFalse(os.path.isabs(os.readlink(prefix / link)), link)
+            self.assertTrue((prefix / link).samefile(prefix / name), link)
         self.assertIn(f"Exec={prefix / EXECUTABLE}\n", (prefix / ENTRY).read_text(encoding="utf-8"))
         subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+        self.assertIn(f"\nExecStart={prefix / EXECUTABLE} --at-login\n", (prefix / LOGIN_UNIT).read_text(encoding="utf-8"))
+
+    def test_systemd_understands_the_unit_that_starts_it_at_login(self):
+        prefix = self.directory / "prefix"
+        self.install(prefix)
+        # Whether there is a man page is no question of the unit.
+        answer = subprocess.run(["systemd-analyze", "--user", "--man=no", "verify", str(prefix / LOGIN_UNIT)], capture_output=True,
+                                text=True, check=False, env={**os.environ, "XDG_RUNTIME_DIR": str(self.directory)})
+        self.assertEqual((answer.returncode, answer.stdout + answer.stderr), (0, ""))
 
     def test_the_bundle_can_install_the_helper(self):
         prefix = self.directory / "prefix"
@@ -151,6 +164,7 @@ class InstallTest(unittest.TestCase):
         prefix = self.directory / "an \"odd\" $HOME `prefix`"
         self.install(prefix)
         subprocess.run(["desktop-file-validate", "--warn-kde", str(prefix / ENTRY)], check=True)
+        self.assertFalse((prefix / LOGIN_UNIT).exists())
         self.addCleanup(self.quit)
         self.assertTrue(Gio.DesktopAppInfo.new_from_filename(str(prefix / ENTRY)).launch())
         eventually(lambda: executable_of("com.morvanta.Tarvik") == str(prefix / EXECUTABLE), "the installed Tarvik runs")

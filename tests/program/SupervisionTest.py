@@ -22,6 +22,9 @@ LONGEST_ABSENCE = 2
 START_LIMIT = 4
 
 
+LOGIN_UNIT = "tarvik-at-login.service"
+
+
 def output(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
 
@@ -71,10 +74,10 @@ class SupervisionTest(TarvikTestCase):
             with contextlib.suppress(ProcessLookupError):
                 os.kill(int(service), signal.SIGKILL)
 
-    def start(self, **variables):
+    def start(self, *arguments, **variables):
         """As a desktop does; the process that was started has ended then."""
         with tempfile.TemporaryFile("w+") as log:
-            started = subprocess.Popen([program.TARVIK], env={**os.environ, **variables}, stdin=subprocess.DEVNULL, stderr=log,
+            started = subprocess.Popen([program.TARVIK, *arguments], env={**os.environ, **variables}, stdin=subprocess.DEVNULL, stderr=log,
                                        start_new_session=True)
             self.addCleanup(started.kill)
             try:
@@ -84,6 +87,32 @@ class SupervisionTest(TarvikTestCase):
             log.seek(0)
             self.assertEqual((status, log.read()), (0, ""))
         return tarvik_process()
+
+    @staticmethod
+    def ended_well(unit):
+        told = output("systemctl", "--user", "show", "--property=ActiveState,Result,ExecMainExitTimestampMonotonic", unit)
+        facts = dict(line.split("=") for line in told.splitlines())
+        return (facts["ActiveState"], facts["Result"]) == ("inactive", "success") and facts["ExecMainExitTimestampMonotonic"] != "0"
+
+    def ask_for_it_at_login(self):
+        """The entry that the switch in the settings makes."""
+        entry = self.config / "autostart" / "com.morvanta.Tarvik.desktop"
+        entry.parent.mkdir(exist_ok=True)
+        entry.write_text(f"[Desktop Entry]\nType=Application\nExec={program.TARVIK} --at-login\n", encoding="utf-8")
+        return entry
+
+    def enter_session(self):
+        session = self.config / "systemd" / "user" / "desktop.service"
+        session.parent.mkdir(parents=True, exist_ok=True)
+        session.write_text("[Unit]\nBindsTo=graphical-session.target\nBefore=graphical-session.target\n"
+                           "[Service]\nExecStart=/usr/bin/sleep infinity\n", encoding="utf-8")
+        output("systemctl", "--user", "daemon-reload")
+        output("systemctl", "--user", "start", "desktop.service")
+        self.assertEqual(output("systemctl", "--user", "is-active", "graphical-session.target"), "active")
+
+    @staticmethod
+    def leave_session():
+        output("systemctl", "--user", "stop", "desktop.service")
 
     def kill(self, process):
         """The process that comes instead, and after how many seconds it was there."""
@@ -146,16 +175,49 @@ class SupervisionTest(TarvikTestCase):
         self.assertEqual(self.start(), process)
         self.assertEqual(units(), services)
 
+    def test_who_did_not_ask_for_it_gets_none_at_login(self):
+        self.assertEqual(self.start("--at-login"), 0)
+        entry = self.ask_for_it_at_login()
+        self.assertNotEqual(self.start("--at-login"), 0)
+        output("systemctl", "--user", "stop", *units())
+        entry.write_text(entry.read_text(encoding="utf-8") + "Hidden=true\n", encoding="utf-8")
+        self.assertEqual(self.start("--at-login"), 0)
+
+    def test_two_starts_at_login_are_one_tarvik_without_a_window(self):
+        self.ask_for_it_at_login()
+        process = self.start("--at-login")
+        program.Tarvik.status()
+        services = units()
+        self.assertEqual(self.start("--at-login"), process)
+        self.assertEqual(units(), services)
+        program.Tarvik.status()
+        self.assertEqual(program.windows_processes(), [])
+
+    def test_what_was_started_at_login_comes_back_whatever_is_to_happen_at_the_next(self):
+        entry = self.ask_for_it_at_login()
+        process = self.start("--at-login")
+        entry.unlink()
+        self.assertNotIn(self.kill(process)[0], (0, process))
+
+    def test_a_session_without_autostart_starts_it_for_those_who_asked(self):
+        unit = pathlib.Path(program.TARVIK).parents[4] / "lib" / "systemd" / "user" / LOGIN_UNIT
+        output("systemctl", "--user", "enable", str(unit))
+        self.enter_session()
+        eventually(lambda: self.ended_well(LOGIN_UNIT), "the unit has ended")
+        self.assertEqual(tarvik_process(), 0)
+        self.leave_session()
+        self.ask_for_it_at_login()
+        self.enter_session()
+        eventually(tarvik_process, "it runs")
+        eventually(lambda: self.ended_well(LOGIN_UNIT), "the unit has ended")
+        self.assertEqual(len(units()), 1)
+        self.leave_session()
+        eventually(lambda: not units(), "its service has ended")
+
     def test_a_session_that_ends_ends_it(self):
-        session = self.config / "systemd" / "user" / "desktop.service"
-        session.parent.mkdir(parents=True)
-        session.write_text("[Unit]\nBindsTo=graphical-session.target\nBefore=graphical-session.target\n"
-                           "[Service]\nExecStart=/usr/bin/sleep infinity\n", encoding="utf-8")
-        output("systemctl", "--user", "daemon-reload")
-        output("systemctl", "--user", "start", "desktop.service")
-        self.assertEqual(output("systemctl", "--user", "is-active", "graphical-session.target"), "active")
+        self.enter_session()
         self.start()
-        output("systemctl", "--user", "stop", "desktop.service")
+        self.leave_session()
         eventually(lambda: not units(), "its service has ended")
         self.assertEqual(tarvik_process(), 0)
 

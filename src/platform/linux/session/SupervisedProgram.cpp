@@ -72,6 +72,7 @@ SupervisedProgram SupervisedProgram::current()
 {
     QFile cgroup(u"/proc/self/cgroup"_s);
     return {.path = QCoreApplication::applicationFilePath(),
+        .arguments = QCoreApplication::arguments().mid(1),
         .environment = QProcessEnvironment::systemEnvironment().toStringList(),
         .cgroup = cgroup.open(QIODevice::ReadOnly) ? cgroup.readAll().trimmed() : QByteArray(),
         .processId = QCoreApplication::applicationPid(),

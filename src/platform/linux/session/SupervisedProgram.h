@@ -29,6 +29,8 @@ struct SupervisedProgram {
     static QStringList missing(const QStringList& environment);
 
     QString path;
+    /// Those that follow the program's name.
+    QStringList arguments;
     QStringList environment;
     QByteArray cgroup;
     qint64 processId = 0;

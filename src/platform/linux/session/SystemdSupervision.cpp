@@ -74,7 +74,7 @@ void SystemdSupervision::startUnit()
 
 QList<UnitProperty> SystemdSupervision::unitProperties() const
 {
-    const UnitCommand command{.path = m_program.path, .arguments = {m_program.path}};
+    const UnitCommand command{.path = m_program.path, .arguments = QStringList{m_program.path} + m_program.arguments};
     return {
         property(u"Description"_s, u"Tarvik"_s),
         property(u"Type"_s, u"exec"_s),

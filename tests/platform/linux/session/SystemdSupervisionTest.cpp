@@ -18,6 +18,7 @@ private Q_SLOTS:
         TARVIK_FAIL_ON_WARNINGS();
         m_decisions.clear();
         m_program = {.path = u"/opt/tarvik 2/Tarvik"_s,
+            .arguments = {u"--at-login"_s},
             .environment = {u"DISPLAY=:7"_s, u"JOURNAL_STREAM=1:2"_s},
             .cgroup = "0::/user.slice/user-1000.slice/session-3.scope",
             .processId = 4711,
@@ -50,7 +51,7 @@ private Q_SLOTS:
         QTRY_COMPARE(systemd.started.size(), 1);
         QCOMPARE(systemd.commands.size(), 1);
         QCOMPARE(systemd.commands.constFirst().path, m_program.path);
-        QCOMPARE(systemd.commands.constFirst().arguments, QStringList{m_program.path});
+        QCOMPARE(systemd.commands.constFirst().arguments, (QStringList{m_program.path, u"--at-login"_s}));
         QVERIFY(!systemd.commands.constFirst().ignoresFailure);
         const QStringList unset = systemd.properties.take(u"UnsetEnvironment"_s).toStringList();
         QCOMPARE(unset, SupervisedProgram::missing(m_program.environment));
