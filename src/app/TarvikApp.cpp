@@ -5,6 +5,7 @@
 #include "bus/BusInterface.h"
 #include "bus/BusInterfaces.h"
 #include "engine/LaunchAtLogin.h"
+#include "engine/Notifications.h"
 
 #include <QCoreApplication>
 
@@ -71,6 +72,11 @@ void TarvikApp::connectTray()
 {
     m_tray.onOpenPanel = [this](int x, int y, const QString& token) { m_ui.showPanel(x, y, token); };
     m_ui.onPanelChange = [this](bool isOpen) { m_tray.setIsPanelOpen(isOpen); };
+    m_ui.onMissing = [this] {
+        Notifications(*m_platform.userNotifications)
+            .post(QCoreApplication::translate("TarvikApp", "The windows of Tarvik are not installed"),
+                QCoreApplication::translate("TarvikApp", "They are in the package “tarvik”."));
+    };
     m_tray.onOpenSettings = [this] { m_ui.showSettings({}); };
     m_tray.onLock = [this] { m_coordinator.lockScreen(); };
     m_tray.onQuit = [] { QCoreApplication::quit(); };

@@ -42,17 +42,17 @@ UiProcess::UiProcess(UiLauncher& launcher, const QDBusConnection& bus)
 
 void UiProcess::showPanel(int x, int y, const QString& activationToken)
 {
-    send({.method = u"ShowPanel"_s, .arguments = {x, y, activationToken}});
+    send({.method = u"ShowPanel"_s, .arguments = {x, y, activationToken}, .isOfUser = true});
 }
 
 void UiProcess::showPanelAtTray(const QString& activationToken)
 {
-    send({.method = u"ShowPanelAtTray"_s, .arguments = {m_tray.x(), m_tray.y(), activationToken}});
+    send({.method = u"ShowPanelAtTray"_s, .arguments = {m_tray.x(), m_tray.y(), activationToken}, .isOfUser = true});
 }
 
 void UiProcess::showSettings(const QString& activationToken)
 {
-    send({.method = u"ShowSettings"_s, .arguments = {activationToken}});
+    send({.method = u"ShowSettings"_s, .arguments = {activationToken}, .isOfUser = true});
 }
 
 void UiProcess::showOnboarding(const QString& activationToken)
@@ -139,6 +139,12 @@ void UiProcess::noticeFailure(const Request& request, const QDBusError& error)
 
 void UiProcess::launchFor(Request request)
 {
+    if (!m_launcher.isInstalled()) {
+        qCInfo(logSystem, "There is no program to show windows with");
+        if (request.isOfUser && onMissing)
+            onMissing();
+        return;
+    }
     request.wasLaunchedFor = true;
     m_requests.removeIf([&request](const Request& other) { return other.method == request.method; });
     m_requests.append(request);

@@ -45,6 +45,9 @@ public:
     /// The panel has been opened or closed, or has gone with the process.
     std::function<void(bool isOpen)> onPanelChange;
 
+    /// A window was asked for by the user, but the windows are not installed.
+    std::function<void()> onMissing;
+
     /// The process has been called and has not answered yet.
     bool isCalling() const { return !m_calls.isEmpty(); }
 
@@ -52,6 +55,7 @@ private:
     struct Request {
         QString method;
         QVariantList arguments;
+        bool isOfUser = false;
         /// A window that comes later than this would come as a surprise.
         QDeadlineTimer patience = QDeadlineTimer(std::chrono::seconds(3));
         /// The process may leave just when it is called; then it is started for this request, once.

@@ -13,6 +13,8 @@ class UiLauncher {
 public:
     virtual ~UiLauncher() = default;
 
+    /// Whether there is such a program; the windows come in a package of their own.
+    virtual bool isInstalled() const = 0;
     /// Starts the process; does nothing while one that was started here still runs.
     virtual void launch() = 0;
     /// Ends a process that no longer answers, by force. Its end is reported as any other.

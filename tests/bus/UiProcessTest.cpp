@@ -49,6 +49,28 @@ private Q_SLOTS:
         QTRY_COMPARE(m_calls.size(), 1);
     }
 
+    void whoAsksForAWindowIsToldThatThereAreNone()
+    {
+        FakeUiLauncher launcher;
+        launcher.isThere = false;
+        UiProcess windows(launcher, m_client);
+        int tellings = 0;
+        windows.onMissing = [&] { ++tellings; };
+        // Nobody has asked for this one.
+        windows.showOnboarding({});
+        windows.showPanel(1, 2, {});
+        QTRY_COMPARE(tellings, 1);
+        windows.showPanelAtTray({});
+        QTRY_COMPARE(tellings, 2);
+        windows.showSettings({});
+        QTRY_COMPARE(tellings, 3);
+        QCOMPARE(launcher.launches, 0);
+        // As soon as they are installed they open.
+        launcher.isThere = true;
+        windows.showPanel(3, 4, {});
+        QTRY_COMPARE(launcher.launches, 1);
+    }
+
     void everyWindowCanBeAskedFor()
     {
         QVERIFY(m_windows->appear());

@@ -180,6 +180,25 @@ class InstallTest(unittest.TestCase):
         subprocess.run([moved / EXECUTABLE], check=True, timeout=program.PATIENCE)
         eventually(lambda: executable_of("com.morvanta.TarvikUi") == str(moved / PROGRAMS[1]), "its own panel opens")
 
+    def test_without_the_windows_it_runs_and_says_what_is_missing(self):
+        prefix = self.directory / "prefix"
+        self.install(prefix)
+        (prefix / PROGRAMS[1]).unlink()
+        said = self.directory / "said"
+        with said.open("w", encoding="utf-8") as file:
+            monitor = subprocess.Popen(["dbus-monitor", "--session", "interface='org.freedesktop.Notifications'"], stdout=file)
+        self.addCleanup(monitor.wait)
+        self.addCleanup(monitor.kill)
+        eventually(lambda: said.stat().st_size > 0, "the monitor listens")
+        tarvik = subprocess.Popen([prefix / EXECUTABLE])
+        self.addCleanup(tarvik.wait)
+        self.addCleanup(self.quit)
+        eventually(lambda: subprocess.run([prefix / "bin/tarvik", "status"], stdout=subprocess.DEVNULL, check=False).returncode == 1,
+                   "its tool reaches it")
+        subprocess.run([prefix / "bin/Tarvik"], check=True, timeout=program.PATIENCE)
+        eventually(lambda: "The windows of Tarvik are not installed" in said.read_text(encoding="utf-8"), "it says so")
+        self.assertIsNone(tarvik.poll())
+
 
 if __name__ == "__main__":
     unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)

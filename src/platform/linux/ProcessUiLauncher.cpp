@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ProcessUiLauncher.h"
 
+#include <QFileInfo>
+
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -52,6 +54,11 @@ ProcessUiLauncher::~ProcessUiLauncher()
         return;
     m_process.kill();
     m_process.waitForFinished(endMilliseconds);
+}
+
+bool ProcessUiLauncher::isInstalled() const
+{
+    return QFileInfo(m_process.program()).isExecutable();
 }
 
 void ProcessUiLauncher::launch()

@@ -17,6 +17,7 @@ public:
     ProcessUiLauncher& operator=(const ProcessUiLauncher&) = delete;
     ~ProcessUiLauncher() override;
 
+    bool isInstalled() const override;
     void launch() override;
     void kill() override;
 

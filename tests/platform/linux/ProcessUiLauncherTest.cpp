@@ -44,6 +44,7 @@ private Q_SLOTS:
     void whatCannotBeStartedIsReportedWithItsPath()
     {
         ProcessUiLauncher launcher(path(u"absent"_s));
+        QVERIFY(!launcher.isInstalled());
         const Subscription listening
             = launcher.ended.subscribe([this](const QString& failure) { m_ends.append(failure); });
         launcher.launch();
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void aRunningProcessIsNotStartedTwice()
     {
         launch("echo started >> $0.log; exec sleep 60");
+        QVERIFY(m_launcher->isInstalled());
         QTRY_COMPARE(starts(), 1);
         m_launcher->launch();
         QCOMPARE(starts(), 1);
