@@ -19,6 +19,7 @@
 #include "platform/linux/power/LogindLidSensor.h"
 #include "platform/linux/power/SysfsPowerSources.h"
 #include "platform/linux/power/UPowerPowerSources.h"
+#include "platform/linux/programs/InstalledProgramFile.h"
 #include "platform/linux/screenlock/DesktopScreenLock.h"
 #include "platform/linux/session/DisplaySessionLifetime.h"
 #include "platform/linux/sleep/DesktopDisplayPower.h"
@@ -130,6 +131,9 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , trayItem(std::make_unique<StatusNotifierTrayItem>(sessionBus, bundle.iconDirectory(), clock))
     , uiLauncher(std::make_unique<ProcessUiLauncher>(bundle.uiPath()))
     , updateDriver(std::make_unique<PackageKitUpdateDriver>(systemBus, QCoreApplication::applicationFilePath(), clock))
+    , programFile(std::make_unique<InstalledProgramFile>(InstalledProgramFile::Paths{.running = u"/proc/self/exe"_s,
+          .installed = QCoreApplication::applicationFilePath(),
+          .others = {bundle.uiPath(), bundle.toolPath()}}))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
           DisplaySessionLifetime::Display{.x11 = x11, .waylandSocket = waylandSocket()}, systemBus, clock))
 {

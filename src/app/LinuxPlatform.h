@@ -13,6 +13,7 @@
 #include "platform/PowerAssertions.h"
 #include "platform/PowerSources.h"
 #include "platform/ProcessTable.h"
+#include "platform/ProgramFile.h"
 #include "platform/RunningApplications.h"
 #include "platform/ScreenLock.h"
 #include "platform/SessionLifetime.h"
@@ -67,6 +68,7 @@ struct LinuxPlatform {
     std::unique_ptr<TrayItem> trayItem;
     std::unique_ptr<UiLauncher> uiLauncher;
     std::unique_ptr<UpdateDriver> updateDriver;
+    std::unique_ptr<ProgramFile> programFile;
     std::unique_ptr<SessionLifetime> sessionLifetime;
 };
 

@@ -9,12 +9,10 @@
 
 #include <QCoreApplication>
 
-#include <utility>
-
 namespace Tarvik {
 
 TarvikApp::TarvikApp(
-    const QDBusConnection& systemBus, const QDBusConnection& sessionBus, std::function<void()> relaunch)
+    const QDBusConnection& systemBus, const QDBusConnection& sessionBus, const std::function<void()>& relaunch)
     : m_platform(systemBus, sessionBus)
     , m_settings(*m_platform.settingsStore)
     , m_hookFiles(m_platform.home, m_platform.bundle.toolPath())
@@ -41,7 +39,7 @@ TarvikApp::TarvikApp(
           {.showOnboarding = [this] { m_ui.showOnboarding({}); },
               .showRestartAlert = [this] { m_ui.showRestartAlert({}); },
               .showLoginItems = [this] { m_ui.showHelperApproval({}); },
-              .relaunch = std::move(relaunch)})
+              .relaunch = relaunch})
     , m_coordinator({m_settings, m_power, m_process, m_thermal, m_journal, m_hooks, m_lidClosed},
           {*m_platform.powerAssertions,
               *m_platform.loginItem,
@@ -51,6 +49,10 @@ TarvikApp::TarvikApp(
               m_platform.clock},
           m_hookFiles)
     , m_updater(*m_platform.updateDriver, *m_platform.settingsStore, m_platform.clock)
+    , m_idleness({m_coordinator, m_hooks, m_updater, m_ui})
+    , m_upgrade(*m_platform.programFile,
+          m_platform.clock,
+          {.isIdle = [this] { return m_idleness.isIdle(); }, .restart = relaunch})
     , m_status({m_coordinator,
                    m_power,
                    m_thermal,
@@ -58,6 +60,7 @@ TarvikApp::TarvikApp(
                    *m_platform.powerAssertions,
                    *m_platform.hotKeys,
                    *m_platform.trayItem,
+                   m_upgrade,
                    m_platform.clock},
           m_platform.bundle.shortVersion)
     , m_tray(m_coordinator, m_settings, *m_platform.trayItem, m_platform.clock)
@@ -65,6 +68,7 @@ TarvikApp::TarvikApp(
 {
     connectTray();
     offerOnBus(sessionBus);
+    QObject::connect(&m_idleness, &Idleness::changed, &m_idleness, [this] { m_upgrade.reconsider(); });
     m_sessionEnd = m_platform.sessionLifetime->ended.subscribe([] { QCoreApplication::quit(); });
 }
 

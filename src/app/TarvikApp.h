@@ -5,6 +5,7 @@
 #include "app/LinuxPlatform.h"
 #include "base/Signal.h"
 #include "bus/BusObject.h"
+#include "bus/Idleness.h"
 #include "bus/StatusObject.h"
 #include "bus/UiProcess.h"
 #include "core/AppSettings.h"
@@ -20,6 +21,7 @@
 #include "monitors/ProcessMonitor.h"
 #include "monitors/ThermalMonitor.h"
 #include "updates/Updater.h"
+#include "updates/Upgrade.h"
 
 #include <functional>
 
@@ -30,7 +32,8 @@ namespace Tarvik {
 class TarvikApp {
 public:
     /// `relaunch` ends the program and starts it anew.
-    TarvikApp(const QDBusConnection& systemBus, const QDBusConnection& sessionBus, std::function<void()> relaunch);
+    TarvikApp(
+        const QDBusConnection& systemBus, const QDBusConnection& sessionBus, const std::function<void()>& relaunch);
 
 private:
     void connectTray();
@@ -50,6 +53,8 @@ private:
     LidClosedMode m_lidClosed;
     AwakeCoordinator m_coordinator;
     Updater m_updater;
+    Idleness m_idleness;
+    Upgrade m_upgrade;
     StatusObject m_status;
     TrayPresenter m_tray;
     BusObject m_busObject;

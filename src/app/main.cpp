@@ -18,9 +18,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <utility>
 
 using namespace Tarvik;
 
@@ -77,15 +77,15 @@ int main(int argc, char* argv[])
         else
             start();
     });
-    const int status = QCoreApplication::exec();
-    tarvik.reset();
-    // A second instance would hand over to this one, so this process becomes the new one; to a service manager it goes
-    // on running.
-    if (isRelaunched) {
-        // A login is over by now, and with it what was asked then.
+    while (true) {
+        const int status = QCoreApplication::exec();
+        tarvik.reset();
+        if (!std::exchange(isRelaunched, false))
+            return status;
+        // A second instance would hand over to this one, so this process becomes the new one; to a service manager it
+        // goes on running. A login is over by now, and with it what was asked then.
         execl(QFile::encodeName(QCoreApplication::applicationFilePath()).constData(), argv[0], nullptr);
-        qCCritical(logSystem, "Could not start again: %s", std::strerror(errno));
-        return EXIT_FAILURE;
+        qCCritical(logSystem, "Could not start what is installed now, and goes on: %s", std::strerror(errno));
+        start();
     }
-    return status;
 }

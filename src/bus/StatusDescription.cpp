@@ -171,6 +171,11 @@ QString text(const StatusObject& status)
                 ? QCoreApplication::translate("StatusDescription", "shown")
                 : QCoreApplication::translate("StatusDescription", "not shown: no panel offers a place")});
     table.add(QCoreApplication::translate("StatusDescription", "Version"), {status.version()});
+    if (status.isUpgradePending()) {
+        table.add({},
+            {QCoreApplication::translate("StatusDescription",
+                "An update is installed. Tarvik restarts when the work has ended and its windows are closed.")});
+    }
 
     QString text;
     for (const QString& line : QStringList(status.reason()) + table.lines())

@@ -8,6 +8,7 @@
 #include "monitors/PowerMonitor.h"
 #include "monitors/ThermalMonitor.h"
 #include "platform/TrayItem.h"
+#include "updates/Upgrade.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,7 +26,10 @@ StatusObject::StatusObject(const Sources& sources, QString version)
     connect(&coordinator, &AwakeCoordinator::evaluated, this, &StatusObject::changed);
     connect(&coordinator, &AwakeCoordinator::timedSessionEndChanged, this, &StatusObject::changed);
     connect(&sources.hooks, &HookMonitor::sessionsChanged, this, &StatusObject::leasesChanged);
-    for (auto* news : {&sources.assertions.holdsChanged, &sources.hotKeys.stateChanged, &sources.tray.hostChanged})
+    for (auto* news : {&sources.assertions.holdsChanged,
+             &sources.hotKeys.stateChanged,
+             &sources.tray.hostChanged,
+             &sources.upgrade.pendingChanged})
         m_subscriptions.push_back(news->subscribe([this] { Q_EMIT changed(); }));
 }
 
@@ -146,6 +150,11 @@ QString StatusObject::lockShortcut() const
 bool StatusObject::isTrayShown() const
 {
     return m_sources.tray.hasHost();
+}
+
+bool StatusObject::isUpgradePending() const
+{
+    return m_sources.upgrade.isPending();
 }
 
 } // namespace Tarvik

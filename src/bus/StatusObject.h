@@ -18,6 +18,7 @@ class HookMonitor;
 class PowerMonitor;
 class ThermalMonitor;
 class TrayItem;
+class Upgrade;
 
 /// What Tarvik is doing and why, under the names of com.morvanta.Tarvik.Status1. Its signals say that something may
 /// have changed.
@@ -45,6 +46,7 @@ class StatusObject : public QObject {
     Q_PROPERTY(QString LockShortcut READ lockShortcut NOTIFY changed)
     Q_PROPERTY(bool TrayShown READ isTrayShown NOTIFY changed)
     Q_PROPERTY(QString Version READ version CONSTANT)
+    Q_PROPERTY(bool UpgradePending READ isUpgradePending NOTIFY changed)
     // clang-format on
 
 public:
@@ -57,6 +59,7 @@ public:
         PowerAssertions& assertions;
         HotKeys& hotKeys;
         TrayItem& tray;
+        Upgrade& upgrade;
         const Clock& clock;
     };
 
@@ -83,6 +86,7 @@ public:
     QString lockShortcut() const;
     bool isTrayShown() const;
     QString version() const { return m_version; }
+    bool isUpgradePending() const;
 
 Q_SIGNALS:
     void changed();

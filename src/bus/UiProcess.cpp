@@ -70,10 +70,16 @@ void UiProcess::showHelperApproval(const QString& activationToken)
     send({.method = u"ShowHelperApproval"_s, .arguments = {activationToken}});
 }
 
+bool UiProcess::isActive() const
+{
+    return m_names.isOwned(uiBusName) || !m_requests.isEmpty() || isCalling();
+}
+
 void UiProcess::followOwner()
 {
     m_signals.reset();
     setIsPanelOpen(false);
+    activityChanged();
     if (!m_names.isOwned(uiBusName))
         return;
     m_signals = std::make_unique<DBusSignal>(m_bus,
@@ -156,6 +162,7 @@ void UiProcess::noticeEnd(const QString& failure)
     const auto requests = std::exchange(m_requests, {});
     if (!failure.isEmpty()) {
         qCWarning(logSystem, "The UI process failed: %ls", qUtf16Printable(failure));
+        activityChanged();
         return;
     }
     // They came while the process was on its way out.

@@ -48,6 +48,12 @@ public:
     /// A window was asked for by the user, but the windows are not installed.
     std::function<void()> onMissing;
 
+    /// The process runs or is wanted.
+    bool isActive() const;
+
+    /// `isActive()` may have changed.
+    Signal<void()> activityChanged;
+
     /// The process has been called and has not answered yet.
     bool isCalling() const { return !m_calls.isEmpty(); }
 

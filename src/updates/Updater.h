@@ -35,6 +35,9 @@ public:
     /// Updates can be had and no check is under way; false until `prepare()` has found out.
     bool canCheckForUpdates() const { return m_canCheckForUpdates; }
 
+    /// A check is under way, or the installation of what it has found.
+    bool isChecking() const { return m_isChecking; }
+
     /// How new versions come to this copy: "available", "system", "source" or "manual", see UpdateDriver::Channel, or
     /// "unknown".
     QString updateChannel() const;

@@ -8,9 +8,11 @@
 #include "bus/StatusObject.h"
 #include "dbus/contracts/TarvikWire.h"
 #include "engine/CoordinatedMachine.h"
+#include "fakes/FakeProgramFile.h"
 #include "fakes/FakeTrayItem.h"
 #include "fakes/FakeUpdateDriver.h"
 #include "updates/Updater.h"
+#include "updates/Upgrade.h"
 
 #include <functional>
 #include <optional>
@@ -41,6 +43,7 @@ public:
     {
         machine.start();
         updater.emplace(updateDriver, machine.store, machine.clock);
+        upgrade.emplace(program, machine.clock, Upgrade::Actions{.isIdle = [] { return false; }, .restart = [] {}});
         status.emplace(StatusObject::Sources{*machine.coordinator,
                            *machine.power,
                            *machine.thermal,
@@ -48,6 +51,7 @@ public:
                            machine.assertions,
                            machine.hotKeys,
                            tray,
+                           *upgrade,
                            machine.clock},
             QStringLiteral("1.2.0"));
         appear();
@@ -75,6 +79,13 @@ public:
         bus.registerService(QString::fromLatin1(TarvikWire::busName));
     }
 
+    /// Another build of it is there and waits.
+    void installUpgrade()
+    {
+        program.change(true);
+        machine.clock.advance(Upgrade::settleTime);
+    }
+
     void vanish()
     {
         bus.unregisterService(QString::fromLatin1(TarvikWire::busName));
@@ -86,6 +97,8 @@ public:
     FakeTrayItem tray;
     FakeUpdateDriver updateDriver;
     std::optional<Updater> updater;
+    FakeProgramFile program;
+    std::optional<Upgrade> upgrade;
     std::optional<StatusObject> status;
     std::optional<ObservedBusObject> object;
     /// What has been asked for that is not the model's own to do.

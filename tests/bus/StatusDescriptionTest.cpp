@@ -76,6 +76,16 @@ private Q_SLOTS:
         QVERIFY(text().contains(u"\n  Power     external\n"_s));
     }
 
+    void anUpgradeThatWaitsIsToldOf()
+    {
+        QCOMPARE(json()[u"upgradePending"], false);
+        m_tarvik->installUpgrade();
+        QCOMPARE(json()[u"upgradePending"], true);
+        QVERIFY(
+            text().endsWith(u"\n  Version   1.2.0\n            An update is installed. Tarvik restarts when the work "
+                            "has ended and its windows are closed."_s));
+    }
+
     void valuesStandBelowEachOtherWhereCharactersTakeTwoColumns()
     {
         WideTranslator translator;
