@@ -13,6 +13,7 @@
 //   event ID                the hook of an agent tells of the end of a turn
 //   updates on|off|checked  whether updates can be had; a check of which has just ended
 //   updates CHANNEL         how they come instead: system, source or manual
+//   upgrade                 another build of Tarvik is installed
 //   forget                  clears the journal
 //   earlier SECONDS         sets the machine's clock back
 // Prints "entered LINE" once all of its consequences have been announced, "unknown LINE" for any other line. The
@@ -104,6 +105,10 @@ private:
         }
         if (word == u"updates"_s)
             return setUpdates(value);
+        if (word == u"upgrade"_s) {
+            m_tarvik.installUpgrade();
+            return true;
+        }
         if (word == u"earlier"_s) {
             machine.clock.setBack(Seconds{value.toInt()});
             return true;

@@ -207,6 +207,12 @@ public:
         arrive();
     }
 
+    Q_INVOKABLE void installUpgrade()
+    {
+        m_served->installUpgrade();
+        arrive();
+    }
+
     /// What the windows have wanted done, see windowRequest().
     Q_INVOKABLE QStringList asked() const { return m_asked; }
     /// What that has come to: what lid-closed mode has had the application show or do, what the system or the helper

@@ -22,6 +22,7 @@ class StatusMirror : public Tarvik::PropertyMirror {
     Q_PROPERTY(bool hasBattery READ hasBattery NOTIFY hasBatteryChanged)
     Q_PROPERTY(QVariant batteryPercent READ batteryPercent NOTIFY batteryPercentChanged)
     Q_PROPERTY(QString thermalText READ thermalText NOTIFY thermalTextChanged)
+    Q_PROPERTY(bool upgradePending READ isUpgradePending NOTIFY upgradePendingChanged)
     // clang-format on
 
 public:
@@ -39,6 +40,9 @@ public:
     /// "normal", "warm", "hot" or "very hot", in the language of the user.
     QString thermalText() const { return value("thermalText").toString(); }
 
+    /// Another build is installed, into which Tarvik restarts later.
+    bool isUpgradePending() const { return value("upgradePending").toBool(); }
+
     /// Starts a timed session in place of a running one; 0 ends it.
     Q_INVOKABLE void setTimedSession(int minutes);
     Q_INVOKABLE void lockScreen();
@@ -55,6 +59,7 @@ Q_SIGNALS:
     void hasBatteryChanged();
     void batteryPercentChanged();
     void thermalTextChanged();
+    void upgradePendingChanged();
 };
 
 } // namespace Tarvik

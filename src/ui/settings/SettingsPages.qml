@@ -72,6 +72,7 @@ Item {
         tab: 4
 
         sourceComponent: UpdatesTab {
+            status: root.status
             theme: root.theme
             updater: root.updater
         }

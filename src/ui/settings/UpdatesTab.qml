@@ -9,6 +9,7 @@ Form {
     id: root
 
     required property UpdaterMirror updater
+    required property StatusMirror status
 
     /// By the channels through which new versions come without being looked for here.
     readonly property var otherChannels: ({
@@ -46,7 +47,9 @@ Form {
         }
     }
     Section {
-        footer: root.otherChannels[root.updater.updateChannel] ?? ""
+        footer: root.status.upgradePending
+            ? qsTr("An update is installed. Tarvik restarts when the work has ended and its windows are closed.")
+            : root.otherChannels[root.updater.updateChannel] ?? ""
         objectName: "thisCopy"
         theme: root.theme
 

@@ -76,6 +76,18 @@ private Q_SLOTS:
         QVERIFY(status.isOnAC() && !status.hasBattery());
     }
 
+    void anUpgradeThatWaitsIsShown()
+    {
+        ServedTarvik tarvik;
+        StatusMirror status(m_client);
+        QTRY_VERIFY(status.isConnected());
+        QCOMPARE(status.isUpgradePending(), false);
+        QSignalSpy pending(&status, &StatusMirror::upgradePendingChanged);
+        tarvik.installUpgrade();
+        QTRY_COMPARE(status.isUpgradePending(), true);
+        QCOMPARE(pending.size(), 1);
+    }
+
     void aSessionIsStartedReplacedAndCancelled()
     {
         ServedTarvik tarvik;

@@ -569,6 +569,15 @@ Item {
             verify(find("check").enabled);
         }
 
+        function test_anUpgradeThatWaitsIsToldOf() {
+            show("Updates");
+            tarvik.setUpdateChannel("system");
+            tarvik.installUpgrade();
+            const text = "An update is installed. Tarvik restarts when the work has ended and its windows are closed.";
+            compare(find("thisCopy").footer, text);
+            verify(texts(view).includes(text));
+        }
+
         function test_theLastCheckAges() {
             show("Updates");
             tarvik.offerUpdates();
