@@ -2,19 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "bus/StatusDescription.h"
 
-#include "base/PlainText.h"
 #include "bus/StatusObject.h"
+#include "core/TerminalText.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QMetaProperty>
 
 #include <algorithm>
-#include <cmath>
-#include <utility>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -22,55 +20,10 @@ namespace Tarvik::StatusDescription {
 
 namespace {
 
-/// That a terminal takes for a text; Chinese and Japanese characters take two each.
-qsizetype columns(const QString& text)
-{
-    return text.size() + std::ranges::count_if(text, [](QChar character) {
-        const QChar::Script script = character.script();
-        return script == QChar::Script_Han || script == QChar::Script_Hiragana || script == QChar::Script_Katakana
-            || script == QChar::Script_Hangul || character.unicode() == 0x30fc;
-    });
-}
-
-/// Lines of a label and a value; further values of one label stand below each other.
-class Table final {
-public:
-    void add(const QString& label, const QStringList& values)
-    {
-        for (qsizetype index = 0; index < values.size(); ++index)
-            m_rows.append({index == 0 ? label : QString(), values[index]});
-    }
-
-    QStringList lines() const
-    {
-        constexpr qsizetype gap = 2;
-        qsizetype width = 0;
-        for (const auto& [label, value] : m_rows)
-            width = std::max(width, columns(label) + gap);
-        QStringList lines;
-        for (const auto& [label, value] : m_rows)
-            lines.append(u"  "_s + label + QString(width - columns(label), u' ') + value);
-        return lines;
-    }
-
-private:
-    QList<std::pair<QString, QString>> m_rows;
-};
-
-QString duration(double seconds)
-{
-    const auto whole = static_cast<qint64>(std::clamp(std::ceil(seconds), 0.0, 1e9));
-    if (whole < 60)
-        return QCoreApplication::translate("StatusDescription", "%1 s").arg(whole);
-    if (whole < 3600)
-        return QCoreApplication::translate("StatusDescription", "%1 min").arg((whole + 59) / 60);
-    return QCoreApplication::translate("StatusDescription", "%1 h %2 min").arg(whole / 3600).arg(whole % 3600 / 60);
-}
-
 QString leaseText(const StatusLease& lease)
 {
     const QString text = QCoreApplication::translate("StatusDescription", "%1, %2 left, %3")
-                             .arg(lease.tool, duration(lease.remaining), lease.key);
+                             .arg(lease.tool, TerminalText::duration(lease.remaining), lease.key);
     return lease.reason.isEmpty() ? text
                                   : QCoreApplication::translate("StatusDescription", "%1: %2").arg(text, lease.reason);
 }
@@ -126,24 +79,11 @@ QJsonValue toJson(const QVariant& value)
     return QJsonValue::fromVariant(value);
 }
 
-/// What would steer a terminal in the form of an escape. None of it can stand outside a string.
-QString escaped(const QString& json)
-{
-    QString result;
-    for (const QChar character : json) {
-        if (PlainText::isControl(character.unicode()))
-            result += u"\\u%1"_s.arg(character.unicode(), 4, 16, QChar(u'0'));
-        else
-            result += character;
-    }
-    return result;
-}
-
 } // namespace
 
 QString text(const StatusObject& status)
 {
-    Table table;
+    TerminalText::Table table;
     table.add(QCoreApplication::translate("StatusDescription", "Now"), {status.subtitle()});
     if (!status.details().isEmpty())
         table.add({}, {status.details()});
@@ -177,10 +117,7 @@ QString text(const StatusObject& status)
                 "An update is installed. Tarvik restarts when the work has ended and its windows are closed.")});
     }
 
-    QString text;
-    for (const QString& line : QStringList(status.reason()) + table.lines())
-        text += QString::fromStdString(PlainText::printable(line.toStdString())) + u'\n';
-    return text.chopped(1);
+    return TerminalText::joined(QStringList(status.reason()) + table.lines());
 }
 
 QString json(const StatusObject& status)
@@ -197,7 +134,7 @@ QString json(const StatusObject& status)
         object[u"sessionEnd"_s] = QJsonValue::Null;
     if (status.batteryPercent() < 0)
         object[u"batteryPercent"_s] = QJsonValue::Null;
-    return escaped(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    return TerminalText::json(object);
 }
 
 } // namespace Tarvik::StatusDescription
