@@ -36,7 +36,8 @@ ALLOWED = {
     "lidclosed": {"core", "platform"},
     "monitors": {"core", "platform"} | SERVICES,
     "engine": {"core", "platform", "monitors"} | SERVICES,
-    "bus": {"core", "dbus", CONTRACTS, "platform", "monitors", "engine"} | SERVICES,
+    "why": {"core", "platform", "monitors", "engine"} | SERVICES,
+    "bus": {"core", "dbus", CONTRACTS, "platform", "monitors", "engine", "why"} | SERVICES,
     "ui/mirror": {"core", "dbus", CONTRACTS},
     "ui/request": {"core"},
     "ui/design": {"core", "dbus"},
@@ -45,8 +46,8 @@ ALLOWED = {
     "ui/onboarding": {"core", "ui/mirror", "ui/placement"},
     "ui/settings": {"core", "ui/mirror", "ui/design", "ui/placement", "ui/request"},
     "ui": {"core", "ui/mirror", "ui/design", "ui/onboarding", "ui/panel", "ui/placement", "ui/settings"},
-    "app": {"core", CONTRACTS, "platform", LINUX, "monitors", "engine", "bus", "ui", "ui/mirror", "ui/design",
-            "ui/placement"} | SERVICES,
+    "app": {"core", CONTRACTS, "platform", LINUX, "monitors", "engine", "why", "bus", "ui", "ui/mirror",
+            "ui/design", "ui/placement"} | SERVICES,
 }
 # The tool and the helper are not Qt programs: of src/ they see only the two folders without Qt and these headers, which need
 # none.

@@ -28,7 +28,8 @@ public:
     {
         QList<PowerAssertionHold> list;
         for (const Held* assertion : m_held)
-            list.append({.type = assertion->type, .service = QStringLiteral("fake"), .what = {}, .effective = true});
+            list.append(
+                {.type = assertion->type, .service = QStringLiteral("fake"), .what = {}, .effective = isConfirmed});
         return list;
     }
 
@@ -36,6 +37,8 @@ public:
     bool isDisplayHeld() const { return isHeld(PowerAssertionType::preventUserIdleDisplaySleep); }
 
     QStringList calls;
+    /// Whether the service has confirmed what is held.
+    bool isConfirmed = true;
     /// While set, what is created fails with this code.
     std::optional<int> failWith;
 
