@@ -5,15 +5,18 @@
 #include <QDBusError>
 #include <QVariantList>
 
+#include <functional>
 #include <type_traits>
 
 namespace Tarvik {
 
-/// What somebody who calls Tarvik over the bus is told: values, or an error with a message for people.
+/// What somebody who calls Tarvik over the bus is told: values, or an error with a message for people, or either later.
 struct BusAnswer {
     QVariantList values = {};
     QDBusError::ErrorType error = QDBusError::NoError;
     QString message = {};
+    /// What is to be told is not known yet: to be called with what takes it as soon as it is.
+    std::function<void(std::function<void(const BusAnswer& answer)> tell)> later = {};
 
     bool isRefusal() const { return error != QDBusError::NoError; }
 

@@ -52,7 +52,8 @@ public:
     /// Only the fact of a change of this property is ever announced, see `invalidateSoon()`.
     void announceWithoutValue(const QString& property);
 
-    /// Offers a method. `call` is void, or returns what the caller gets, or a BusAnswer to be able to refuse.
+    /// Offers a method. `call` is void, or returns what the caller gets, or a BusAnswer to be able to refuse, or
+    /// to answer later.
     template <typename Call>
     void addMethod(const QString& method, Call call)
     {

@@ -16,6 +16,9 @@
 #include "monitors/PowerMonitor.h"
 #include "platform/RunningApplications.h"
 #include "updates/Updater.h"
+#include "why/WhyCollector.h"
+#include "why/WhyDescription.h"
+#include "why/WhyRules.h"
 
 #include <optional>
 #include <utility>
@@ -233,6 +236,20 @@ std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& b
     });
     result->addMethod(u"Prepare"_s, [&updater] { updater.prepare(); });
     result->addMethod(u"CheckForUpdates"_s, [&updater] { updater.checkForUpdates(); });
+    return result;
+}
+
+std::unique_ptr<BusInterface> why(WhyCollector& collector, const QDBusConnection& bus)
+{
+    auto result = std::make_unique<BusInterface>(TarvikWire::whyInterface, bus);
+    result->addMethod(QString::fromLatin1(TarvikWire::explainMethod), [&collector](bool asJson) {
+        return BusAnswer{.later = [&collector, asJson](auto tell) {
+            collector.collect([asJson, tell = std::move(tell)](const WhyReport& report) {
+                tell({.values = {asJson ? WhyDescription::json(report) : WhyDescription::text(report),
+                          WhyRules::isKeptAwake(report)}});
+            });
+        }};
+    });
     return result;
 }
 

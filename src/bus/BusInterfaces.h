@@ -21,6 +21,7 @@ class PowerMonitor;
 class RunningApplications;
 class StatusObject;
 class Updater;
+class WhyCollector;
 
 } // namespace Tarvik
 
@@ -53,5 +54,7 @@ std::unique_ptr<BusInterface> lidClosed(
     LidClosedMode& mode, const AwakeCoordinator& coordinator, const PowerMonitor& power, const QDBusConnection& bus);
 
 std::unique_ptr<BusInterface> updater(Updater& updater, const QDBusConnection& bus);
+
+std::unique_ptr<BusInterface> why(WhyCollector& collector, const QDBusConnection& bus);
 
 } // namespace Tarvik::BusInterfaces

@@ -64,10 +64,16 @@ bool BusObject::handleMessage(const QDBusMessage& message, const QDBusConnection
     if (message.interface() == "org.freedesktop.DBus.Introspectable"_L1)
         return false;
     const BusAnswer result = answer(message);
-    if (message.isReplyRequired()) {
-        connection.send(result.isRefusal() ? message.createErrorReply(result.error, result.message)
-                                           : message.createReply(result.values));
-    }
+    if (!message.isReplyRequired())
+        return true;
+    const auto tell = [message, connection](const BusAnswer& known) {
+        connection.send(known.isRefusal() ? message.createErrorReply(known.error, known.message)
+                                          : message.createReply(known.values));
+    };
+    if (result.later)
+        result.later(tell);
+    else
+        tell(result);
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
+#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QXmlStreamReader>
 
@@ -234,6 +235,38 @@ private Q_SLOTS:
         expected.append(u"com.morvanta.Tarvik.Status1 BatteryPercent Details"_s);
         tarvik.machine.setPower(false, 56);
         QTRY_COMPARE(m_announced, expected);
+    }
+
+    void anExplanationIsToldWhenAllHaveAnswered()
+    {
+        ServedTarvik tarvik;
+        tarvik.locks.current.locks = {FakeSleepLocks::lock(u"mpv"_s, u"logind"_s, SleepLockEffect::idleSleep)};
+        const auto interface = QString::fromLatin1(TarvikWire::whyInterface);
+        const QVariantList text = call(interface, u"Explain"_s, {false}).arguments();
+        QCOMPARE(text.size(), 2);
+        QVERIFY2(
+            text[0].toString().startsWith(u"mpv keeps this computer awake.\nTarvik does not keep it awake (Dozing — "
+                                          u"nothing to watch).\nWhen this computer slept last is not known.\n\n"_s),
+            qPrintable(text[0].toString()));
+        QCOMPARE(text[1], true);
+        tarvik.locks.current = {};
+        const QVariantList json = call(interface, u"Explain"_s, {true}).arguments();
+        QCOMPARE(QJsonDocument::fromJson(json.value(0).toString().toUtf8())[u"isRunning"], true);
+        QCOMPARE(json.value(1), false);
+        QCOMPARE(tarvik.locks.questions, 2);
+    }
+
+    void othersAreServedWhileAnExplanationIsUnderWay()
+    {
+        const ServedTarvik tarvik;
+        const auto interface = QString::fromLatin1(TarvikWire::whyInterface);
+        auto explain = QDBusMessage::createMethodCall(busName, objectPath, interface, u"Explain"_s);
+        explain << false;
+        QVERIFY(m_client.send(explain));
+        QCOMPARE(call({}, u"Quit"_s).type(), QDBusMessage::ReplyMessage);
+        QCOMPARE(tarvik.asked, QStringList{u"quit"_s});
+        // Nobody wants to hear it.
+        QCOMPARE(tarvik.locks.questions, 0);
     }
 
     void aReplyThatNobodyWantsIsNotSent()

@@ -8,11 +8,15 @@
 #include "bus/StatusObject.h"
 #include "dbus/contracts/TarvikWire.h"
 #include "engine/CoordinatedMachine.h"
+#include "fakes/FakeIdleSleep.h"
 #include "fakes/FakeProgramFile.h"
+#include "fakes/FakeSleepHistory.h"
+#include "fakes/FakeSleepLocks.h"
 #include "fakes/FakeTrayItem.h"
 #include "fakes/FakeUpdateDriver.h"
 #include "updates/Updater.h"
 #include "updates/Upgrade.h"
+#include "why/WhyCollector.h"
 
 #include <functional>
 #include <optional>
@@ -54,6 +58,16 @@ public:
                            *upgrade,
                            machine.clock},
             QStringLiteral("1.2.0"));
+        why.emplace(WhyCollector::Sources{*machine.coordinator,
+            *machine.power,
+            machine.assertions,
+            *machine.journal,
+            machine.hookFiles,
+            *machine.lastHookEvents,
+            locks,
+            idleSleep,
+            sleepHistory,
+            machine.clock});
         appear();
     }
 
@@ -76,6 +90,7 @@ public:
         object->add(BusInterfaces::hooks(machine.hookFiles, *machine.lastHookEvents, bus));
         object->add(BusInterfaces::lidClosed(*machine.lidClosed, *machine.coordinator, *machine.power, bus));
         object->add(BusInterfaces::updater(*updater, bus));
+        object->add(BusInterfaces::why(*why, bus));
         bus.registerService(QString::fromLatin1(TarvikWire::busName));
     }
 
@@ -96,10 +111,14 @@ public:
     CoordinatedMachine machine;
     FakeTrayItem tray;
     FakeUpdateDriver updateDriver;
+    FakeSleepLocks locks;
+    FakeIdleSleep idleSleep;
+    FakeSleepHistory sleepHistory;
     std::optional<Updater> updater;
     FakeProgramFile program;
     std::optional<Upgrade> upgrade;
     std::optional<StatusObject> status;
+    std::optional<WhyCollector> why;
     std::optional<ObservedBusObject> object;
     /// What has been asked for that is not the model's own to do.
     QStringList asked;

@@ -15,7 +15,9 @@ inline constexpr auto journalInterface = "com.morvanta.Tarvik.Journal1";
 inline constexpr auto hooksInterface = "com.morvanta.Tarvik.Hooks1";
 inline constexpr auto updaterInterface = "com.morvanta.Tarvik.Updater1";
 inline constexpr auto lidClosedInterface = "com.morvanta.Tarvik.LidClosed1";
+inline constexpr auto whyInterface = "com.morvanta.Tarvik.Why1";
 
 inline constexpr auto describeMethod = "Describe";
+inline constexpr auto explainMethod = "Explain";
 
 } // namespace Tarvik::TarvikWire
