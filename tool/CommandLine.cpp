@@ -31,6 +31,9 @@ Commands:
                       say what Tarvik is doing; exit status 0: awake,
                       1: not awake, 2: Tarvik is not running; with --follow
                       go on with one line at each change
+  why [--json]        say why this computer is awake, what would put it to
+                      sleep, and why it slept; exit status 0: something keeps
+                      it awake, 1: nothing does, 2: Tarvik is not running
   hook --tool ID      for the hooks of coding agents: reads the event from the
                       standard input; prints nothing and always succeeds
   unhook              take what Tarvik has added to the configuration of coding
@@ -129,7 +132,7 @@ static std::optional<UsageError> check(
 
 std::variant<CommandLine, UsageError> parseCommandLine(const std::vector<std::string>& arguments)
 {
-    static constexpr std::array<std::pair<std::string_view, Verb>, 11> verbs{{
+    static constexpr std::array<std::pair<std::string_view, Verb>, 12> verbs{{
         {"help", Verb::help},
         {"--help", Verb::help},
         {"-h", Verb::help},
@@ -141,6 +144,7 @@ std::variant<CommandLine, UsageError> parseCommandLine(const std::vector<std::st
         {"hold", Verb::hold},
         {"status", Verb::status},
         {"unhook", Verb::unhook},
+        {"why", Verb::why},
     }};
     if (arguments.empty())
         return UsageError{"no command given"};
@@ -166,6 +170,8 @@ std::variant<CommandLine, UsageError> parseCommandLine(const std::vector<std::st
     std::vector<std::pair<std::string_view, bool CommandLine::*>> flags;
     if (line.verb == Verb::status)
         flags = {{"--json", &CommandLine::asJson}, {"--follow", &CommandLine::follows}};
+    if (line.verb == Verb::why)
+        flags = {{"--json", &CommandLine::asJson}};
 
     OptionReader reader(name, arguments);
     if (auto error = reader.read(line, valued, flags))

@@ -10,7 +10,7 @@ namespace Tarvik {
 
 /// What the user asks for.
 struct CommandLine {
-    enum class Verb { help, version, acquire, release, releaseAll, hold, status, unhook };
+    enum class Verb { help, version, acquire, release, releaseAll, hold, status, why, unhook };
 
     Verb verb = Verb::help;
     std::string session;

@@ -85,7 +85,8 @@ void followStatus(bool asJson,
     auto connection = subscribe(buses, user);
     int attempts = 0;
     while (connection && connection->bus.isConnected()) {
-        const auto report = askForStatus(asJson, {connection->address}, user, Deadline(patience));
+        const auto report
+            = askForStatus(StatusQuestion::status, asJson, {connection->address}, user, Deadline(patience));
         tell(report);
         const bool mayBeStarting = !report && attempts < startAttempts;
         const bool isHeard = awaitChange(connection->bus, mayBeStarting ? std::optional(startPause) : std::nullopt);

@@ -22,16 +22,17 @@ std::optional<StatusReport> readStatus(const DBusMessage& reply)
 }
 
 std::optional<StatusReport> askForStatus(
-    bool asJson, const std::vector<BusAddress>& buses, uid_t user, Deadline deadline)
+    StatusQuestion question, bool asJson, const std::vector<BusAddress>& buses, uid_t user, Deadline deadline)
 {
+    const bool isWhy = question == StatusQuestion::why;
     DBusWriter body;
     body.uint32(asJson ? 1 : 0);
     DBusMessage call;
     call.flags = DBusMessage::noAutoStart;
     call.destination = TarvikWire::busName;
     call.path = TarvikWire::objectPath;
-    call.interface = TarvikWire::statusInterface;
-    call.member = TarvikWire::describeMethod;
+    call.interface = isWhy ? TarvikWire::whyInterface : TarvikWire::statusInterface;
+    call.member = isWhy ? TarvikWire::explainMethod : TarvikWire::describeMethod;
     call.signature = "b";
     call.body = body.bytes();
     for (const BusAddress& address : buses) {

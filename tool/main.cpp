@@ -28,6 +28,8 @@ static constexpr int usageStatus = 64;
 static constexpr int notRunningStatus = 2;
 // Somebody waits at the terminal for these, but no agent.
 static constexpr auto patience = 2s;
+// Tarvik asks others before it says why.
+static constexpr auto patienceWithAll = 6s;
 static constexpr auto renewalPeriod = 60s;
 
 static int runHook(int count, char** arguments)
@@ -71,9 +73,11 @@ static const char* notRunningText(bool asJson)
     return asJson ? "{\"isRunning\":false}" : "Tarvik is not running.";
 }
 
-static int runStatus(bool asJson, const InvokingUser& user, const std::vector<BusAddress>& buses)
+static int runStatus(
+    StatusQuestion question, bool asJson, const InvokingUser& user, const std::vector<BusAddress>& buses)
 {
-    const auto report = askForStatus(asJson, buses, user.user, Deadline(patience));
+    const Deadline deadline(question == StatusQuestion::why ? patienceWithAll : patience);
+    const auto report = askForStatus(question, asJson, buses, user.user, deadline);
     if (!report) {
         std::puts(notRunningText(asJson));
         return notRunningStatus;
@@ -141,7 +145,10 @@ static int run(const CommandLine& line)
     case Verb::hold:
         return runHold(line, user, buses);
     case Verb::status:
-        return line.follows ? runFollow(line.asJson, user, buses) : runStatus(line.asJson, user, buses);
+        return line.follows ? runFollow(line.asJson, user, buses)
+                            : runStatus(StatusQuestion::status, line.asJson, user, buses);
+    case Verb::why:
+        return runStatus(StatusQuestion::why, line.asJson, user, buses);
     case Verb::unhook:
         return runUnhook(environment, user);
     }

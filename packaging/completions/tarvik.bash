@@ -9,7 +9,7 @@ _tarvik()
     local words=
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        words="hold acquire release release-all status unhook hook help --help --version"
+        words="hold acquire release release-all status why unhook hook help --help --version"
     else
         case ${COMP_WORDS[1]}:$previous in
         hook:--tool) words="claude codex gemini qwen droid copilot" ;;
@@ -17,6 +17,7 @@ _tarvik()
         acquire:*) words="--session --tool --ttl --reason --help" ;;
         release:*) words="--session --help" ;;
         status:*) words="--json --follow --help" ;;
+        why:*) words="--json --help" ;;
         unhook:*) words="--help" ;;
         hook:*) words="--tool" ;;
         hold:*)

@@ -41,10 +41,12 @@ private Q_SLOTS:
         QVERIFY(parsed({"hold", "--", "--odd"}) == (CommandLine{Verb::hold, {}, {}, {}, {}, false, {"--odd"}}));
     }
 
-    void statusCanBeJson()
+    void whatIsAskedCanBeJson()
     {
-        QVERIFY(!parsed({"status"}).asJson);
-        QVERIFY(parsed({"status", "--json"}).asJson);
+        for (const auto& [name, verb] : {std::pair{"status", Verb::status}, std::pair{"why", Verb::why}}) {
+            QVERIFY(parsed({name}) == (CommandLine{verb, {}, {}, {}, {}, false, {}}));
+            QVERIFY(parsed({name, "--json"}) == (CommandLine{verb, {}, {}, {}, {}, true, {}}));
+        }
     }
 
     void statusCanBeFollowed()
@@ -95,6 +97,8 @@ private Q_SLOTS:
         row("hold --session k ls", "hold: unknown option \"--session\"");
         row("status --xml", "status: unknown option \"--xml\"");
         row("status now", "status: unexpected argument \"now\"");
+        row("why --xml", "why: unknown option \"--xml\"");
+        row("why not", "why: unexpected argument \"not\"");
         row("--version now", "--version: unexpected argument \"now\"");
     }
 

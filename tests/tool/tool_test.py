@@ -22,7 +22,7 @@ sys.path.append(str(Path(__file__).resolve().parents[1] / "support"))
 from waiting import PATIENCE, eventually
 
 TOOL = ""
-STATUS_XML = Path(__file__).resolve().parents[2] / "src/dbus/contracts/com.morvanta.Tarvik.Status1.xml"
+CONTRACTS = Path(__file__).resolve().parents[2] / "src/dbus/contracts"
 # An agent is never kept waiting longer; what comes on top is the time that a busy machine takes to start a process.
 HOOK_LIMIT = 0.25
 SLACK = 0.25
@@ -595,10 +595,12 @@ class HoldTest(ToolTestCase):
 
 
 class FakeTarvik:
-    """Answers on the bus as a running Tarvik does, with the interface as it is described for programs."""
+    """Answers on the bus as a running Tarvik does, with the interfaces as they are described for programs."""
 
-    TEXT = "Awake · 1 agent\n  Now       Claude Code"
-    JSON = '{"isRunning":true}'
+    # By the tool's command, as text and as JSON.
+    ANSWERS = {"status": ("Awake · 1 agent\n  Now       Claude Code", '{"isRunning":true}'),
+               "why": ("Steam keeps this computer awake.\n\n  Others hold off  every sleep", '{"isRunning":true,"locks":[]}')}
+    TEXT, JSON = ANSWERS["status"]
 
     def __init__(self, address, is_awake):
         self.is_awake = is_awake
@@ -613,17 +615,18 @@ class FakeTarvik:
         context = GLib.MainContext.default()
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
         connection = self.connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
-        info = Gio.DBusNodeInfo.new_for_xml(STATUS_XML.read_text(encoding="utf-8")).interfaces[0]
 
         def called(_connection, _sender, _path, _interface, method, arguments, invocation):
-            assert method == "Describe"
-            if not self.TEXT:
+            answers = {"Describe": (self.TEXT, self.JSON), "Explain": self.ANSWERS["why"]}
+            text = answers[method][arguments.unpack()[0]]
+            if not text:
                 invocation.return_dbus_error("org.freedesktop.DBus.Error.UnknownObject", "It has yet to be offered.")
                 return
-            text = self.JSON if arguments.unpack()[0] else self.TEXT
             invocation.return_value(GLib.Variant("(sb)", (text, self.is_awake)))
 
-        connection.register_object("/com/morvanta/Tarvik", info, called, None, None)
+        for interface in ("Status1", "Why1"):
+            contract = (CONTRACTS / f"com.morvanta.Tarvik.{interface}.xml").read_text(encoding="utf-8")
+            connection.register_object("/com/morvanta/Tarvik", Gio.DBusNodeInfo.new_for_xml(contract).interfaces[0], called, None, None)
         Gio.bus_own_name_on_connection(
             connection, "com.morvanta.Tarvik", Gio.BusNameOwnerFlags.NONE, lambda *_: self.owned.set(), None
         )
@@ -654,20 +657,23 @@ class StatusTest(ToolTestCase):
 
     def test_the_exit_status_tells_awake_from_not(self):
         self.start_tarvik()
-        self.assertEqual(self.run_tool("status", environment=self.environment).returncode, 0)
+        for command in FakeTarvik.ANSWERS:
+            self.assertEqual(self.run_tool(command, environment=self.environment).returncode, 0)
 
     def test_the_exit_status_tells_not_awake(self):
         self.start_tarvik(is_awake=False)
-        for options in ([], ["--json"]):
-            result = self.run_tool("status", *options, environment=self.environment)
-            self.assertEqual((result.returncode, result.stderr), (1, b""))
+        for command in FakeTarvik.ANSWERS:
+            for options in ([], ["--json"]):
+                result = self.run_tool(command, *options, environment=self.environment)
+                self.assertEqual((result.returncode, result.stderr), (1, b""))
 
     def test_the_exit_status_tells_not_running(self):
-        for environment in (self.environment, {}):
-            result = self.run_tool("status", environment=environment)
-            self.assertEqual((result.returncode, result.stdout, result.stderr), (2, b"Tarvik is not running.\n", b""))
-            result = self.run_tool("status", "--json", environment=environment)
-            self.assertEqual((result.returncode, json.loads(result.stdout)), (2, {"isRunning": False}))
+        for command in FakeTarvik.ANSWERS:
+            for environment in (self.environment, {}):
+                result = self.run_tool(command, environment=environment)
+                self.assertEqual((result.returncode, result.stdout, result.stderr), (2, b"Tarvik is not running.\n", b""))
+                result = self.run_tool(command, "--json", environment=environment)
+                self.assertEqual((result.returncode, json.loads(result.stdout)), (2, {"isRunning": False}))
 
     def test_asking_starts_nothing(self):
         services = self.bus.directory / "data/dbus-1/services"
@@ -681,16 +687,18 @@ class StatusTest(ToolTestCase):
         subprocess.run([*reload, "ReloadConfig"], check=True)
         names = subprocess.run([*reload, "ListActivatableNames"], check=True, capture_output=True).stdout
         self.assertIn(b"com.morvanta.Tarvik", names)
-        self.assertEqual(self.run_tool("status", environment=self.environment).returncode, 2)
+        for command in FakeTarvik.ANSWERS:
+            self.assertEqual(self.run_tool(command, environment=self.environment).returncode, 2)
         self.run_tool("acquire", "--session", "k", environment=self.environment)
         self.bus.settled_events()
         self.assertFalse(mark.exists())
 
     def test_what_tarvik_says_is_printed(self):
         self.start_tarvik()
-        for options, text in (([], FakeTarvik.TEXT), (["--json"], FakeTarvik.JSON)):
-            result = self.run_tool("status", *options, environment=self.environment)
-            self.assertEqual((result.returncode, result.stdout.decode()), (0, f"{text}\n"))
+        for command, (text, as_json) in FakeTarvik.ANSWERS.items():
+            for options, expected in (([], text), (["--json"], as_json)):
+                result = self.run_tool(command, *options, environment=self.environment)
+                self.assertEqual((result.returncode, result.stdout.decode()), (0, f"{expected}\n"))
 
     def test_the_bus_where_tarvik_runs_is_found_behind_one_where_it_does_not(self):
         other = self.start_bus("other")
