@@ -24,7 +24,7 @@
 #include "platform/linux/session/DisplaySessionLifetime.h"
 #include "platform/linux/sleep/DesktopDisplayPower.h"
 #include "platform/linux/sleep/LogindSleepControl.h"
-#include "platform/linux/thermal/SysfsThermalState.h"
+#include "platform/linux/thermal/MachineThermalState.h"
 #include "platform/linux/tray/StatusNotifierTrayItem.h"
 #include "platform/linux/updates/PackageKitUpdateDriver.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -109,7 +109,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
     , powerSources(std::make_unique<FallbackPowerSources>(std::make_unique<UPowerPowerSources>(systemBus),
           [this] { return std::make_unique<SysfsPowerSources>(clock); }))
     , lidSensor(std::make_unique<LogindLidSensor>(systemBus, clock))
-    , thermalState(std::make_unique<SysfsThermalState>(clock))
+    , thermalState(std::make_unique<MachineThermalState>(clock, systemBus))
     , processTable(std::make_unique<PsProcessTable>(clock))
     , runningApplications(std::make_unique<DesktopRunningApplications>(sessionBus,
           DesktopRunningApplications::Displays{.x11 = x11, .waylandSocket = waylandSocket()},

@@ -68,9 +68,9 @@ public:
 
     bool removeService(const QString& name) { return QFile::remove(serviceFile(name)) && reload(); }
 
-private:
     QString address() const { return QStringLiteral("unix:path=") + m_directory.filePath(QStringLiteral("bus")); }
 
+private:
     QString serviceFile(const QString& name) const
     {
         return m_directory.filePath(QStringLiteral("services/%1.service").arg(name));

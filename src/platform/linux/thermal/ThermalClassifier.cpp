@@ -9,6 +9,7 @@ namespace Tarvik {
 namespace {
 
 constexpr Seconds enterHold{30};
+constexpr Seconds hintHold{60};
 constexpr Seconds leaveHold{60};
 constexpr Seconds longestGap{30};
 constexpr Seconds throttleWindow{60};
@@ -92,6 +93,12 @@ ThermalLevel levelOf(const Latches& latches)
     return latches[0].isSet() ? ThermalLevel::fair : ThermalLevel::nominal;
 }
 
+/// What a weak hint makes of a level.
+ThermalLevel raised(ThermalLevel level)
+{
+    return level == ThermalLevel::nominal ? ThermalLevel::fair : std::max(level, ThermalLevel::serious);
+}
+
 } // namespace
 
 bool HoldLatch::update(bool isAbove, bool isBelow, Seconds hold, TimePoint now)
@@ -121,13 +128,14 @@ ThermalLevel ThermalClassifier::classify(const ThermalReadings& readings, TimePo
     restartAfterGap(now);
     classifyZones(readings.zones, now);
     classifyPackages(readings.packages, now);
+    m_hint.update(readings.isSaidToBeTooHot, !readings.isSaidToBeTooHot, hintHold, now);
 
     auto level = ThermalLevel::nominal;
     for (const auto& [name, latches] : m_zones)
         level = std::max(level, levelOf(latches));
     for (const auto& [name, package] : m_packages)
         level = std::max(level, levelOf(package.latches));
-    return level;
+    return m_hint.isSet() ? raised(level) : level;
 }
 
 void ThermalClassifier::restartAfterGap(TimePoint now)
@@ -136,6 +144,7 @@ void ThermalClassifier::restartAfterGap(TimePoint now)
     m_lastTime = now;
     if (isContinuous)
         return;
+    m_hint.restart();
     for (auto& [name, latches] : m_zones)
         std::ranges::for_each(latches, &HoldLatch::restart);
     for (auto& [name, package] : m_packages) {

@@ -45,6 +45,8 @@ struct ThrottleReading {
 struct ThermalReadings {
     std::vector<ThermalZoneReading> zones;
     std::vector<ThrottleReading> packages;
+    /// Somebody who may be wrong says so.
+    bool isSaidToBeTooHot = false;
 };
 
 /// A condition that counts only after it has held for a while, and no longer only after it has been gone for a while.
@@ -66,7 +68,8 @@ private:
 /// left when the temperature has stayed clearly below for a while, so that the level does not flap.
 class ThermalClassifier {
 public:
-    /// The highest level of all zones and packages. To be called at least every half minute while there is something to
+    /// The highest level of all zones and packages; one more, but never critical, where the machine is said to be too
+    /// hot: alone, that pauses nothing. To be called at least every half minute while there is something to
     /// read: what lies between calls further apart does not count as held.
     ThermalLevel classify(const ThermalReadings& readings, TimePoint now);
 
@@ -89,6 +92,7 @@ private:
 
     std::map<QString, Latches> m_zones;
     std::map<QString, Package> m_packages;
+    HoldLatch m_hint;
     std::optional<TimePoint> m_lastTime;
 };
 

@@ -253,7 +253,47 @@ private Q_SLOTS:
         QCOMPARE(throttled(60'000), ThermalLevel::nominal);
     }
 
+    void aHintThatLastsAMinuteWarmsACoolMachine()
+    {
+        look(hinted(laptop(50)));
+        QCOMPARE(pass(50s, hinted(laptop(50))), ThermalLevel::nominal);
+        QCOMPARE(pass(10s, hinted(laptop(50))), ThermalLevel::fair);
+        QCOMPARE(pass(10min, hinted(laptop(50))), ThermalLevel::fair);
+        once(laptop(50));
+        QCOMPARE(after(50s, laptop(50)), ThermalLevel::fair);
+        QCOMPARE(after(10s, laptop(50)), ThermalLevel::nominal);
+    }
+
+    void aHintMakesAWarmMachineHot()
+    {
+        once(laptop(86));
+        QCOMPARE(after(1min, laptop(86)), ThermalLevel::fair);
+        QCOMPARE(pass(60s, hinted(laptop(86))), ThermalLevel::fair);
+        QCOMPARE(pass(10s, hinted(laptop(86))), ThermalLevel::serious);
+    }
+
+    void aHintIsNeverCritical()
+    {
+        makeSerious();
+        QCOMPARE(pass(10min, hinted(laptop(90))), ThermalLevel::serious);
+        QCOMPARE(look(hinted(laptop(100))), ThermalLevel::critical);
+    }
+
+    void aHintDoesNotCountWhileNobodyLooks()
+    {
+        look(hinted(laptop(50)));
+        pass(50s, hinted(laptop(50)));
+        m_clock.advance(1h);
+        QCOMPARE(look(hinted(laptop(50))), ThermalLevel::nominal);
+        QCOMPARE(pass(1min, hinted(laptop(50))), ThermalLevel::fair);
+    }
+
 private:
+    static ThermalReadings hinted(const ThermalZoneReading& zone)
+    {
+        return {.zones = {zone}, .packages = {}, .isSaidToBeTooHot = true};
+    }
+
     ThermalLevel look(const ThermalReadings& readings)
     {
         m_last = m_classifier.classify(readings, m_clock.now());

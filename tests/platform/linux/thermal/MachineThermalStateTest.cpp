@@ -1,16 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/thermal/SysfsThermalState.h"
+#include "platform/linux/thermal/MachineThermalState.h"
 
 #include "fakes/FakeClock.h"
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <QDBusConnection>
+
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-class SysfsThermalStateTest : public QObject {
+class MachineThermalStateTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -24,7 +26,7 @@ private Q_SLOTS:
 
     void aMachineWithoutZonesIsNominalAndNeverLookedAt()
     {
-        const SysfsThermalState state{*m_clock, m_tree->root()};
+        const MachineThermalState state{*m_clock, m_noBus, m_tree->root()};
         QCOMPARE(state.level(), ThermalLevel::nominal);
         QCOMPARE(m_clock->pending(), std::size_t{0});
     }
@@ -35,7 +37,7 @@ private Q_SLOTS:
         trip(u"0"_s, 0, "passive", "0");
         trip(u"0"_s, 1, "critical", "-274000");
         trip(u"0"_s, 2, "hot", "200000");
-        const SysfsThermalState state{*m_clock, m_tree->root()};
+        const MachineThermalState state{*m_clock, m_noBus, m_tree->root()};
         QCOMPARE(state.level(), ThermalLevel::nominal);
         QCOMPARE(m_clock->pending(), std::size_t{0});
     }
@@ -44,7 +46,7 @@ private Q_SLOTS:
     {
         zone(u"0"_s, "101000");
         trip(u"0"_s, 0, "hot", "100000");
-        const SysfsThermalState state{*m_clock, m_tree->root()};
+        const MachineThermalState state{*m_clock, m_noBus, m_tree->root()};
         QCOMPARE(state.level(), ThermalLevel::critical);
     }
 
@@ -223,9 +225,9 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<SysfsThermalState> make()
+    std::unique_ptr<MachineThermalState> make()
     {
-        auto state = std::make_unique<SysfsThermalState>(*m_clock, m_tree->root());
+        auto state = std::make_unique<MachineThermalState>(*m_clock, m_noBus, m_tree->root());
         m_listening = state->changed.subscribe([this] { ++m_changes; });
         return state;
     }
@@ -264,11 +266,12 @@ private:
         m_tree->write(directory + u"/thermal_throttle/package_throttle_total_time_ms"_s, total + '\n');
     }
 
+    const QDBusConnection m_noBus{u"none"_s};
     std::unique_ptr<FileTree> m_tree;
     std::unique_ptr<FakeClock> m_clock;
     int m_changes = 0;
     Subscription m_listening;
 };
 
-QTEST_GUILESS_MAIN(SysfsThermalStateTest)
-#include "SysfsThermalStateTest.moc"
+QTEST_GUILESS_MAIN(MachineThermalStateTest)
+#include "MachineThermalStateTest.moc"

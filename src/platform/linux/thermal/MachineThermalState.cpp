@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/thermal/SysfsThermalState.h"
+#include "platform/linux/thermal/MachineThermalState.h"
 
 namespace Tarvik {
 
@@ -11,15 +11,17 @@ constexpr Seconds restAfterEvent{1};
 
 } // namespace
 
-SysfsThermalState::SysfsThermalState(Clock& clock, const QString& root)
+MachineThermalState::MachineThermalState(Clock& clock, const QDBusConnection& systemBus, const QString& root)
     : m_clock(clock)
     , m_reader(root)
+    , m_hint(systemBus)
     , m_events([this] { handleEvent(); })
+    , m_hintChanges(m_hint.changed.subscribe([this] { poll(); }))
 {
     look();
 }
 
-void SysfsThermalState::handleEvent()
+void MachineThermalState::handleEvent()
 {
     if (m_rest) {
         m_hasEventWaiting = true;
@@ -36,7 +38,7 @@ void SysfsThermalState::handleEvent()
     changed();
 }
 
-void SysfsThermalState::poll()
+void MachineThermalState::poll()
 {
     const ThermalLevel before = m_level;
     look();
@@ -44,16 +46,18 @@ void SysfsThermalState::poll()
         changed();
 }
 
-void SysfsThermalState::look()
+void MachineThermalState::look()
 {
-    m_level = m_classifier.classify(m_reader.read(), m_clock.now());
+    ThermalReadings readings = m_reader.read();
+    readings.isSaidToBeTooHot = m_hint.isTooHot();
+    m_level = m_classifier.classify(readings, m_clock.now());
     schedulePolls();
 }
 
-void SysfsThermalState::schedulePolls()
+void MachineThermalState::schedulePolls()
 {
     // A level that is still held needs time to pass before it is left.
-    const bool isNeeded = m_reader.canTell() || m_level != ThermalLevel::nominal;
+    const bool isNeeded = m_reader.canTell() || m_hint.isTooHot() || m_level != ThermalLevel::nominal;
     if (isNeeded == (m_polls != nullptr))
         return;
     if (isNeeded)
