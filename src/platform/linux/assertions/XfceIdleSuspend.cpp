@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/assertions/XfceIdleSuspend.h"
 
-#include "dbus/BusNames.h"
-
-#include <QDBusVariant>
+#include "platform/linux/xfconf/XfcePowerSettings.h"
 
 namespace Tarvik {
 
@@ -15,10 +13,7 @@ namespace {
 const auto xfconfPath = u"/org/xfce/Xfconf"_s;
 const auto xfconf = u"org.xfce.Xfconf"_s;
 const auto channel = u"xfce4-power-manager"_s;
-const std::array properties{
-    u"/xfce4-power-manager/inactivity-on-ac"_s,
-    u"/xfce4-power-manager/inactivity-on-battery"_s,
-};
+const std::array properties{u"inactivity-on-ac"_s, u"inactivity-on-battery"_s};
 
 /// Of any sender: it is only a hint to ask.
 DBusSignal::Source signalOfXfconf(const QString& name)
@@ -28,10 +23,8 @@ DBusSignal::Source signalOfXfconf(const QString& name)
 
 std::optional<uint> minutesOf(const QDBusMessage& answer)
 {
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "v"_L1)
-        return std::nullopt;
     bool isNumber = false;
-    const uint minutes = answer.arguments().constFirst().value<QDBusVariant>().variant().toUInt(&isNumber);
+    const uint minutes = XfcePowerSettings::valueIn(answer).toUInt(&isNumber);
     return isNumber ? std::optional(minutes) : std::nullopt;
 }
 
@@ -48,21 +41,14 @@ XfceIdleSuspend::XfceIdleSuspend(QDBusConnection sessionBus)
 
 bool XfceIdleSuspend::suspends(std::optional<uint> minutes, const QVersionNumber& release)
 {
-    constexpr uint oldNever = 14;
-    constexpr uint newNever = 0;
-    if (!minutes)
-        return false;
-    if (release.isNull())
-        return *minutes != oldNever && *minutes != newNever;
-    return *minutes != (release < QVersionNumber(4, 19) ? oldNever : newNever);
+    return minutes && !XfcePowerSettings::isNever(*minutes, release);
 }
 
 void XfceIdleSuspend::readSettings()
 {
     for (std::size_t i = 0; i < properties.size(); ++i) {
-        auto message = QDBusMessage::createMethodCall(xfconf, xfconfPath, xfconf, u"GetProperty"_s);
-        message.setArguments({channel, properties[i]});
-        m_settingCalls[i] = callAsync(m_bus, message, [this, i](const QDBusMessage& answer) {
+        const auto question = XfcePowerSettings::question(properties[i]);
+        m_settingCalls[i] = callAsync(m_bus, question, [this, i](const QDBusMessage& answer) {
             m_settingCalls[i].reset();
             m_minutes[i] = minutesOf(answer);
             publish();
@@ -72,13 +58,9 @@ void XfceIdleSuspend::readSettings()
 
 void XfceIdleSuspend::readRelease()
 {
-    const auto message = QDBusMessage::createMethodCall(
-        BusNames::xfcePowerManager, u"/org/xfce/PowerManager"_s, u"org.xfce.Power.Manager"_s, u"GetInfo"_s);
-    m_releaseCall = callAsync(m_bus, message, [this](const QDBusMessage& answer) {
+    m_releaseCall = callAsync(m_bus, XfcePowerSettings::releaseQuestion(), [this](const QDBusMessage& answer) {
         m_releaseCall.reset();
-        // Name, version, vendor.
-        if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "sss"_L1)
-            m_release = QVersionNumber::fromString(answer.arguments().at(1).toString());
+        m_release = XfcePowerSettings::releaseIn(answer);
         publish();
     });
 }

@@ -24,8 +24,7 @@ public:
     /// `isSet()` has changed.
     std::function<void()> onChange;
 
-    /// What a value in minutes means to a release of the power manager: up to 4.18 "never" is 14, since then it is 0;
-    /// both are where the release is unknown (a null version). No value means the default, "never".
+    /// What a value in minutes means to a release of the power manager. No value means the default, "never".
     static bool suspends(std::optional<uint> minutes, const QVersionNumber& release);
 
 private:

@@ -5,8 +5,8 @@
 #include "dbus/BusNameWatch.h"
 #include "dbus/BusNames.h"
 #include "platform/linux/gsettings/InstalledSettings.h"
+#include "platform/linux/xfconf/XfcePowerSettings.h"
 
-#include <QDBusVariant>
 #include <QSettings>
 
 #include <chrono>
@@ -63,13 +63,10 @@ void askXfce(
     DBusCalls& calls, const QDBusConnection& bus, const char* key, const std::function<void(std::optional<bool>)>& done)
 {
     constexpr uint lockScreen = 3;
-    auto question = QDBusMessage::createMethodCall(
-        u"org.xfce.Xfconf"_s, u"/org/xfce/Xfconf"_s, u"org.xfce.Xfconf"_s, u"GetProperty"_s);
-    question.setArguments({u"xfce4-power-manager"_s, u"/xfce4-power-manager/"_s + QLatin1StringView(key)});
+    const auto question = XfcePowerSettings::question(QLatin1StringView(key));
     const auto take = [done](const QDBusMessage& answer) {
-        const bool isSet = answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "v"_L1;
-        done(xfceSuspends(
-            isSet ? answer.arguments().constFirst().value<QDBusVariant>().variant().toUInt() : lockScreen));
+        const QVariant action = XfcePowerSettings::valueIn(answer);
+        done(xfceSuspends(action.isValid() ? action.toUInt() : lockScreen));
     };
     calls.send(bus, question, take, {.patience = patience});
 }
