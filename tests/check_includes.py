@@ -18,7 +18,7 @@ BASE = "base"
 # The agents' configuration files, which the tool edits, too.
 HOOK_CONFIG = "hookconfig"
 # What every Linux back-end may use; the folders beside these know nothing of each other.
-LINUX_GROUND = {f"{LINUX}/{name}" for name in ("gsettings", "inhibitors", "kernel", "programs", "x11", "xfconf")}
+LINUX_GROUND = {f"{LINUX}/{name}" for name in ("gsettings", "inhibitors", "kernel", "programs", "services", "x11", "xfconf")}
 
 # Folder -> the other folders of src/ whose headers it may include.
 ALLOWED = {

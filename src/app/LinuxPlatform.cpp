@@ -15,6 +15,7 @@
 #include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
 #include "platform/linux/helper/SystemdHelperService.h"
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
+#include "platform/linux/locks/DesktopSleepLocks.h"
 #include "platform/linux/power/FallbackPowerSources.h"
 #include "platform/linux/power/LogindLidSensor.h"
 #include "platform/linux/power/SysfsPowerSources.h"
@@ -85,6 +86,14 @@ QString findableIcon(const AppBundle& bundle)
     return QUrl::fromLocalFile(bundle.iconDirectory() + file).toString(QUrl::FullyEncoded);
 }
 
+ProgramNames::Applications applicationNames(DesktopFiles& files)
+{
+    return [&files](const QStringList& names) {
+        const auto id = files.idForWindow(names);
+        return id ? files.name(*id) : std::nullopt;
+    };
+}
+
 std::unique_ptr<HelperService> systemdHelperService(const QDBusConnection& systemBus, const AppBundle& bundle)
 {
     const QString label = TarvikHelper::machLabel(bundle.identifier);
@@ -136,6 +145,8 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           .others = {bundle.uiPath(), bundle.toolPath()}}))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
           DisplaySessionLifetime::Display{.x11 = x11, .waylandSocket = waylandSocket()}, systemBus, clock))
+    , sleepLocks(std::make_unique<DesktopSleepLocks>(
+          systemBus, sessionBus, applicationNames(desktopFiles), isWayland(), clock))
 {
 }
 

@@ -18,6 +18,7 @@
 #include "platform/ScreenLock.h"
 #include "platform/SessionLifetime.h"
 #include "platform/SleepControl.h"
+#include "platform/SleepLocks.h"
 #include "platform/ThermalState.h"
 #include "platform/TrayItem.h"
 #include "platform/UiLauncher.h"
@@ -70,6 +71,7 @@ struct LinuxPlatform {
     std::unique_ptr<UpdateDriver> updateDriver;
     std::unique_ptr<ProgramFile> programFile;
     std::unique_ptr<SessionLifetime> sessionLifetime;
+    std::unique_ptr<SleepLocks> sleepLocks;
 };
 
 } // namespace Tarvik

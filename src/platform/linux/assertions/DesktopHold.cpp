@@ -4,6 +4,7 @@
 
 #include "dbus/BusNames.h"
 #include "platform/linux/inhibitors/LogindInhibitors.h"
+#include "platform/linux/inhibitors/ServiceLabels.h"
 
 #include <QCoreApplication>
 
@@ -48,16 +49,16 @@ QString serviceLabel(DesktopHold hold)
     switch (hold) {
     case DesktopHold::logindIdle:
     case DesktopHold::logindSleep:
-        return u"logind"_s;
+        return ServiceLabels::logind;
     case DesktopHold::sessionManagerSuspend:
     case DesktopHold::sessionManagerIdle:
-        return u"session manager"_s;
+        return ServiceLabels::sessionManager;
     case DesktopHold::kdePowerManagement:
-        return u"KDE power management"_s;
+        return ServiceLabels::kdePowerManagement;
     case DesktopHold::xfcePowerManagement:
-        return u"XFCE power management"_s;
+        return ServiceLabels::xfcePowerManagement;
     case DesktopHold::screenSaver:
-        return u"screen saver"_s;
+        return ServiceLabels::screenSaver;
     case DesktopHold::x11ScreenSaver:
         return u"X server"_s;
     }

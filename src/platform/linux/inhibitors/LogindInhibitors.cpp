@@ -41,14 +41,14 @@ std::optional<QList<LogindInhibitor>> listIn(const QDBusMessage& answer)
     array.beginArray();
     while (!array.atEnd()) {
         QString what;
-        QString why;
         QString mode;
         LogindInhibitor inhibitor;
         array.beginStructure();
-        array >> what >> inhibitor.who >> why >> mode >> inhibitor.user >> inhibitor.process;
+        array >> what >> inhibitor.who >> inhibitor.why >> mode >> inhibitor.user >> inhibitor.process;
         array.endStructure();
         inhibitor.what = what.split(u':');
         inhibitor.blocks = mode == block;
+        inhibitor.blocksWeakly = mode == "block-weak"_L1;
         inhibitors.append(inhibitor);
     }
     array.endArray();

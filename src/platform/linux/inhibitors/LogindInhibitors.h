@@ -18,8 +18,11 @@ struct LogindInhibitor {
     /// "sleep", "idle", "handle-lid-switch", ...
     QStringList what;
     QString who;
+    QString why;
     /// Of its mode "block", not "delay" or the weaker ones.
     bool blocks = false;
+    /// Of its mode "block-weak", which its own user's programs may pass over.
+    bool blocksWeakly = false;
     std::uint32_t user = 0;
     /// The process that has taken it.
     std::uint32_t process = 0;

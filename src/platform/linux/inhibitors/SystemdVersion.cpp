@@ -20,13 +20,20 @@ int parse(QStringView text)
     return text.first(end - text.begin()).toInt();
 }
 
+QDBusMessage question()
+{
+    return DBusProperties::get(
+        BusNames::systemd, u"/org/freedesktop/systemd1"_s, u"org.freedesktop.systemd1.Manager"_s, u"Version"_s);
+}
+
+int in(const QDBusMessage& answer)
+{
+    return parse(DBusProperties::exactly<QString>(DBusProperties::propertyIn(answer)).value_or(QString()));
+}
+
 DBusCall ask(const QDBusConnection& systemBus, std::function<void(int version)> done)
 {
-    const auto question = DBusProperties::get(
-        BusNames::systemd, u"/org/freedesktop/systemd1"_s, u"org.freedesktop.systemd1.Manager"_s, u"Version"_s);
-    return callAsync(systemBus, question, [done = std::move(done)](const QDBusMessage& answer) {
-        done(parse(DBusProperties::exactly<QString>(DBusProperties::propertyIn(answer)).value_or(QString())));
-    });
+    return callAsync(systemBus, question(), [done = std::move(done)](const QDBusMessage& answer) { done(in(answer)); });
 }
 
 } // namespace Tarvik::SystemdVersion

@@ -4,6 +4,7 @@
 
 #include "dbus/BusNames.h"
 #include "dbus/DBusProperties.h"
+#include "platform/linux/inhibitors/LidDaemons.h"
 #include "platform/linux/inhibitors/SystemdVersion.h"
 #include "platform/linux/sleep/LidAction.h"
 
@@ -31,20 +32,11 @@ ClosedLidFactsReader::ClosedLidFactsReader(QDBusConnection systemBus, QDBusConne
 {
 }
 
-QStringList ClosedLidFactsReader::lidDaemons()
-{
-    return {BusNames::kdePowerManager,
-        BusNames::xfcePowerManager,
-        BusNames::matePowerManager,
-        BusNames::cinnamonPowerManager,
-        BusNames::lxqtSession};
-}
-
 void ClosedLidFactsReader::read(Receiver done)
 {
     m_done = std::move(done);
     m_calls.emplace();
-    m_names.emplace(m_sessionBus, lidDaemons() + QStringList{BusNames::gnomePowerManager});
+    m_names.emplace(m_sessionBus, LidDaemons::names() + QStringList{BusNames::gnomePowerManager});
     m_names->onKnown = [this] { ask(); };
     if (m_names->isKnown())
         ask();
@@ -55,7 +47,7 @@ void ClosedLidFactsReader::ask()
     m_facts = {.ownProcess = static_cast<std::uint32_t>(getpid()), .ownUser = getuid()};
     m_facts.isGnome = m_names->isOwned(BusNames::gnomePowerManager);
     m_facts.hasLidDaemon
-        = std::ranges::any_of(lidDaemons(), [this](const QString& name) { return m_names->isOwned(name); });
+        = std::ranges::any_of(LidDaemons::names(), [this](const QString& name) { return m_names->isOwned(name); });
     m_version = SystemdVersion::ask(m_systemBus, [this](int version) {
         m_facts.systemdVersion = version;
         m_calls->send(m_systemBus, LogindInhibitors::list(), [this](const QDBusMessage& answer) {

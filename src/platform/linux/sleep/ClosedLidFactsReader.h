@@ -7,7 +7,6 @@
 #include "platform/linux/sleep/ClosedLidRules.h"
 
 #include <QDBusConnection>
-#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -26,9 +25,6 @@ public:
 
     /// `done` is called later and may destroy the object. An earlier question is dropped.
     void read(Receiver done);
-
-    /// The bus names of the daemons that take the lid from logind.
-    static QStringList lidDaemons();
 
 private:
     void ask();

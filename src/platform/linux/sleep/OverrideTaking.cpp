@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/sleep/OverrideTaking.h"
 
+#include "platform/linux/inhibitors/LidDaemons.h"
 #include "platform/linux/inhibitors/LogindInhibitors.h"
 
 #include <utility>
@@ -60,7 +61,7 @@ void OverrideTaking::takeUserLock()
         ClosedLidFacts withDaemon = m_facts;
         withDaemon.hasLidDaemon = true;
         if (!ClosedLidRules::ownLockSuffices(withDaemon))
-            m_userLock->yieldTo(m_sessionBus, ClosedLidFactsReader::lidDaemons());
+            m_userLock->yieldTo(m_sessionBus, LidDaemons::names());
         finish(std::move(m_userLock), {});
     });
 }

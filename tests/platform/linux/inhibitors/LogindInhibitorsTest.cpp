@@ -39,11 +39,12 @@ private Q_SLOTS:
             {u"sleep"_s, 1001, 7, QString(), u"block-weak"_s}};
         const QList<LogindInhibitor> expected{{.what = {u"handle-lid-switch"_s, u"sleep"_s},
                                                   .who = u"Tarvik"_s,
+                                                  .why = u"because"_s,
                                                   .blocks = true,
                                                   .user = 1000,
                                                   .process = 5},
-            {.what = {u"idle"_s}, .who = u"somebody"_s, .blocks = false, .user = 0, .process = 4'000'000'000},
-            {.what = {u"sleep"_s}, .who = {}, .blocks = false, .user = 1001, .process = 7}};
+            {.what = {u"idle"_s}, .who = u"somebody"_s, .why = u"because"_s, .user = 0, .process = 4'000'000'000},
+            {.what = {u"sleep"_s}, .who = {}, .why = u"because"_s, .blocksWeakly = true, .user = 1001, .process = 7}};
         QCOMPARE(list(), Inhibitors(expected));
     }
 

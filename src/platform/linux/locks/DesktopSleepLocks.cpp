@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/locks/DesktopSleepLocks.h"
+
+#include "platform/linux/locks/LockList.h"
+#include "platform/linux/locks/LockReading.h"
+
+#include <utility>
+
+namespace Tarvik {
+
+DesktopSleepLocks::DesktopSleepLocks(QDBusConnection systemBus,
+    QDBusConnection sessionBus,
+    ProgramNames::Applications applications,
+    bool isWayland,
+    Clock& clock)
+    : m_systemBus(std::move(systemBus))
+    , m_sessionBus(std::move(sessionBus))
+    , m_names(std::move(applications))
+    , m_isWayland(isWayland)
+    , m_clock(clock)
+{
+}
+
+DesktopSleepLocks::~DesktopSleepLocks() = default;
+
+void DesktopSleepLocks::list(std::function<void(const SleepLockList&)> done)
+{
+    m_receivers.push_back(std::move(done));
+    if (m_reading)
+        return;
+    const auto finish = [this](const LockAnswers& answers) {
+        m_reading.reset();
+        const SleepLockList list = LockList::of(answers, m_names);
+        for (const auto& receiver : std::exchange(m_receivers, {}))
+            receiver(list);
+    };
+    m_reading = std::make_unique<LockReading>(m_systemBus, m_sessionBus, m_isWayland, m_clock, finish);
+}
+
+} // namespace Tarvik

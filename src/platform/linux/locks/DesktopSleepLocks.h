@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Tarvik authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/SleepLocks.h"
+#include "platform/linux/locks/ProgramNames.h"
+
+#include <QDBusConnection>
+
+#include <memory>
+#include <vector>
+
+namespace Tarvik {
+
+class LockReading;
+
+/// The locks of logind, of the session manager (org.gnome.SessionManager) and of the desktop's power manager.
+class DesktopSleepLocks final : public SleepLocks {
+public:
+    /// Either bus may be without connection. `isWayland`: a compositor has the screen. `clock` must outlive the object.
+    DesktopSleepLocks(QDBusConnection systemBus,
+        QDBusConnection sessionBus,
+        ProgramNames::Applications applications,
+        bool isWayland,
+        Clock& clock);
+    ~DesktopSleepLocks() override;
+    DesktopSleepLocks(const DesktopSleepLocks&) = delete;
+    DesktopSleepLocks& operator=(const DesktopSleepLocks&) = delete;
+
+    void list(std::function<void(const SleepLockList&)> done) override;
+
+private:
+    QDBusConnection m_systemBus;
+    QDBusConnection m_sessionBus;
+    ProgramNames m_names;
+    bool m_isWayland;
+    Clock& m_clock;
+    /// Those that wait for the reading that is under way.
+    std::vector<std::function<void(const SleepLockList&)>> m_receivers;
+    std::unique_ptr<LockReading> m_reading;
+};
+
+} // namespace Tarvik
