@@ -15,6 +15,7 @@
 #include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
 #include "platform/linux/helper/SystemdHelperService.h"
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
+#include "platform/linux/idle/DesktopIdleSleep.h"
 #include "platform/linux/locks/DesktopSleepLocks.h"
 #include "platform/linux/power/FallbackPowerSources.h"
 #include "platform/linux/power/LogindLidSensor.h"
@@ -147,6 +148,11 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           DisplaySessionLifetime::Display{.x11 = x11, .waylandSocket = waylandSocket()}, systemBus, clock))
     , sleepLocks(std::make_unique<DesktopSleepLocks>(
           systemBus, sessionBus, applicationNames(desktopFiles), isWayland(), clock))
+    , idleSleep(std::make_unique<DesktopIdleSleep>(systemBus,
+          sessionBus,
+          IdleReading::Desktop{.plasmaRelease = qEnvironmentVariableIntValue("KDE_SESSION_VERSION"),
+              .configDirectories = QStringList{configHome()} + systemConfigDirectories()},
+          clock))
 {
 }
 

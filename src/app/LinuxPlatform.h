@@ -8,6 +8,7 @@
 #include "platform/HelperService.h"
 #include "platform/HookChannel.h"
 #include "platform/HotKeys.h"
+#include "platform/IdleSleep.h"
 #include "platform/LidSensor.h"
 #include "platform/LoginItem.h"
 #include "platform/PowerAssertions.h"
@@ -72,6 +73,7 @@ struct LinuxPlatform {
     std::unique_ptr<ProgramFile> programFile;
     std::unique_ptr<SessionLifetime> sessionLifetime;
     std::unique_ptr<SleepLocks> sleepLocks;
+    std::unique_ptr<IdleSleep> idleSleep;
 };
 
 } // namespace Tarvik
