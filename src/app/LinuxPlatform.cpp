@@ -14,6 +14,7 @@
 #include "platform/linux/assertions/DesktopPowerAssertions.h"
 #include "platform/linux/assertions/X11ScreenSaverInhibitor.h"
 #include "platform/linux/helper/SystemdHelperService.h"
+#include "platform/linux/history/SystemSleepHistory.h"
 #include "platform/linux/hotkeys/DesktopHotKeys.h"
 #include "platform/linux/idle/DesktopIdleSleep.h"
 #include "platform/linux/locks/DesktopSleepLocks.h"
@@ -153,6 +154,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           IdleReading::Desktop{.plasmaRelease = qEnvironmentVariableIntValue("KDE_SESSION_VERSION"),
               .configDirectories = QStringList{configHome()} + systemConfigDirectories()},
           clock))
+    , sleepHistory(std::make_unique<SystemSleepHistory>(systemBus, clock, SystemSleepHistory::Journal{}))
 {
 }
 

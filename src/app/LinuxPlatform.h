@@ -19,6 +19,7 @@
 #include "platform/ScreenLock.h"
 #include "platform/SessionLifetime.h"
 #include "platform/SleepControl.h"
+#include "platform/SleepHistory.h"
 #include "platform/SleepLocks.h"
 #include "platform/ThermalState.h"
 #include "platform/TrayItem.h"
@@ -74,6 +75,7 @@ struct LinuxPlatform {
     std::unique_ptr<SessionLifetime> sessionLifetime;
     std::unique_ptr<SleepLocks> sleepLocks;
     std::unique_ptr<IdleSleep> idleSleep;
+    std::unique_ptr<SleepHistory> sleepHistory;
 };
 
 } // namespace Tarvik
