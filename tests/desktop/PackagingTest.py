@@ -40,31 +40,61 @@ class ListsTest(unittest.TestCase):
         self.assertIn("debhelper", needed & listed_packages("package"))
 
 
-class RemovalTest(unittest.TestCase):
-    """The engine's postrm in a root of its own, as dpkg --root calls it."""
+class ToolTest(unittest.TestCase):
+    """The engine's scripts in a root of its own, as dpkg --root calls them."""
 
     def setUp(self):
         directory = tempfile.TemporaryDirectory()
         self.addCleanup(directory.cleanup)
         self.root = pathlib.Path(directory.name)
         self.tool = self.root / SHARED_SUPPORT / "tarvik"
-        # As in every system, something else lies there.
-        (self.root / "usr/lib/other").mkdir(parents=True)
+        self.unpack()
+        self.call("postinst", "configure", "")
 
-    def postrm(self, *arguments):
-        subprocess.run(["sh", DEBIAN / "tarvik-engine.postrm", *arguments], check=True,
+    def unpack(self):
+        """As in every system, something else lies beside it."""
+        for directory in ("usr/bin", "usr/lib/other", SHARED_SUPPORT.parent):
+            (self.root / directory).mkdir(parents=True, exist_ok=True)
+        (self.root / "usr/bin/tarvik").write_text("#!/bin/sh\necho the tool\n", encoding="utf-8")
+        (self.root / "usr/bin/tarvik").chmod(0o755)
+
+    def call(self, script, *arguments):
+        subprocess.run(["sh", DEBIAN / f"tarvik-engine.{script}", *arguments], check=True,
                        env={"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DPKG_ROOT": str(self.root)})
+
+    def remove(self):
+        self.call("prerm", "remove")
+        (self.root / "usr/bin/tarvik").unlink()
+        self.call("postrm", "remove")
 
     def run_tool(self, *arguments, **options):
         answer = subprocess.run([self.tool, *arguments], capture_output=True, text=True, check=False, timeout=PATIENCE, **options)
         return answer.returncode, answer.stdout, answer.stderr
 
+    def test_the_bundle_has_the_tool(self):
+        self.assertEqual(self.run_tool(), (0, "the tool\n", ""))
+
     def test_after_removal_hooks_go_on_without_a_word(self):
-        self.postrm("remove")
+        self.remove()
         self.assertEqual(self.run_tool("hook", "--tool", "claude", input="{}" * 100_000), (0, "", ""))
 
+    def test_there_is_a_tool_from_the_beginning_of_the_removal_to_its_end(self):
+        self.call("prerm", "remove")
+        self.assertEqual(self.run_tool("hook", "--tool", "claude", input="{}"), (0, "", ""))
+
+    def test_a_removal_that_does_not_come_about_changes_nothing(self):
+        self.call("prerm", "remove")
+        self.call("postinst", "abort-remove")
+        self.assertEqual(self.run_tool(), (0, "the tool\n", ""))
+
+    def test_installed_again_it_is_the_tool_again(self):
+        self.remove()
+        self.unpack()
+        self.call("postinst", "configure", "")
+        self.assertEqual(self.run_tool(), (0, "the tool\n", ""))
+
     def test_an_agent_that_does_not_close_its_end_is_not_waited_for(self):
-        self.postrm("remove")
+        self.remove()
         agent = subprocess.Popen(["sleep", "infinity"], stdout=subprocess.PIPE)
         self.addCleanup(agent.stdout.close)
         self.addCleanup(agent.wait)
@@ -72,31 +102,30 @@ class RemovalTest(unittest.TestCase):
         self.assertEqual(self.run_tool("hook", "--tool", "claude", stdin=agent.stdout), (0, "", ""))
 
     def test_after_removal_people_are_told(self):
-        self.postrm("remove")
+        self.remove()
         status, said, complaint = self.run_tool("hold", "touch", str(self.root / "was-run"))
         self.assertEqual((status, said), (127, ""))
         self.assertIn("removed", complaint)
 
     def test_purging_leaves_nothing(self):
-        self.postrm("remove")
-        self.postrm("purge")
+        self.remove()
+        self.call("postrm", "purge")
         self.assertEqual([path.name for path in (self.root / "usr/lib").iterdir()], ["other"])
-        self.postrm("purge")
+        self.call("postrm", "purge")
 
     def test_purging_leaves_what_others_have_put_there(self):
-        self.postrm("remove")
+        self.remove()
         foreign = self.root / SHARED_SUPPORT / "foreign"
         foreign.touch()
-        self.postrm("purge")
+        self.call("postrm", "purge")
         self.assertFalse(self.tool.exists())
         self.assertTrue(foreign.exists())
 
     def test_an_upgrade_touches_nothing(self):
-        self.tool.parent.mkdir(parents=True)
-        self.tool.write_text("the new one", encoding="utf-8")
-        for step in (("upgrade", "2.0"), ("failed-upgrade", "1.0"), ("abort-upgrade", "1.0"), ("disappear", "other", "1.0")):
-            self.postrm(*step)
-        self.assertEqual(self.tool.read_text(encoding="utf-8"), "the new one")
+        before = self.tool.lstat()
+        self.call("prerm", "upgrade", "2.0")
+        self.call("postrm", "upgrade", "2.0")
+        self.assertEqual(self.tool.lstat(), before)
 
 
 if __name__ == "__main__":

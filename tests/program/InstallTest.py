@@ -31,6 +31,7 @@ HELPER_FILES = {
     HELPER,
     "share/dbus-1/system.d/com.morvanta.Tarvik.helper.conf",
     "share/polkit-1/actions/com.morvanta.Tarvik.helper.policy",
+    "share/man/man8/tarvik-helper.8",
     HELPER_UNIT,
     HELPER_BUS_SERVICE,
 }
