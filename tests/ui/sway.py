@@ -36,11 +36,12 @@ SCREENS = (1280 + 1024, 800)
 
 
 class Sway:
-    def __init__(self, bar="top"):
+    def __init__(self, bar="top", bars=""):
+        """`bars` are more of them, as they stand in sway's configuration."""
         self.processes = []
         self.seat = None
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="sway-"))
-        (self.directory / "config").write_text(CONFIGURATION.replace("@BAR@", bar), encoding="utf-8")
+        (self.directory / "config").write_text(CONFIGURATION.replace("@BAR@", bar) + bars, encoding="utf-8")
         # sway does not run for root, and its clients may be anybody's who reaches its sockets.
         ordinary = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.geteuid() == 0 else {}
         for path in (self.directory, self.directory / "config"):
@@ -63,8 +64,8 @@ class Sway:
         self.processes.append(process)
         return process
 
-    def start_bar(self):
-        self.start("swaybar", "--bar_id", "bar", stdout=self.log, stderr=self.log)
+    def start_bar(self, name="bar", **options):
+        self.start("swaybar", "--bar_id", name, stdout=self.log, stderr=self.log, **options)
 
     def close(self):
         if self.seat:
