@@ -26,6 +26,9 @@ public:
     /// Until the bus has gone, or has sent what cannot be read.
     bool isConnected() const { return m_socket.isValid(); }
 
+    /// For poll(2): readable when there is something to read for nextMessage(), or the connection has ended.
+    int descriptor() const { return m_socket.get(); }
+
     /// Logs in, sends the messages, and answers the reply to the last of them. Nothing when
     /// the bus refused, went away, or did not answer in time; what was sent may have arrived then.
     std::optional<DBusMessage> exchange(const std::vector<DBusMessage>& messages, Deadline deadline);

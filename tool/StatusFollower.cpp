@@ -7,6 +7,9 @@
 
 #include "dbus/contracts/TarvikWire.h"
 
+#include <poll.h>
+
+#include <array>
 #include <string>
 #include <utility>
 
@@ -65,22 +68,16 @@ static std::optional<Connection> subscribe(const std::vector<BusAddress>& buses,
     return first;
 }
 
-/// Waits until something may have changed, or the bus has gone; for this long at most where there is a limit.
-static bool awaitChange(SessionBus& bus, std::optional<std::chrono::milliseconds> limit)
+/// Waits until the bus has something to say or this time, in milliseconds, is over; -1 is without end. False when
+/// nobody is left to read the output.
+static bool awaitNews(const SessionBus& bus, int output, int timeout)
 {
-    bool isHeard = false;
-    do {
-        isHeard = bus.nextMessage(Deadline(limit.value_or(1h))).has_value();
-    } while (!isHeard && !limit && bus.isConnected());
-    const Deadline end(pause);
-    while (isHeard && !end.hasPassed() && bus.nextMessage(end)) { }
-    return isHeard;
+    std::array<pollfd, 2> entries{{{bus.descriptor(), POLLIN, 0}, {output, 0, 0}}};
+    poll(entries.data(), entries.size(), timeout);
+    return entries[1].revents == 0;
 }
 
-void followStatus(bool asJson,
-    const std::vector<BusAddress>& buses,
-    uid_t user,
-    const std::function<void(const std::optional<StatusReport>&)>& tell)
+void followStatus(bool asJson, const std::vector<BusAddress>& buses, uid_t user, int output, const TellStatus& tell)
 {
     auto connection = subscribe(buses, user);
     int attempts = 0;
@@ -89,7 +86,12 @@ void followStatus(bool asJson,
             = askForStatus(StatusQuestion::status, asJson, {connection->address}, user, Deadline(patience));
         tell(report);
         const bool mayBeStarting = !report && attempts < startAttempts;
-        const bool isHeard = awaitChange(connection->bus, mayBeStarting ? std::optional(startPause) : std::nullopt);
+        if (!awaitNews(connection->bus, output, mayBeStarting ? static_cast<int>(startPause.count()) : -1))
+            return;
+        const Deadline end(pause);
+        bool isHeard = false;
+        while (connection->bus.nextMessage(isHeard ? end : Deadline(0ms)) && !end.hasPassed())
+            isHeard = true;
         attempts = isHeard ? 0 : attempts + 1;
     }
 }

@@ -10,12 +10,12 @@
 
 namespace Tarvik {
 
-/// Calls `tell` with what the Tarvik that runs on one of these buses says of itself, and again whenever that may have
-/// changed, also when it ends or another one starts; nothing when none runs. Waits for its signals and asks then.
-/// Returns when the bus has gone, and without any call when no bus answers in time.
-void followStatus(bool asJson,
-    const std::vector<BusAddress>& buses,
-    uid_t user,
-    const std::function<void(const std::optional<StatusReport>&)>& tell);
+/// Is called with what a Tarvik says of itself; with nothing when none runs.
+using TellStatus = std::function<void(const std::optional<StatusReport>&)>;
+
+/// Calls `tell` with the status of the Tarvik that runs on one of these buses, and again whenever it may have changed,
+/// also when it ends or another one starts. Waits for its signals and asks then. Returns when the bus has gone, or
+/// nobody reads `output` any more; without any call when no bus answers in time.
+void followStatus(bool asJson, const std::vector<BusAddress>& buses, uid_t user, int output, const TellStatus& tell);
 
 } // namespace Tarvik

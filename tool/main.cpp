@@ -98,7 +98,7 @@ static int runFollow(bool asJson, const InvokingUser& user, const std::vector<Bu
         // Whoever reads it waits for the line, not for a buffer full of them.
         std::fflush(stdout);
     };
-    followStatus(asJson, buses, user.user, tell);
+    followStatus(asJson, buses, user.user, STDOUT_FILENO, tell);
     if (last.empty())
         tell({});
     return notRunningStatus;

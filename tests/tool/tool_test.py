@@ -807,6 +807,14 @@ class FollowTest(ToolTestCase):
         self.assertEqual(process.wait(timeout=PATIENCE), 2)
         self.wait_for(self.NOT_RUNNING)
 
+    def test_it_ends_when_nobody_reads_it_any_more(self):
+        environment = {"DBUS_SESSION_BUS_ADDRESS": self.bus.address}
+        process = subprocess.Popen([TOOL, "status", "--follow"], env=environment, stdout=subprocess.PIPE)
+        self.addCleanup(process.kill)
+        self.assertEqual(process.stdout.readline().decode(), f"{self.NOT_RUNNING}\n")
+        process.stdout.close()
+        self.assertEqual(process.wait(timeout=PATIENCE), 2)
+
     def test_it_waits_without_doing_anything(self):
         process = self.follow()
         self.wait_for(self.NOT_RUNNING)
