@@ -31,6 +31,8 @@ class Desktop:
     leave_display_on = "xset -dpms"
     # A shell script: only the lid makes the machine sleep.
     lid_only = ""
+    # Id and program of an application with windows that no X server knows.
+    wayland_application = ""
     # Name: shell script that starts it anew, in the session.
     restarts = {}
 
@@ -282,6 +284,8 @@ class Sway(Desktop):
     services = ()
     has_x_server = False
     reads_autostart = False
+    lid_only = "pkill -x swayidle || true"
+    wayland_application = "foot"
     swayidle = "(swayidle timeout {} 'systemctl suspend' >/dev/null 2>&1 &)"
     restarts = {
         "panel": "swaymsg reload",
@@ -313,9 +317,8 @@ class Labwc(Sway):
     name = "labwc"
     restarts = {**Sway.restarts, "panel": "pkill -x waybar; (waybar >/dev/null 2>&1 &)"}
 
-    def set_up(self, machine):
-        super().set_up(machine)
-        machine.shell(self.restarts["panel"])
+    def furnish(self, machine):
+        machine.write("/home/dev/.config/labwc/autostart", "waybar >/dev/null 2>&1 &\n")
 
 
 class Bare(Desktop):

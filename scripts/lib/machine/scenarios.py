@@ -201,6 +201,24 @@ def opens_panel(context):
     return "opened"
 
 
+def application(context):
+    """A Wayland window of a chosen application is work until it is closed."""
+    if not context.desktop.wayland_application:
+        raise NotHere("no Wayland application")
+    name = context.desktop.wayland_application
+    context.expect_awake(False)
+    context.call("Settings1", "AddToAllowlist", "ss", name, name)
+    try:
+        context.machine.shell(f"({name} >/dev/null 2>&1 &)")
+        context.expect_awake()
+        context.machine.shell(f"pkill -x {name}")
+        context.expect_awake(False)
+    finally:
+        context.machine.shell(f"pkill -x {name}", check=False)
+        context.call("Settings1", "RemoveFromAllowlist", "s", name)
+    return "seen, gone"
+
+
 def display(context):
     """With "keep display on" the display stays on during the work, without it goes off."""
     if not context.desktop.has_x_server:
@@ -417,6 +435,7 @@ ALL = {
     "no-work": without_work,
     **{f"before-{name}": ends_before(work) for name, work in WORKS.items()},
     **{f"after-{name}": ends_after(work) for name, work in WORKS.items()},
+    "application": application,
     "display": display,
     "mains": mains,
     "helper": helper,
