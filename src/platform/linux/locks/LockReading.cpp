@@ -78,7 +78,7 @@ void LockReading::askLogind()
         BusNames::logind, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"IdleAction"_s);
     m_round.askSystem(idleAction, [this](const QDBusMessage& answer) {
         const auto action = DBusProperties::exactly<QString>(DBusProperties::propertyIn(answer));
-        m_answers.facts.logindActsOnIdle = action && *action != "ignore"_L1;
+        m_answers.facts.logindSleepsOnIdle = action && *action != "ignore"_L1 && *action != "lock"_L1;
     });
     m_round.askSystem(SystemdVersion::question(),
         [this](const QDBusMessage& answer) { m_answers.facts.systemdVersion = SystemdVersion::in(answer); });

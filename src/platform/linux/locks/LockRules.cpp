@@ -26,7 +26,7 @@ SleepLockEffects ofSleepLock(const LogindInhibitor& inhibitor, const LockFacts& 
         // logind passes over it where it acts on the lid itself.
         effects.setFlag(lid, facts.hasLidDaemon);
     }
-    if (facts.logindActsOnIdle || (facts.kde && inhibitor.blocks))
+    if (facts.logindSleepsOnIdle || (facts.kde && inhibitor.blocks))
         effects |= idleSleep;
     return effects;
 }
@@ -34,7 +34,7 @@ SleepLockEffects ofSleepLock(const LogindInhibitor& inhibitor, const LockFacts& 
 SleepLockEffects ofIdleLock(const LogindInhibitor& inhibitor, const LockFacts& facts)
 {
     SleepLockEffects effects;
-    effects.setFlag(idleSleep, facts.logindActsOnIdle);
+    effects.setFlag(idleSleep, facts.logindSleepsOnIdle);
     if (inhibitor.blocks && (facts.kde || facts.idleDaemonHeedsLogind))
         effects |= idleSleep | idleDisplay;
     return effects;

@@ -14,8 +14,8 @@ struct LockFacts {
     /// 0 where systemd does not answer.
     int systemdVersion = 0;
     std::uint32_t ownUser = 0;
-    /// logind itself is set to act when nobody is active.
-    bool logindActsOnIdle = false;
+    /// logind itself is set to sleep, or to shut down, when nobody is active.
+    bool logindSleepsOnIdle = false;
     /// PowerDevil is there, which takes over what logind lists.
     bool kde = false;
     /// swayidle or hypridle, which stand still while logind lists an "idle" lock.

@@ -102,6 +102,8 @@ private Q_SLOTS:
         m_logind->properties.insert(u"IdleAction"_s, u"suspend"_s);
         startLogind({{u"idle"_s, getuid(), unknownProcess}});
         QCOMPARE(list().locks.constFirst().effects, SleepLockEffects(idleSleep));
+        m_logind->properties.insert(u"IdleAction"_s, u"lock"_s);
+        QCOMPARE(list().locks.constFirst().effects, SleepLockEffects());
     }
 
     void theSessionManagersInhibitorsAreListed()

@@ -44,7 +44,7 @@ const LockFacts kde13{.systemdVersion = 257, .ownUser = ownUser, .kde = true, .h
 const LockFacts xfce12{.systemdVersion = 252, .ownUser = ownUser, .hasLidDaemon = true};
 const LockFacts xfce13{.systemdVersion = 257, .ownUser = ownUser, .hasLidDaemon = true};
 const LockFacts swayidle{.systemdVersion = 252, .ownUser = ownUser, .idleDaemonHeedsLogind = true};
-const LockFacts idleAction{.systemdVersion = 252, .ownUser = ownUser, .logindActsOnIdle = true};
+const LockFacts idleAction{.systemdVersion = 252, .ownUser = ownUser, .logindSleepsOnIdle = true};
 
 } // namespace
 
