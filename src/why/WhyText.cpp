@@ -68,7 +68,7 @@ QString awakeByOthers(const QList<SleepLock>& locks)
 
 QString secret(const QStringList& services)
 {
-    return QCoreApplication::translate("WhyText", "what %1 does when nobody uses it is not known")
+    return QCoreApplication::translate("WhyText", "what %1 would do when nobody uses it is not known")
         .arg(listed(services));
 }
 
@@ -143,8 +143,7 @@ QStringList remarks(const WhyReport& report)
             QCoreApplication::translate("WhyText", "Tarvik does not keep it awake (%1).").arg(report.statusReason));
     } else if (!isKept) {
         sentences.append(QCoreApplication::translate("WhyText",
-            "Tarvik wants to keep it awake, but none of its locks is known to have an effect here: it may go to sleep "
-            "while work is going on."));
+            "Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same."));
     }
     if (const QList<SleepLock> others = WhyRules::othersKeepingAwake(report); isKept && !others.isEmpty()) {
         sentences.append(

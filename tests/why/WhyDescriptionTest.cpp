@@ -87,7 +87,7 @@ private Q_SLOTS:
                                  u"  Do not tell       KDE power management\n"
                                  u"  When idle         logind does not put it to sleep\n"
                                  u"                    GNOME suspends it after 20 min without activity\n"
-                                 u"                    what swayidle does when nobody uses it is not known\n"
+                                 u"                    what swayidle would do when nobody uses it is not known\n"
                                  u"  Hooks             Claude Code, last event 22:12\n"
                                  u"                    Codex, no event yet\n"
                                  u"  Lately            2023-11-13 21:13  Tarvik: Dozing — nothing to watch\n"

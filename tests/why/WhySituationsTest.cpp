@@ -29,8 +29,7 @@ const auto wouldBeSuspended = u"Nothing holds this computer awake; GNOME suspend
 const auto isDozing = u"Tarvik does not keep it awake (Dozing — nothing to watch)."_s;
 const auto isAtWork = u"Tarvik keeps this computer awake because work is going on: Claude Code."_s;
 const auto isInVain
-    = u"Tarvik wants to keep it awake, but none of its locks is known to have an effect here: it may go to "
-      u"sleep while work is going on."_s;
+    = u"Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same."_s;
 
 } // namespace
 
@@ -147,7 +146,8 @@ private Q_SLOTS:
                 m.idleSleep.current = {logindDoesNothing, swayidle};
             },
             false,
-            {u"Nothing holds this computer awake; what swayidle does when nobody uses it is not known."_s, isDozing});
+            {u"Nothing holds this computer awake; what swayidle would do when nobody uses it is not known."_s,
+                isDozing});
         situation("nobody, and no service is known",
             [](auto&) {},
             false,
