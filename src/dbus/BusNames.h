@@ -21,6 +21,7 @@ inline const auto mutterDisplayConfig = QStringLiteral("org.gnome.Mutter.Display
 inline const auto matePowerManager = QStringLiteral("org.mate.PowerManager");
 inline const auto cinnamonPowerManager = QStringLiteral("org.cinnamon.SettingsDaemon.Power");
 inline const auto lxqtSession = QStringLiteral("org.lxqt.session");
+inline const auto lxqtPowerManager = QStringLiteral("org.lxqt.lxqt-powermanagement");
 inline const auto powerManagement = QStringLiteral("org.freedesktop.PowerManagement");
 inline const auto screenSaver = QStringLiteral("org.freedesktop.ScreenSaver");
 inline const auto gnomeScreenSaver = QStringLiteral("org.gnome.ScreenSaver");

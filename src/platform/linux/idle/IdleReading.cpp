@@ -28,7 +28,8 @@ QStringList sessionNames()
         BusNames::xfcePowerManager,
         BusNames::gnomePowerManager,
         BusNames::matePowerManager,
-        BusNames::cinnamonPowerManager};
+        BusNames::cinnamonPowerManager,
+        BusNames::lxqtPowerManager};
 }
 
 /// Programs that run what their own configuration says after a time without activity.
@@ -140,9 +141,6 @@ void IdleReading::finish()
         if (running.contains(daemon))
             rules.append({.service = daemon, .action = {}, .after = {}});
     }
-    // LXQt's has no name on the bus.
-    if (running.contains("lxqt-powermanag"_L1))
-        rules.append(LxqtIdleRule::read(m_isOnMains));
     // It may destroy this.
     const auto done = m_done;
     done(rules);
@@ -167,6 +165,8 @@ QList<IdleSleepRule> IdleReading::rulesOfDesktop() const
         rules.append(GSettingsIdleRules::cinnamon(m_isOnMains));
     if (m_round.isThere(BusNames::matePowerManager))
         rules.append(GSettingsIdleRules::mate(m_isOnMains));
+    if (m_round.isThere(BusNames::lxqtPowerManager))
+        rules.append(LxqtIdleRule::read(m_isOnMains));
     return rules;
 }
 

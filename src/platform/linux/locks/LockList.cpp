@@ -3,7 +3,6 @@
 #include "platform/linux/locks/LockList.h"
 
 #include "platform/linux/inhibitors/ServiceLabels.h"
-#include "platform/linux/kernel/OwnProcesses.h"
 
 #include <unistd.h>
 
@@ -68,13 +67,9 @@ void dropLidDaemons(LockAnswers& answers)
 {
     if (!answers.logind)
         return;
-    const auto isOfDaemon = [&](const LogindInhibitor& inhibitor) {
-        // LXQt's has no name on the bus.
-        return answers.lidDaemonProcesses.contains(inhibitor.process)
-            || OwnProcesses::name(inhibitor.process) == "lxqt-powermanag"_L1;
-    };
     answers.logind->removeIf([&](const LogindInhibitor& inhibitor) {
-        return isOfDaemon(inhibitor) && LockRules::effects(inhibitor, answers.facts) == SleepLockEffects();
+        return answers.lidDaemonProcesses.contains(inhibitor.process)
+            && LockRules::effects(inhibitor, answers.facts) == SleepLockEffects();
     });
 }
 

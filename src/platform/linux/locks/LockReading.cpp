@@ -25,8 +25,11 @@ namespace {
 QStringList sessionNames()
 {
     return LidDaemons::names()
-        + QStringList{
-            BusNames::sessionManager, BusNames::gnomePowerManager, BusNames::powerManagement, BusNames::screenSaver};
+        + QStringList{BusNames::sessionManager,
+            BusNames::lxqtPowerManager,
+            BusNames::gnomePowerManager,
+            BusNames::powerManagement,
+            BusNames::screenSaver};
 }
 
 bool isTrue(const QDBusMessage& answer)
@@ -87,7 +90,8 @@ void LockReading::askLogind()
 void LockReading::askForProcesses()
 {
     askForProcess(BusNames::sessionManager, [this](qint64 process) { m_answers.sessionManagerProcess = process; });
-    const QStringList lidDaemons = LidDaemons::names();
+    // The lid is not LXQt's session's own business.
+    const QStringList lidDaemons = LidDaemons::names() + QStringList{BusNames::lxqtPowerManager};
     for (const QString& name : lidDaemons)
         askForProcess(name, [this](qint64 process) { m_answers.lidDaemonProcesses.append(process); });
 }

@@ -9,6 +9,7 @@
 #include "support/TestSupport.h"
 
 #include <QProcess>
+#include <QSettings>
 
 #include <gio/gio.h>
 
@@ -172,6 +173,14 @@ private Q_SLOTS:
         m_desktop.plasmaRelease = 0;
         QCOMPARE(read(), (Rules{{.service = u"Plasma"_s, .action = {}, .after = {}}}));
         m_desktop = {};
+    }
+
+    void lxqtsRuleIsThatOfItsFile()
+    {
+        QTemporaryDir config;
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config.path());
+        appear(u"org.lxqt.lxqt-powermanagement"_s);
+        QCOMPARE(read(), (Rules{{.service = u"LXQt"_s, .action = nothing, .after = {}}}));
     }
 
     void anIdleDaemonHasSecretsOfItsOwn()
