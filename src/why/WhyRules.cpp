@@ -21,13 +21,20 @@ bool isSooner(const IdleSleepRule& a, const IdleSleepRule& b)
 
 } // namespace
 
+bool isSetToStayAwake(const WhyReport& report)
+{
+    return !report.idleRules.isEmpty() && std::ranges::all_of(report.idleRules, [](const IdleSleepRule& rule) {
+        return rule.action == IdleSleepAction::nothing;
+    });
+}
+
 bool isEffective(const WhyReport& report, const PowerAssertionHold& hold)
 {
     const auto isOursThere = [&](const SleepLock& lock) { return lock.isOurs && lock.service == hold.service; };
     const auto isInVain = [&](const SleepLock& lock) { return isOursThere(lock) && !lock.effects; };
     const QList<SleepLock>& locks = report.locks.locks;
     return hold.effective
-        && (std::ranges::none_of(locks, isInVain)
+        && (isSetToStayAwake(report) || std::ranges::none_of(locks, isInVain)
             || std::ranges::any_of(locks, [&](const SleepLock& lock) { return isOursThere(lock) && lock.effects; }));
 }
 

@@ -7,8 +7,11 @@
 /// What a report comes to.
 namespace Tarvik::WhyRules {
 
+/// Everybody who might put the computer to sleep is known, and set not to.
+bool isSetToStayAwake(const WhyReport& report);
+
 /// Whether the hold stands in the way of anything: its service has confirmed it and does not count it among the locks
-/// that nobody on this desktop goes by.
+/// that nobody goes by who puts the computer to sleep. Where nobody does, none has to.
 bool isEffective(const WhyReport& report, const PowerAssertionHold& hold);
 
 /// Tarvik keeps the computer from sleeping for lack of activity.

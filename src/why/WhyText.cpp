@@ -84,9 +84,9 @@ QString whatWouldFollow(const WhyReport& report)
     }
     if (!secretive.isEmpty())
         return secret(secretive);
-    return report.idleRules.isEmpty()
-        ? QCoreApplication::translate("WhyText", "what would put it to sleep is not known")
-        : QCoreApplication::translate("WhyText", "nothing here is set to put it to sleep");
+    return WhyRules::isSetToStayAwake(report)
+        ? QCoreApplication::translate("WhyText", "nothing here is set to put it to sleep")
+        : QCoreApplication::translate("WhyText", "what would put it to sleep is not known");
 }
 
 QString sleepClause(const WhyReport& report, const PastSleep& sleep)
@@ -150,6 +150,8 @@ QStringList remarks(const WhyReport& report)
             QCoreApplication::translate("WhyText", "It would stay awake without Tarvik, too, because of %1.")
                 .arg(programs(others)));
     }
+    if (isKept && WhyRules::isSetToStayAwake(report))
+        sentences.append(QCoreApplication::translate("WhyText", "Nothing here is set to put it to sleep anyway."));
     if (report.runsWithLidClosed) {
         sentences.append(
             QCoreApplication::translate("WhyText", "Its lid is closed, and Tarvik keeps it running all the same."));

@@ -186,6 +186,14 @@ private Q_SLOTS:
             },
             false,
             {wouldBeSuspended, isInVain});
+        situation("an agent, though nobody goes by Tarvik's hold, as nobody would put it to sleep",
+            [](auto& m) {
+                m.play({u"work claude"_s});
+                m.locks.current.locks = {FakeSleepLocks::ours(u"fake"_s, {})};
+                m.idleSleep.current = {logindDoesNothing};
+            },
+            true,
+            {isAtWork, u"Nothing here is set to put it to sleep anyway."_s});
         situation("an agent, as one of two locks of Tarvik's at a service counts",
             [](auto& m) {
                 m.play({u"work claude"_s});
