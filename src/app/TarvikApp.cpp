@@ -63,6 +63,16 @@ TarvikApp::TarvikApp(
                    m_upgrade,
                    m_platform.clock},
           m_platform.bundle.shortVersion)
+    , m_why({m_coordinator,
+          m_power,
+          *m_platform.powerAssertions,
+          m_journal,
+          m_hookFiles,
+          m_lastHookEvents,
+          *m_platform.sleepLocks,
+          *m_platform.idleSleep,
+          *m_platform.sleepHistory,
+          m_platform.clock})
     , m_tray(m_coordinator, m_settings, *m_platform.trayItem, m_platform.clock)
     , m_busObject(sessionBus)
 {
@@ -103,6 +113,7 @@ void TarvikApp::offerOnBus(const QDBusConnection& sessionBus)
     m_busObject.add(BusInterfaces::lidClosed(m_lidClosed, m_coordinator, m_power, sessionBus));
     m_busObject.add(BusInterfaces::updater(m_updater, sessionBus));
     m_busObject.add(BusInterfaces::hooks(m_hookFiles, m_lastHookEvents, sessionBus));
+    m_busObject.add(BusInterfaces::why(m_why, sessionBus));
 }
 
 } // namespace Tarvik

@@ -22,6 +22,7 @@
 #include "monitors/ThermalMonitor.h"
 #include "updates/Updater.h"
 #include "updates/Upgrade.h"
+#include "why/WhyCollector.h"
 
 #include <functional>
 
@@ -56,6 +57,7 @@ private:
     Idleness m_idleness;
     Upgrade m_upgrade;
     StatusObject m_status;
+    WhyCollector m_why;
     TrayPresenter m_tray;
     BusObject m_busObject;
     Subscription m_sessionEnd;

@@ -5,6 +5,7 @@
 import json
 import os
 import pathlib
+import shutil
 import signal
 import socket
 import subprocess
@@ -327,6 +328,58 @@ class OtherProgramsChangesTest(TarvikTestCase):
         eventually(lambda: self.setting("launchAtLogin"), "it is back", 1)
         entry.write_text(text + "Hidden=true\n", encoding="utf-8")
         eventually(lambda: not self.setting("launchAtLogin"), "it is switched off", 1)
+
+
+class ExplanationTest(TarvikTestCase):
+    @staticmethod
+    def explain():
+        """What "tarvik why" says as JSON, and its exit status."""
+        answer = subprocess.run([program.TOOL, "why", "--json"], capture_output=True, text=True, check=False)
+        return json.loads(answer.stdout), answer.returncode
+
+    def start_lock(self, who, why):
+        lock = subprocess.Popen(["systemd-inhibit", "--what=sleep:idle", f"--who={who}", f"--why={why}", "--mode=block",
+                                 "sleep", "infinity"])
+        self.addCleanup(lock.wait)
+        self.addCleanup(lock.kill)
+        eventually(lambda: any(entry[1] == who for entry in inhibitors()), f"{who} holds its lock")
+        return lock
+
+    def test_the_lock_of_another_program_is_named_and_then_that_of_tarvik(self):
+        self.assertEqual(self.explain(), ({"isRunning": False}, 2))
+        # It goes by logind's locks, as nobody else does here.
+        daemon = self.config / "swayidle"
+        shutil.copy(program.SLEEPER, daemon)
+        idle_daemon = subprocess.Popen([daemon])
+        self.addCleanup(idle_daemon.wait)
+        self.addCleanup(idle_daemon.kill)
+        self.start_tarvik()
+        told, status = self.explain()
+        self.assertEqual((told["isKeptAwake"], told["tarvik"]["holds"], status), (False, [], 1))
+        self.assertTrue(told["whyAwake"].startswith("Nothing"), told["whyAwake"])
+        self.assertIn("swayidle", told["whyAwake"])
+        lock = self.start_lock("Backup", "Copying the photos")
+        told, status = self.explain()
+        self.assertEqual((told["whyAwake"], status), ("Backup keeps this computer awake (Copying the photos).", 0))
+        self.assertEqual(told["remarks"], ["Tarvik does not keep it awake (Dozing — nothing to watch)."])
+        self.programs.start("claude")
+        eventually(is_held, "held", program.POLL_PERIOD + 1)
+        told, status = self.explain()
+        self.assertEqual((told["whyAwake"], status), ("Tarvik keeps this computer awake because work is going on: Claude Code.", 0))
+        self.assertEqual(told["remarks"], ["It would stay awake without Tarvik, too, because of Backup."])
+        lock.kill()
+        eventually(lambda: self.explain()[0]["remarks"] == [], "the other lock is gone")
+        self.programs.stop()
+        eventually(is_not_held, "released", program.POLL_PERIOD + 1)
+        self.assertEqual(self.explain()[1], 1)
+
+    def test_an_explanation_is_for_people_as_well(self):
+        self.start_tarvik()
+        answer = subprocess.run([program.TOOL, "why"], capture_output=True, text=True, check=False)
+        self.assertEqual(answer.returncode, 1)
+        sentences, _, lists = answer.stdout.partition("\n\n")
+        self.assertIn("Tarvik does not keep it awake (Dozing — nothing to watch).", sentences.splitlines())
+        self.assertTrue(lists.startswith("  Tarvik holds off  nothing\n"), answer.stdout)
 
 
 class LoggingTest(TarvikTestCase):
