@@ -19,7 +19,7 @@ inline QString windowRequest(const QDBusMessage& message)
     }
     const bool isOfTarvik = message.interface().startsWith(QStringLiteral("com.morvanta."));
     const bool isLook = message.member() == QStringLiteral("RefreshHelperStatus")
-        || message.member() == QStringLiteral("RunningApplications");
+        || message.member() == QStringLiteral("RunningApplications") || message.member() == QStringLiteral("Explain");
     if (isOfTarvik && !isLook)
         return (QStringList(message.member()) + words).join(QLatin1Char(' '));
     if (message.member() == QStringLiteral("Set"))

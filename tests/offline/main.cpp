@@ -14,6 +14,8 @@
 //   updates on|off|checked  whether updates can be had; a check of which has just ended
 //   updates CHANNEL         how they come instead: system, source or manual
 //   upgrade                 another build of Tarvik is installed
+//   others NAME;NAME;...    other programs of these names hold the machine awake
+//   sleep SECONDS           the machine sleeps for so long
 //   forget                  clears the journal
 //   earlier SECONDS         sets the machine's clock back
 // Prints "entered LINE" once all of its consequences have been announced, "unknown LINE" for any other line. The
@@ -103,6 +105,16 @@ private:
             machine.hook({{u"action"_s, u"release"_s}, {u"session"_s, u"any"_s}, {u"tool"_s, value}});
             return HookSpec::find(value.toStdString()) != nullptr;
         }
+        if (word == u"others"_s) {
+            m_tarvik.locks.current.locks.clear();
+            for (const QString& name : value.split(u';', Qt::SkipEmptyParts)) {
+                m_tarvik.locks.current.locks.append(
+                    FakeSleepLocks::lock(name, u"logind"_s, SleepLockEffect::idleSleep));
+            }
+            return true;
+        }
+        if (word == u"sleep"_s)
+            return sleep(Seconds{value.toInt()});
         if (word == u"updates"_s)
             return setUpdates(value);
         if (word == u"upgrade"_s) {
@@ -118,6 +130,14 @@ private:
             return true;
         }
         return line != u"start"_s && m_steering.play(line);
+    }
+
+    bool sleep(Seconds duration)
+    {
+        const TimePoint from = m_tarvik.machine.clock.now();
+        m_tarvik.machine.clock.standStill(duration);
+        m_tarvik.sleepHistory.current = QList<PastSleep>{{from, m_tarvik.machine.clock.now()}};
+        return duration > Seconds::zero();
     }
 
     bool setUpdates(const QString& state)

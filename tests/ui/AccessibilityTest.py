@@ -150,7 +150,7 @@ class PanelTest(AccessibleWindowTest):
         self.assertEqual(described(panel), ("panel", "Tarvik", "Awake · 2 agents, 1 app", {"focused"}))
         # This version of Qt calls every text focusable and everything enabled, so that a description says what is not.
         self.assertEqual([described(part) for part in descendants(panel)], [
-            ("heading", "Awake · 2 agents, 1 app", "", set()),
+            ("heading", "Awake · 2 agents, 1 app", "F1 says why", set()),
             ("label", "Claude Code, Codex +1 more", "", {"focusable", "read only"}),
             ("label", "charging 80%", "", {"focusable", "read only"}),
             ("check box", "Tarvik", HELP, {"checked", "focusable"}),

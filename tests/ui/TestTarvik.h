@@ -213,6 +213,9 @@ public:
         arrive();
     }
 
+    /// How often the windows have asked why the computer is awake.
+    Q_INVOKABLE int explanations() const { return m_served->locks.questions; }
+
     /// What the windows have wanted done, see windowRequest().
     Q_INVOKABLE QStringList asked() const { return m_asked; }
     /// What that has come to: what lid-closed mode has had the application show or do, what the system or the helper

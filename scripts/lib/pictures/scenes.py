@@ -65,6 +65,12 @@ class Panel(Window):
         self.point_at(CHECK_BOX)
         eventually(lambda: any(part.getRoleName() == "tool tip" for part in self.parts()), "the help tip opens")
         yield "tip"
+        tarvik.tell("others Firefox;Backup of the photos", "wait 60", "sleep 3600")
+        self.open()
+        xdotool("key", "F1")
+        eventually(lambda: any(part.getRoleName() == "tool tip" for part in self.parts()), "the explanation opens")
+        yield "why"
+        tarvik.tell("others")
         for presses, name in ((1, "focus-on-switch"), (2, "focus-on-row")):
             self.open()
             xdotool("key", *["Down"] * presses)

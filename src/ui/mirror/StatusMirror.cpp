@@ -11,6 +11,7 @@ namespace Tarvik {
 StatusMirror::StatusMirror(const QDBusConnection& bus)
     : PropertyMirror(
         bus, staticMetaObject, TarvikWire::statusInterface, {{u"isOnAC"_s, true}, {u"batteryPercent"_s, -1}})
+    , m_why(bus)
 {
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/mirror/PropertyMirror.h"
+#include "ui/mirror/WhyMirror.h"
 
 namespace Tarvik {
 
@@ -23,6 +24,7 @@ class StatusMirror : public Tarvik::PropertyMirror {
     Q_PROPERTY(QVariant batteryPercent READ batteryPercent NOTIFY batteryPercentChanged)
     Q_PROPERTY(QString thermalText READ thermalText NOTIFY thermalTextChanged)
     Q_PROPERTY(bool upgradePending READ isUpgradePending NOTIFY upgradePendingChanged)
+    Q_PROPERTY(Tarvik::WhyMirror* why READ why CONSTANT)
     // clang-format on
 
 public:
@@ -42,6 +44,8 @@ public:
 
     /// Another build is installed, into which Tarvik restarts later.
     bool isUpgradePending() const { return value("upgradePending").toBool(); }
+    /// What is behind all of these.
+    WhyMirror* why() { return &m_why; }
 
     /// Starts a timed session in place of a running one; 0 ends it.
     Q_INVOKABLE void setTimedSession(int minutes);
@@ -60,6 +64,9 @@ Q_SIGNALS:
     void batteryPercentChanged();
     void thermalTextChanged();
     void upgradePendingChanged();
+
+private:
+    WhyMirror m_why;
 };
 
 } // namespace Tarvik

@@ -12,6 +12,8 @@ FocusScope {
     required property StatusMirror status
     required property SettingsMirror settings
 
+    readonly property alias announcement: announcement
+    readonly property alias tip: content.tip
     readonly property bool sessionHovered: content.sessionRow.hovered
     /// Changes with what is going on, not with each minute that passes.
     readonly property string situation: status.reason.replace(/[0-9]+/g, "")
@@ -29,7 +31,12 @@ FocusScope {
     implicitWidth: Math.max(300, theme.scaled(300))
 
     Keys.onDownPressed: moveFocus(true)
-    Keys.onEscapePressed: dismissed()
+    Keys.onEscapePressed: tip.isWanted ? tip.isWanted = false : dismissed()
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_F1;
+        if (event.accepted)
+            tip.isWanted = !tip.isWanted;
+    }
     Keys.onUpPressed: moveFocus(false)
     onSituationChanged: {
         if (Window.active)
@@ -69,6 +76,10 @@ FocusScope {
         }
         Announcement {
             id: announcement
+
+            readonly property string answer: root.status.why.answer
+
+            onAnswerChanged: answer && tell(answer)
         }
     }
 
@@ -81,6 +92,7 @@ FocusScope {
     /// Leaves nothing of the last time: no focus ring, no open menu.
     function reset() {
         content.sessionRow.menu.close();
+        tip.isWanted = false;
         start.forceActiveFocus(Qt.ActiveWindowFocusReason);
     }
 }

@@ -14,6 +14,7 @@ Column {
 
     readonly property int rowWidth: width - 2 * padding
     readonly property alias sessionRow: sessionRow
+    readonly property alias tip: header.tip
 
     signal lockScreen
     signal openSettings
@@ -23,11 +24,14 @@ Column {
     spacing: theme.scaled(6)
 
     StatusHeader {
+        id: header
+
         details: root.status.details
         headline: root.status.reason
         isAwake: root.status.isAwake
         subtitle: root.status.subtitle
         theme: root.theme
+        why: root.status.why
         width: root.rowWidth
     }
     EnableRow {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Tarvik.Design
+import Tarvik.Mirror
 
 /// The status light and up to three lines beside it.
 Item {
@@ -12,23 +13,33 @@ Item {
     required property string headline
     required property string subtitle
     required property string details
+    required property WhyMirror why
 
-    /// Something of the texts does not fit; the help text then has all of them.
+    /// Something of the texts does not fit; the tip then has all of them.
     readonly property bool isCut: headlineText.truncated || subtitleText.truncated || detailsText.truncated
-    readonly property alias helpTip: helpTip
+    readonly property alias tip: tip
 
     implicitHeight: texts.height + 2 * texts.y
 
     HoverHandler {
         id: hover
+
+        onHoveredChanged: tip.isWanted = false
     }
-    HelpTip {
-        id: helpTip
+    // Other programs have to be asked for it, so not for a pointer that is only passing.
+    Timer {
+        interval: 700
+        running: hover.hovered
+
+        onTriggered: tip.isWanted = true
+    }
+    WhyTip {
+        id: tip
 
         isMirrored: root.LayoutMirroring.enabled
-        text: `${root.headline}\n${root.subtitle}\n${root.details}`.trim()
+        preface: root.isCut ? `${root.headline}\n${root.subtitle}\n${root.details}`.trim() : ""
         theme: root.theme
-        visible: hover.hovered && root.isCut
+        why: root.why
         x: (root.width - width) / 2
         y: root.height + root.theme.scaled(2)
     }
@@ -71,6 +82,7 @@ Item {
             text: root.headline
             theme: root.theme
 
+            Accessible.description: qsTr("F1 says why")
             Accessible.role: Accessible.Heading
         }
         StatusLine {

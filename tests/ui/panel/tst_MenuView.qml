@@ -440,6 +440,7 @@ Item {
             }
             compare(sessionRow.parent.parent.Accessible.description, "Awake · 2 agents, 1 app");
             compare(findChild(view, "headline").Accessible.role, Accessible.Heading);
+            compare(findChild(view, "headline").Accessible.description, "F1 says why");
             for (const name of ["headline", "subtitle", "details"])
                 compare(findChild(view, name).Accessible.name, findChild(view, name).text);
             compare(findChild(view, "details").Accessible.name, "charging 80%");
@@ -453,6 +454,63 @@ Item {
             sessionRow.menu.itemAt(2).Accessible.pressAction();
             tryCompare(tarvik.status, "reason", "Awake — 121 min left");
             tryVerify(() => !sessionRow.menu.visible);
+        }
+
+        readonly property string why: "Tarvik keeps this computer awake because work is going on: Claude Code, Codex, Blender.\n"
+            + "When this computer slept last is not known."
+
+        function test_aPointerThatRestsOnTheHeaderIsToldWhy() {
+            const headline = findChild(view, "headline");
+            mouseMove(headline, 5, 5);
+            tryVerify(() => view.tip.visible);
+            compare(view.tip.text, why);
+            compare(tarvik.explanations(), 1);
+            mouseMove(root, 690, 690);
+            tryVerify(() => !view.tip.visible);
+            compare(tarvik.status.why.answer, "");
+            mouseMove(headline, 5, 5);
+            tryVerify(() => view.tip.visible);
+            compare(tarvik.explanations(), 2);
+            compare(signalled, []);
+        }
+
+        function test_aPointerThatOnlyPassesAsksNothing() {
+            const headline = findChild(view, "headline");
+            const row = findChild(view, "enableRow");
+            for (let times = 0; times < 3; ++times) {
+                mouseMove(headline, 5, 5);
+                mouseMove(row, 40, row.height / 2);
+            }
+            tryVerify(() => row.helpTip.visible);
+            compare(tarvik.explanations(), 0);
+        }
+
+        function test_theKeyboardIsToldWhyAndSoIsAScreenReader() {
+            const announcement = view.announcement;
+            keyClick(Qt.Key_F1);
+            tryVerify(() => view.tip.visible);
+            compare(view.tip.text, why);
+            tryCompare(announcement.Accessible, "name", why);
+            keyClick(Qt.Key_F1);
+            tryVerify(() => !view.tip.visible);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_F1);
+            tryVerify(() => view.tip.visible);
+            compare(focusedName(), "toggle");
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => !view.tip.visible);
+            compare(signalled, []);
+            keyClick(Qt.Key_Escape);
+            compare(signalled, ["dismissed"]);
+        }
+
+        function test_whatDoesNotFitIsInTheTipAsWell() {
+            desktop.textScale = 2;
+            tarvik.allow([String("A very long name of an application ").repeat(20)]);
+            tarvik.run(["claude"], tarvik.allowed());
+            tryVerify(() => findChild(view, "subtitle").truncated);
+            keyClick(Qt.Key_F1);
+            tryVerify(() => view.tip.text.startsWith(`${tarvik.status.reason}\n${tarvik.status.subtitle}\ncharging 80%\n\nTarvik keeps`));
         }
 
         function test_theHelpTextShowsUnderThePointer() {
