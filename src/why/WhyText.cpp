@@ -176,10 +176,12 @@ QString listed(const QStringList& names)
         if (const QString part = shortened(name); !parts.contains(part))
             parts.append(part);
     }
+    constexpr qsizetype named = 4;
     QString list = parts.value(0);
-    for (const QString& part : parts.mid(1))
+    for (const QString& part : parts.mid(1, named - 1))
         list = QCoreApplication::translate("WhyText", "%1, %2").arg(list, part);
-    return list;
+    const int others = static_cast<int>(parts.size() - named);
+    return others > 0 ? QCoreApplication::translate("StatusText", "%1 +%n more", nullptr, others).arg(list) : list;
 }
 
 QString idleRule(const IdleSleepRule& rule)

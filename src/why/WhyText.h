@@ -19,7 +19,7 @@ QString slept(const WhyReport& report);
 /// What one service does to a computer that nobody uses: "GNOME suspends it after 20 min without activity".
 QString idleRule(const IdleSleepRule& rule);
 
-/// The names, each once.
+/// The names, each once; of many, the first, and how many more there are.
 QString listed(const QStringList& names);
 
 /// The local time of day, with the date if that is another day than that of `now`.

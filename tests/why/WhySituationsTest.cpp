@@ -107,6 +107,15 @@ private Q_SLOTS:
             },
             true,
             {u"Other programs keep this computer awake: Firefox, Steam."_s, isDozing});
+        situation("many other programs",
+            [](auto& m) {
+                for (const char16_t* name : {u"a", u"b", u"c", u"d", u"e", u"f"}) {
+                    m.locks.current.locks.append(
+                        FakeSleepLocks::lock(QString::fromUtf16(name), u"logind"_s, SleepLockEffect::idleSleep));
+                }
+            },
+            true,
+            {u"Other programs keep this computer awake: a, b, c, d +2 more."_s, isDozing});
         situation("another program that gives no reason",
             [](auto& m) { m.locks.current.locks = {download}; },
             true,
