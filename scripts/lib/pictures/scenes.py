@@ -203,6 +203,8 @@ class Settings(Window):
         tarvik.tell("updates on")
         self.tab_to(PUSH_BUTTON)
         yield "updates-focus-on-button"
+        tarvik.tell("upgrade")
+        yield "updates-upgrade-waits"
 
 
 class Onboarding(Window):
