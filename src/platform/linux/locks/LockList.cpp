@@ -22,6 +22,13 @@ bool isOurs(const QString& who, std::optional<qint64> process)
     return who == ownName || process == getpid();
 }
 
+/// Another user may run a Tarvik, too; root's process may be our helper.
+bool isOfUs(std::uint32_t user, const LockFacts& facts)
+{
+    constexpr std::uint32_t root = 0;
+    return user == facts.ownUser || user == root;
+}
+
 bool concernsSleep(const LogindInhibitor& inhibitor)
 {
     return (inhibitor.blocks || inhibitor.blocksWeakly) && std::ranges::any_of(inhibitor.what, [](const QString& what) {
@@ -97,7 +104,7 @@ void append(SleepLockList& list, const LogindInhibitor& inhibitor, const LockFac
         .service = ServiceLabels::logind,
         .effects = LockRules::effects(inhibitor, facts),
         .process = inhibitor.process,
-        .isOurs = isOurs(inhibitor.who, inhibitor.process)});
+        .isOurs = isOfUs(inhibitor.user, facts) && isOurs(inhibitor.who, inhibitor.process)});
 }
 
 } // namespace

@@ -90,7 +90,8 @@ private Q_SLOTS:
 
     void tarviksOwnAreKnownByTheirNameOrProcess()
     {
-        const LockAnswers answers{.hasLogind = true,
+        const LockAnswers answers{.facts = {.ownUser = user},
+            .hasLogind = true,
             .hasPowerManager = true,
             .logind = QList{lock(u"idle"_s, stranger),
                 lock(u"sleep"_s, stranger, u"Tarvik"_s),
@@ -101,6 +102,17 @@ private Q_SLOTS:
         for (const SleepLock& lock : listOf(answers).locks)
             ours.append(lock.isOurs);
         QCOMPARE(ours, (QList{false, true, true, true, false}));
+    }
+
+    void anotherUsersTarvikIsAnotherProgram()
+    {
+        LockAnswers answers{
+            .facts = {.ownUser = user}, .hasLogind = true, .logind = QList{lock(u"sleep"_s, stranger, u"Tarvik"_s)}};
+        QVERIFY(listOf(answers).locks.constFirst().isOurs);
+        answers.logind->first().user = user + 1;
+        QVERIFY(!listOf(answers).locks.constFirst().isOurs);
+        answers.logind->first().user = 0;
+        QVERIFY(listOf(answers).locks.constFirst().isOurs);
     }
 
     void theSessionManagersLockOfLogindIsTheOneOfItsPrograms()
