@@ -837,18 +837,6 @@
 <context>
     <name>StatusDescription</name>
     <message>
-        <source>%1 s</source>
-        <translation>%1&#xa0;s</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1&#xa0;min</translation>
-    </message>
-    <message>
-        <source>%1 h %2 min</source>
-        <translation>%1&#xa0;h %2&#xa0;min</translation>
-    </message>
-    <message>
         <source>%1, %2 left, %3</source>
         <translation>%1, noch %2, %3</translation>
     </message>
@@ -939,6 +927,17 @@
     <message>
         <source>Version</source>
         <translation>Version</translation>
+    </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>Ein Update ist installiert. Tarvik startet neu, sobald die Arbeit beendet ist und seine Fenster geschlossen sind.</translation>
+    </message>
+</context>
+<context>
+    <name>StatusHeader</name>
+    <message>
+        <source>F1 says why</source>
+        <translation>F1 sagt warum</translation>
     </message>
 </context>
 <context>
@@ -1075,6 +1074,32 @@
     <message>
         <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
         <translation>Es gibt kein pkexec, das nach einem Administratorpasswort fragen würde. Ein Administrator kann stattdessen %1 ausführen.</translation>
+    </message>
+</context>
+<context>
+    <name>TarvikApp</name>
+    <message>
+        <source>The windows of Tarvik are not installed</source>
+        <translation>Die Fenster von Tarvik sind nicht installiert</translation>
+    </message>
+    <message>
+        <source>They are in the package “tarvik”.</source>
+        <translation>Sie sind im Paket „tarvik“.</translation>
+    </message>
+</context>
+<context>
+    <name>TerminalText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1&#xa0;s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1&#xa0;h %2&#xa0;min</translation>
     </message>
 </context>
 <context>
@@ -1304,6 +1329,10 @@
         <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
         <translation>Diese Installation stammt nicht aus einem Paket. Installieren Sie zum Aktualisieren eine neuere Version an ihrer Stelle.</translation>
     </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>Ein Update ist installiert. Tarvik startet neu, sobald die Arbeit beendet ist und seine Fenster geschlossen sind.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
@@ -1318,6 +1347,224 @@
     <message>
         <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
         <translation>Normalerweise geht ein Laptop beim Schließen des Deckels sofort in den Ruhezustand. Tarvik kann das verhindern – dafür muss zuerst ein kleiner Hilfsdienst installiert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>WhyDescription</name>
+    <message>
+        <source>sleep when idle</source>
+        <translation>Schlaf bei Untätigkeit</translation>
+    </message>
+    <message>
+        <source>displays off when idle</source>
+        <translation>Abschalten der Bildschirme bei Untätigkeit</translation>
+    </message>
+    <message>
+        <source>every sleep</source>
+        <translation>jeden Schlaf</translation>
+    </message>
+    <message>
+        <source>sleep when the lid is closed</source>
+        <translation>Schlaf bei geschlossenem Deckel</translation>
+    </message>
+    <message>
+        <source>nothing on this desktop</source>
+        <translation>nichts auf diesem Desktop</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1, nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>%1, without effect on this desktop</source>
+        <translation>%1, auf diesem Desktop ohne Wirkung</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2: %3</source>
+        <translation>%1: %2: %3</translation>
+    </message>
+    <message>
+        <source>%1, last event %2</source>
+        <translation>%1, letztes Ereignis %2</translation>
+    </message>
+    <message>
+        <source>%1, no event yet</source>
+        <translation>%1, noch kein Ereignis</translation>
+    </message>
+    <message>
+        <source>The computer slept until %1</source>
+        <translation>Der Computer schlief bis %1</translation>
+    </message>
+    <message>
+        <source>The computer went to sleep</source>
+        <translation>Der Computer ging schlafen</translation>
+    </message>
+    <message>
+        <source>Tarvik: %1</source>
+        <translation>Tarvik: %1</translation>
+    </message>
+    <message>
+        <source>Tarvik holds off</source>
+        <translation>Tarvik verhindert</translation>
+    </message>
+    <message>
+        <source>Others hold off</source>
+        <translation>Andere verhindern</translation>
+    </message>
+    <message>
+        <source>Do not tell</source>
+        <translation>Sagen nichts</translation>
+    </message>
+    <message>
+        <source>When idle</source>
+        <translation>Bei Untätigkeit</translation>
+    </message>
+    <message>
+        <source>Hooks</source>
+        <translation>Hooks</translation>
+    </message>
+    <message>
+        <source>Lately</source>
+        <translation>Zuletzt</translation>
+    </message>
+</context>
+<context>
+    <name>WhyText</name>
+    <message>
+        <source>%1; %2.</source>
+        <translation>%1; %2.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake because work is going on: %1.</source>
+        <translation>Tarvik hält diesen Computer wach, weil gearbeitet wird: %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1.</source>
+        <translation>Tarvik hält diesen Computer für eine Sitzung auf Zeit wach, bis %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</source>
+        <translation>Tarvik hält diesen Computer für eine Sitzung auf Zeit wach, bis %1, und weil gearbeitet wird: %2.</translation>
+    </message>
+    <message>
+        <source>Other programs keep this computer awake: %1.</source>
+        <translation>Andere Programme halten diesen Computer wach: %1.</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake (%2).</source>
+        <translation>%1 hält diesen Computer wach (%2).</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake.</source>
+        <translation>%1 hält diesen Computer wach.</translation>
+    </message>
+    <message>
+        <source>what %1 would do when nobody uses it is not known</source>
+        <translation>was %1 tut, wenn niemand ihn benutzt, ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>nothing here is set to put it to sleep</source>
+        <translation>nichts ist hier so eingestellt, dass es ihn schlafen legt</translation>
+    </message>
+    <message>
+        <source>what would put it to sleep is not known</source>
+        <translation>was ihn schlafen legen würde, ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>This computer last slept from %1 to %2</source>
+        <translation>Dieser Computer hat zuletzt von %1 bis %2 geschlafen</translation>
+    </message>
+    <message>
+        <source>This computer last went to sleep at %1</source>
+        <translation>Dieser Computer ging zuletzt um %1 schlafen</translation>
+    </message>
+    <message>
+        <source>Tarvik&apos;s journal has nothing from before that</source>
+        <translation>der Verlauf von Tarvik hat nichts aus der Zeit davor</translation>
+    </message>
+    <message>
+        <source>Tarvik was not keeping it awake (since %1: %2)</source>
+        <translation>Tarvik hielt ihn nicht wach (seit %1: %2)</translation>
+    </message>
+    <message>
+        <source>whether Tarvik was running then is not known (its last word before was at %1: %2)</source>
+        <translation>ob Tarvik damals lief, ist nicht bekannt (sein letzter Eintrag davor war um %1: %2)</translation>
+    </message>
+    <message>
+        <source>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</source>
+        <translation>Tarvik hielt ihn wach (seit %1: %2), und was ihn trotzdem schlafen legte, ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>Nothing holds this computer awake</source>
+        <translation>Nichts hält diesen Computer wach</translation>
+    </message>
+    <message>
+        <source>Nothing that can be seen holds this computer awake</source>
+        <translation>Nichts, was zu sehen wäre, hält diesen Computer wach</translation>
+    </message>
+    <message>
+        <source>Tarvik does not keep it awake (%1).</source>
+        <translation>Tarvik hält ihn nicht wach (%1).</translation>
+    </message>
+    <message>
+        <source>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</source>
+        <translation>Tarvik will ihn wach halten, aber von keiner seiner Sperren ist bekannt, dass sie hier wirkt: Er kann trotzdem schlafen gehen.</translation>
+    </message>
+    <message>
+        <source>It would stay awake without Tarvik, too, because of %1.</source>
+        <translation>Er bliebe auch ohne Tarvik wach, wegen %1.</translation>
+    </message>
+    <message>
+        <source>Nothing here is set to put it to sleep anyway.</source>
+        <translation>Ohnehin ist hier nichts so eingestellt, dass es ihn schlafen legt.</translation>
+    </message>
+    <message>
+        <source>Its lid is closed, and Tarvik keeps it running all the same.</source>
+        <translation>Sein Deckel ist geschlossen, und Tarvik hält ihn trotzdem am Laufen.</translation>
+    </message>
+    <message>
+        <source>When this computer slept last is not known.</source>
+        <translation>Wann dieser Computer zuletzt geschlafen hat, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>This computer has not slept since it was started.</source>
+        <translation>Dieser Computer hat seit seinem Start nicht geschlafen.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 does not put it to sleep</source>
+        <translation>%1 legt ihn nicht schlafen</translation>
+    </message>
+    <message>
+        <source>%1 puts it to sleep when nobody uses it, but after how long is not known</source>
+        <translation>%1 legt ihn schlafen, wenn niemand ihn benutzt, aber nach welcher Zeit, ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>%1 suspends it after %2 without activity</source>
+        <translation>%1 versetzt ihn nach %2 ohne Aktivität in Bereitschaft</translation>
+    </message>
+    <message>
+        <source>%1 hibernates it after %2 without activity</source>
+        <translation>%1 versetzt ihn nach %2 ohne Aktivität in den Ruhezustand</translation>
+    </message>
+    <message>
+        <source>%1 shuts it down or logs out after %2 without activity</source>
+        <translation>%1 fährt ihn nach %2 ohne Aktivität herunter oder meldet ab</translation>
     </message>
 </context>
 </TS>

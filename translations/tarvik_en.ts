@@ -837,18 +837,6 @@
 <context>
     <name>StatusDescription</name>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1 min</translation>
-    </message>
-    <message>
-        <source>%1 h %2 min</source>
-        <translation>%1 h %2 min</translation>
-    </message>
-    <message>
         <source>%1, %2 left, %3</source>
         <translation>%1, %2 left, %3</translation>
     </message>
@@ -939,6 +927,17 @@
     <message>
         <source>Version</source>
         <translation>Version</translation>
+    </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</translation>
+    </message>
+</context>
+<context>
+    <name>StatusHeader</name>
+    <message>
+        <source>F1 says why</source>
+        <translation>F1 says why</translation>
     </message>
 </context>
 <context>
@@ -1075,6 +1074,32 @@
     <message>
         <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
         <translation>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</translation>
+    </message>
+</context>
+<context>
+    <name>TarvikApp</name>
+    <message>
+        <source>The windows of Tarvik are not installed</source>
+        <translation>The windows of Tarvik are not installed</translation>
+    </message>
+    <message>
+        <source>They are in the package “tarvik”.</source>
+        <translation>They are in the package “tarvik”.</translation>
+    </message>
+</context>
+<context>
+    <name>TerminalText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
     </message>
 </context>
 <context>
@@ -1304,6 +1329,10 @@
         <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
         <translation>This copy does not come from a package. To update it, install a newer version in its place.</translation>
     </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
@@ -1318,6 +1347,224 @@
     <message>
         <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
         <translation>A laptop normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</translation>
+    </message>
+</context>
+<context>
+    <name>WhyDescription</name>
+    <message>
+        <source>sleep when idle</source>
+        <translation>sleep when idle</translation>
+    </message>
+    <message>
+        <source>displays off when idle</source>
+        <translation>displays off when idle</translation>
+    </message>
+    <message>
+        <source>every sleep</source>
+        <translation>every sleep</translation>
+    </message>
+    <message>
+        <source>sleep when the lid is closed</source>
+        <translation>sleep when the lid is closed</translation>
+    </message>
+    <message>
+        <source>nothing on this desktop</source>
+        <translation>nothing on this desktop</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1, not confirmed</translation>
+    </message>
+    <message>
+        <source>%1, without effect on this desktop</source>
+        <translation>%1, without effect on this desktop</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nothing</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2: %3</source>
+        <translation>%1: %2: %3</translation>
+    </message>
+    <message>
+        <source>%1, last event %2</source>
+        <translation>%1, last event %2</translation>
+    </message>
+    <message>
+        <source>%1, no event yet</source>
+        <translation>%1, no event yet</translation>
+    </message>
+    <message>
+        <source>The computer slept until %1</source>
+        <translation>The computer slept until %1</translation>
+    </message>
+    <message>
+        <source>The computer went to sleep</source>
+        <translation>The computer went to sleep</translation>
+    </message>
+    <message>
+        <source>Tarvik: %1</source>
+        <translation>Tarvik: %1</translation>
+    </message>
+    <message>
+        <source>Tarvik holds off</source>
+        <translation>Tarvik holds off</translation>
+    </message>
+    <message>
+        <source>Others hold off</source>
+        <translation>Others hold off</translation>
+    </message>
+    <message>
+        <source>Do not tell</source>
+        <translation>Do not tell</translation>
+    </message>
+    <message>
+        <source>When idle</source>
+        <translation>When idle</translation>
+    </message>
+    <message>
+        <source>Hooks</source>
+        <translation>Hooks</translation>
+    </message>
+    <message>
+        <source>Lately</source>
+        <translation>Lately</translation>
+    </message>
+</context>
+<context>
+    <name>WhyText</name>
+    <message>
+        <source>%1; %2.</source>
+        <translation>%1; %2.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake because work is going on: %1.</source>
+        <translation>Tarvik keeps this computer awake because work is going on: %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1.</source>
+        <translation>Tarvik keeps this computer awake for a timed session, until %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</source>
+        <translation>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</translation>
+    </message>
+    <message>
+        <source>Other programs keep this computer awake: %1.</source>
+        <translation>Other programs keep this computer awake: %1.</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake (%2).</source>
+        <translation>%1 keeps this computer awake (%2).</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake.</source>
+        <translation>%1 keeps this computer awake.</translation>
+    </message>
+    <message>
+        <source>what %1 would do when nobody uses it is not known</source>
+        <translation>what %1 would do when nobody uses it is not known</translation>
+    </message>
+    <message>
+        <source>nothing here is set to put it to sleep</source>
+        <translation>nothing here is set to put it to sleep</translation>
+    </message>
+    <message>
+        <source>what would put it to sleep is not known</source>
+        <translation>what would put it to sleep is not known</translation>
+    </message>
+    <message>
+        <source>This computer last slept from %1 to %2</source>
+        <translation>This computer last slept from %1 to %2</translation>
+    </message>
+    <message>
+        <source>This computer last went to sleep at %1</source>
+        <translation>This computer last went to sleep at %1</translation>
+    </message>
+    <message>
+        <source>Tarvik&apos;s journal has nothing from before that</source>
+        <translation>Tarvik&apos;s journal has nothing from before that</translation>
+    </message>
+    <message>
+        <source>Tarvik was not keeping it awake (since %1: %2)</source>
+        <translation>Tarvik was not keeping it awake (since %1: %2)</translation>
+    </message>
+    <message>
+        <source>whether Tarvik was running then is not known (its last word before was at %1: %2)</source>
+        <translation>whether Tarvik was running then is not known (its last word before was at %1: %2)</translation>
+    </message>
+    <message>
+        <source>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</source>
+        <translation>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</translation>
+    </message>
+    <message>
+        <source>Nothing holds this computer awake</source>
+        <translation>Nothing holds this computer awake</translation>
+    </message>
+    <message>
+        <source>Nothing that can be seen holds this computer awake</source>
+        <translation>Nothing that can be seen holds this computer awake</translation>
+    </message>
+    <message>
+        <source>Tarvik does not keep it awake (%1).</source>
+        <translation>Tarvik does not keep it awake (%1).</translation>
+    </message>
+    <message>
+        <source>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</source>
+        <translation>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</translation>
+    </message>
+    <message>
+        <source>It would stay awake without Tarvik, too, because of %1.</source>
+        <translation>It would stay awake without Tarvik, too, because of %1.</translation>
+    </message>
+    <message>
+        <source>Nothing here is set to put it to sleep anyway.</source>
+        <translation>Nothing here is set to put it to sleep anyway.</translation>
+    </message>
+    <message>
+        <source>Its lid is closed, and Tarvik keeps it running all the same.</source>
+        <translation>Its lid is closed, and Tarvik keeps it running all the same.</translation>
+    </message>
+    <message>
+        <source>When this computer slept last is not known.</source>
+        <translation>When this computer slept last is not known.</translation>
+    </message>
+    <message>
+        <source>This computer has not slept since it was started.</source>
+        <translation>This computer has not slept since it was started.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 does not put it to sleep</source>
+        <translation>%1 does not put it to sleep</translation>
+    </message>
+    <message>
+        <source>%1 puts it to sleep when nobody uses it, but after how long is not known</source>
+        <translation>%1 puts it to sleep when nobody uses it, but after how long is not known</translation>
+    </message>
+    <message>
+        <source>%1 suspends it after %2 without activity</source>
+        <translation>%1 suspends it after %2 without activity</translation>
+    </message>
+    <message>
+        <source>%1 hibernates it after %2 without activity</source>
+        <translation>%1 hibernates it after %2 without activity</translation>
+    </message>
+    <message>
+        <source>%1 shuts it down or logs out after %2 without activity</source>
+        <translation>%1 shuts it down or logs out after %2 without activity</translation>
     </message>
 </context>
 </TS>

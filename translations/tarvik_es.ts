@@ -837,18 +837,6 @@
 <context>
     <name>StatusDescription</name>
     <message>
-        <source>%1 s</source>
-        <translation>%1&#xa0;s</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1&#xa0;min</translation>
-    </message>
-    <message>
-        <source>%1 h %2 min</source>
-        <translation>%1&#xa0;h %2&#xa0;min</translation>
-    </message>
-    <message>
         <source>%1, %2 left, %3</source>
         <translation>%1, quedan %2, %3</translation>
     </message>
@@ -939,6 +927,17 @@
     <message>
         <source>Version</source>
         <translation>Versión</translation>
+    </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>Hay una actualización instalada. Tarvik se reiniciará cuando termine el trabajo y se cierren sus ventanas.</translation>
+    </message>
+</context>
+<context>
+    <name>StatusHeader</name>
+    <message>
+        <source>F1 says why</source>
+        <translation>F1 explica el motivo</translation>
     </message>
 </context>
 <context>
@@ -1075,6 +1074,32 @@
     <message>
         <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
         <translation>Falta pkexec, que pediría una contraseña de administrador. En su lugar, un administrador puede ejecutar %1.</translation>
+    </message>
+</context>
+<context>
+    <name>TarvikApp</name>
+    <message>
+        <source>The windows of Tarvik are not installed</source>
+        <translation>Las ventanas de Tarvik no están instaladas</translation>
+    </message>
+    <message>
+        <source>They are in the package “tarvik”.</source>
+        <translation>Están en el paquete «tarvik».</translation>
+    </message>
+</context>
+<context>
+    <name>TerminalText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1&#xa0;s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1&#xa0;h %2&#xa0;min</translation>
     </message>
 </context>
 <context>
@@ -1304,6 +1329,10 @@
         <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
         <translation>Esta instalación no procede de un paquete. Para actualizarla, instale una versión más reciente en su lugar.</translation>
     </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>Hay una actualización instalada. Tarvik se reiniciará cuando termine el trabajo y se cierren sus ventanas.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
@@ -1318,6 +1347,224 @@
     <message>
         <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
         <translation>Normalmente, un portátil se suspende en cuanto cierra la tapa. Tarvik puede evitarlo, pero antes tiene que instalar un pequeño servicio auxiliar.</translation>
+    </message>
+</context>
+<context>
+    <name>WhyDescription</name>
+    <message>
+        <source>sleep when idle</source>
+        <translation>la suspensión por inactividad</translation>
+    </message>
+    <message>
+        <source>displays off when idle</source>
+        <translation>el apagado de las pantallas por inactividad</translation>
+    </message>
+    <message>
+        <source>every sleep</source>
+        <translation>toda suspensión</translation>
+    </message>
+    <message>
+        <source>sleep when the lid is closed</source>
+        <translation>la suspensión al cerrar la tapa</translation>
+    </message>
+    <message>
+        <source>nothing on this desktop</source>
+        <translation>nada en este escritorio</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1, sin confirmar</translation>
+    </message>
+    <message>
+        <source>%1, without effect on this desktop</source>
+        <translation>%1, sin efecto en este escritorio</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nada</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2: %3</source>
+        <translation>%1: %2: %3</translation>
+    </message>
+    <message>
+        <source>%1, last event %2</source>
+        <translation>%1, último evento %2</translation>
+    </message>
+    <message>
+        <source>%1, no event yet</source>
+        <translation>%1, ningún evento aún</translation>
+    </message>
+    <message>
+        <source>The computer slept until %1</source>
+        <translation>El equipo estuvo suspendido hasta las %1</translation>
+    </message>
+    <message>
+        <source>The computer went to sleep</source>
+        <translation>El equipo se suspendió</translation>
+    </message>
+    <message>
+        <source>Tarvik: %1</source>
+        <translation>Tarvik: %1</translation>
+    </message>
+    <message>
+        <source>Tarvik holds off</source>
+        <translation>Tarvik impide</translation>
+    </message>
+    <message>
+        <source>Others hold off</source>
+        <translation>Otros impiden</translation>
+    </message>
+    <message>
+        <source>Do not tell</source>
+        <translation>No lo dicen</translation>
+    </message>
+    <message>
+        <source>When idle</source>
+        <translation>En inactividad</translation>
+    </message>
+    <message>
+        <source>Hooks</source>
+        <translation>Hooks</translation>
+    </message>
+    <message>
+        <source>Lately</source>
+        <translation>Últimamente</translation>
+    </message>
+</context>
+<context>
+    <name>WhyText</name>
+    <message>
+        <source>%1; %2.</source>
+        <translation>%1; %2.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake because work is going on: %1.</source>
+        <translation>Tarvik mantiene activo este equipo porque hay trabajo en curso: %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1.</source>
+        <translation>Tarvik mantiene activo este equipo durante una sesión temporizada, hasta las %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</source>
+        <translation>Tarvik mantiene activo este equipo durante una sesión temporizada, hasta las %1, y porque hay trabajo en curso: %2.</translation>
+    </message>
+    <message>
+        <source>Other programs keep this computer awake: %1.</source>
+        <translation>Otros programas mantienen activo este equipo: %1.</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake (%2).</source>
+        <translation>%1 mantiene activo este equipo (%2).</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake.</source>
+        <translation>%1 mantiene activo este equipo.</translation>
+    </message>
+    <message>
+        <source>what %1 would do when nobody uses it is not known</source>
+        <translation>no se sabe qué haría %1 cuando nadie lo usa</translation>
+    </message>
+    <message>
+        <source>nothing here is set to put it to sleep</source>
+        <translation>nada está configurado aquí para suspenderlo</translation>
+    </message>
+    <message>
+        <source>what would put it to sleep is not known</source>
+        <translation>no se sabe qué lo suspendería</translation>
+    </message>
+    <message>
+        <source>This computer last slept from %1 to %2</source>
+        <translation>Este equipo estuvo suspendido por última vez de %1 a %2</translation>
+    </message>
+    <message>
+        <source>This computer last went to sleep at %1</source>
+        <translation>Este equipo se suspendió por última vez a las %1</translation>
+    </message>
+    <message>
+        <source>Tarvik&apos;s journal has nothing from before that</source>
+        <translation>el registro de Tarvik no tiene nada anterior</translation>
+    </message>
+    <message>
+        <source>Tarvik was not keeping it awake (since %1: %2)</source>
+        <translation>Tarvik no lo mantenía activo (desde %1: %2)</translation>
+    </message>
+    <message>
+        <source>whether Tarvik was running then is not known (its last word before was at %1: %2)</source>
+        <translation>no se sabe si Tarvik estaba en marcha entonces (su última entrada anterior fue a las %1: %2)</translation>
+    </message>
+    <message>
+        <source>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</source>
+        <translation>Tarvik lo mantenía activo (desde %1: %2), y no se sabe qué lo suspendió a pesar de ello</translation>
+    </message>
+    <message>
+        <source>Nothing holds this computer awake</source>
+        <translation>Nada mantiene activo este equipo</translation>
+    </message>
+    <message>
+        <source>Nothing that can be seen holds this computer awake</source>
+        <translation>Nada que pueda verse mantiene activo este equipo</translation>
+    </message>
+    <message>
+        <source>Tarvik does not keep it awake (%1).</source>
+        <translation>Tarvik no lo mantiene activo (%1).</translation>
+    </message>
+    <message>
+        <source>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</source>
+        <translation>Tarvik quiere mantenerlo activo, pero no consta que ninguno de sus bloqueos funcione aquí: puede suspenderse de todos modos.</translation>
+    </message>
+    <message>
+        <source>It would stay awake without Tarvik, too, because of %1.</source>
+        <translation>También seguiría activo sin Tarvik, debido a %1.</translation>
+    </message>
+    <message>
+        <source>Nothing here is set to put it to sleep anyway.</source>
+        <translation>De todos modos, nada está configurado aquí para suspenderlo.</translation>
+    </message>
+    <message>
+        <source>Its lid is closed, and Tarvik keeps it running all the same.</source>
+        <translation>Su tapa está cerrada, y Tarvik lo mantiene en marcha de todos modos.</translation>
+    </message>
+    <message>
+        <source>When this computer slept last is not known.</source>
+        <translation>No se sabe cuándo estuvo suspendido este equipo por última vez.</translation>
+    </message>
+    <message>
+        <source>This computer has not slept since it was started.</source>
+        <translation>Este equipo no se ha suspendido desde que se encendió.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 does not put it to sleep</source>
+        <translation>%1 no lo suspende</translation>
+    </message>
+    <message>
+        <source>%1 puts it to sleep when nobody uses it, but after how long is not known</source>
+        <translation>%1 lo suspende cuando nadie lo usa, pero no se sabe al cabo de cuánto tiempo</translation>
+    </message>
+    <message>
+        <source>%1 suspends it after %2 without activity</source>
+        <translation>%1 lo suspende tras %2 sin actividad</translation>
+    </message>
+    <message>
+        <source>%1 hibernates it after %2 without activity</source>
+        <translation>%1 lo hiberna tras %2 sin actividad</translation>
+    </message>
+    <message>
+        <source>%1 shuts it down or logs out after %2 without activity</source>
+        <translation>%1 lo apaga o cierra la sesión tras %2 sin actividad</translation>
     </message>
 </context>
 </TS>

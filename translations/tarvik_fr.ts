@@ -837,18 +837,6 @@
 <context>
     <name>StatusDescription</name>
     <message>
-        <source>%1 s</source>
-        <translation>%1&#xa0;s</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1&#xa0;min</translation>
-    </message>
-    <message>
-        <source>%1 h %2 min</source>
-        <translation>%1&#xa0;h %2&#xa0;min</translation>
-    </message>
-    <message>
         <source>%1, %2 left, %3</source>
         <translation>%1, encore %2, %3</translation>
     </message>
@@ -939,6 +927,17 @@
     <message>
         <source>Version</source>
         <translation>Version</translation>
+    </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>Une mise à jour est installée. Tarvik redémarrera une fois le travail terminé et ses fenêtres fermées.</translation>
+    </message>
+</context>
+<context>
+    <name>StatusHeader</name>
+    <message>
+        <source>F1 says why</source>
+        <translation>F1 dit pourquoi</translation>
     </message>
 </context>
 <context>
@@ -1075,6 +1074,32 @@
     <message>
         <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
         <translation>pkexec, qui demanderait un mot de passe administrateur, est absent. Un administrateur peut exécuter %1 à la place.</translation>
+    </message>
+</context>
+<context>
+    <name>TarvikApp</name>
+    <message>
+        <source>The windows of Tarvik are not installed</source>
+        <translation>Les fenêtres de Tarvik ne sont pas installées</translation>
+    </message>
+    <message>
+        <source>They are in the package “tarvik”.</source>
+        <translation>Elles se trouvent dans le paquet «&#xa0;tarvik&#xa0;».</translation>
+    </message>
+</context>
+<context>
+    <name>TerminalText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1&#xa0;s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1&#xa0;min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1&#xa0;h %2&#xa0;min</translation>
     </message>
 </context>
 <context>
@@ -1304,6 +1329,10 @@
         <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
         <translation>Cette installation ne provient pas d’un paquet. Pour la mettre à jour, installez une version plus récente à sa place.</translation>
     </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>Une mise à jour est installée. Tarvik redémarrera une fois le travail terminé et ses fenêtres fermées.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
@@ -1318,6 +1347,224 @@
     <message>
         <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
         <translation>Normalement, un portable se met en veille dès que vous fermez le capot. Tarvik peut l’empêcher, mais doit d’abord installer un petit service auxiliaire.</translation>
+    </message>
+</context>
+<context>
+    <name>WhyDescription</name>
+    <message>
+        <source>sleep when idle</source>
+        <translation>la veille en cas d’inactivité</translation>
+    </message>
+    <message>
+        <source>displays off when idle</source>
+        <translation>l’extinction des écrans en cas d’inactivité</translation>
+    </message>
+    <message>
+        <source>every sleep</source>
+        <translation>toute mise en veille</translation>
+    </message>
+    <message>
+        <source>sleep when the lid is closed</source>
+        <translation>la veille à la fermeture du capot</translation>
+    </message>
+    <message>
+        <source>nothing on this desktop</source>
+        <translation>rien sur ce bureau</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1, non confirmé</translation>
+    </message>
+    <message>
+        <source>%1, without effect on this desktop</source>
+        <translation>%1, sans effet sur ce bureau</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>rien</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2: %3</source>
+        <translation>%1&#xa0;: %2&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>%1, last event %2</source>
+        <translation>%1, dernier événement %2</translation>
+    </message>
+    <message>
+        <source>%1, no event yet</source>
+        <translation>%1, aucun événement</translation>
+    </message>
+    <message>
+        <source>The computer slept until %1</source>
+        <translation>L’ordinateur a été en veille jusqu’à %1</translation>
+    </message>
+    <message>
+        <source>The computer went to sleep</source>
+        <translation>L’ordinateur s’est mis en veille</translation>
+    </message>
+    <message>
+        <source>Tarvik: %1</source>
+        <translation>Tarvik&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Tarvik holds off</source>
+        <translation>Tarvik empêche</translation>
+    </message>
+    <message>
+        <source>Others hold off</source>
+        <translation>D’autres empêchent</translation>
+    </message>
+    <message>
+        <source>Do not tell</source>
+        <translation>Ne le disent pas</translation>
+    </message>
+    <message>
+        <source>When idle</source>
+        <translation>Si inactif</translation>
+    </message>
+    <message>
+        <source>Hooks</source>
+        <translation>Hooks</translation>
+    </message>
+    <message>
+        <source>Lately</source>
+        <translation>Dernièrement</translation>
+    </message>
+</context>
+<context>
+    <name>WhyText</name>
+    <message>
+        <source>%1; %2.</source>
+        <translation>%1&#xa0;; %2.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake because work is going on: %1.</source>
+        <translation>Tarvik maintient cet ordinateur actif parce qu’un travail est en cours&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1.</source>
+        <translation>Tarvik maintient cet ordinateur actif pour une session minutée, jusqu’à %1.</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</source>
+        <translation>Tarvik maintient cet ordinateur actif pour une session minutée, jusqu’à %1, et parce qu’un travail est en cours&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>Other programs keep this computer awake: %1.</source>
+        <translation>D’autres programmes maintiennent cet ordinateur actif&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake (%2).</source>
+        <translation>%1 maintient cet ordinateur actif (%2).</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake.</source>
+        <translation>%1 maintient cet ordinateur actif.</translation>
+    </message>
+    <message>
+        <source>what %1 would do when nobody uses it is not known</source>
+        <translation>on ne sait pas ce que ferait %1 en cas d’inactivité</translation>
+    </message>
+    <message>
+        <source>nothing here is set to put it to sleep</source>
+        <translation>rien n’est réglé ici pour le mettre en veille</translation>
+    </message>
+    <message>
+        <source>what would put it to sleep is not known</source>
+        <translation>on ne sait pas ce qui le mettrait en veille</translation>
+    </message>
+    <message>
+        <source>This computer last slept from %1 to %2</source>
+        <translation>Cet ordinateur a été en veille pour la dernière fois de %1 à %2</translation>
+    </message>
+    <message>
+        <source>This computer last went to sleep at %1</source>
+        <translation>Cet ordinateur s’est mis en veille pour la dernière fois à %1</translation>
+    </message>
+    <message>
+        <source>Tarvik&apos;s journal has nothing from before that</source>
+        <translation>le journal de Tarvik n’a rien d’antérieur</translation>
+    </message>
+    <message>
+        <source>Tarvik was not keeping it awake (since %1: %2)</source>
+        <translation>Tarvik ne le maintenait pas actif (depuis %1&#xa0;: %2)</translation>
+    </message>
+    <message>
+        <source>whether Tarvik was running then is not known (its last word before was at %1: %2)</source>
+        <translation>on ne sait pas si Tarvik fonctionnait alors (sa dernière entrée précédente est de %1&#xa0;: %2)</translation>
+    </message>
+    <message>
+        <source>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</source>
+        <translation>Tarvik le maintenait actif (depuis %1&#xa0;: %2), et on ne sait pas ce qui l’a tout de même mis en veille</translation>
+    </message>
+    <message>
+        <source>Nothing holds this computer awake</source>
+        <translation>Rien ne maintient cet ordinateur actif</translation>
+    </message>
+    <message>
+        <source>Nothing that can be seen holds this computer awake</source>
+        <translation>Rien de visible ne maintient cet ordinateur actif</translation>
+    </message>
+    <message>
+        <source>Tarvik does not keep it awake (%1).</source>
+        <translation>Tarvik ne le maintient pas actif (%1).</translation>
+    </message>
+    <message>
+        <source>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</source>
+        <translation>Tarvik veut le maintenir actif, mais aucun de ses blocages n’a d’effet connu ici&#xa0;: il peut tout de même se mettre en veille.</translation>
+    </message>
+    <message>
+        <source>It would stay awake without Tarvik, too, because of %1.</source>
+        <translation>Il resterait actif même sans Tarvik, à cause de %1.</translation>
+    </message>
+    <message>
+        <source>Nothing here is set to put it to sleep anyway.</source>
+        <translation>De toute façon, rien n’est réglé ici pour le mettre en veille.</translation>
+    </message>
+    <message>
+        <source>Its lid is closed, and Tarvik keeps it running all the same.</source>
+        <translation>Son capot est fermé, et Tarvik le maintient tout de même en marche.</translation>
+    </message>
+    <message>
+        <source>When this computer slept last is not known.</source>
+        <translation>On ne sait pas quand cet ordinateur a été en veille pour la dernière fois.</translation>
+    </message>
+    <message>
+        <source>This computer has not slept since it was started.</source>
+        <translation>Cet ordinateur n’a pas été en veille depuis son démarrage.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 does not put it to sleep</source>
+        <translation>%1 ne le met pas en veille</translation>
+    </message>
+    <message>
+        <source>%1 puts it to sleep when nobody uses it, but after how long is not known</source>
+        <translation>%1 le met en veille en cas d’inactivité, mais on ne sait pas au bout de combien de temps</translation>
+    </message>
+    <message>
+        <source>%1 suspends it after %2 without activity</source>
+        <translation>%1 le met en veille après %2 d’inactivité</translation>
+    </message>
+    <message>
+        <source>%1 hibernates it after %2 without activity</source>
+        <translation>%1 le met en veille prolongée après %2 d’inactivité</translation>
+    </message>
+    <message>
+        <source>%1 shuts it down or logs out after %2 without activity</source>
+        <translation>%1 l’éteint ou ferme la session après %2 d’inactivité</translation>
     </message>
 </context>
 </TS>

@@ -837,18 +837,6 @@
 <context>
     <name>StatusDescription</name>
     <message>
-        <source>%1 s</source>
-        <translation>%1 秒</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1 分</translation>
-    </message>
-    <message>
-        <source>%1 h %2 min</source>
-        <translation>%1 時間 %2 分</translation>
-    </message>
-    <message>
         <source>%1, %2 left, %3</source>
         <translation>%1、残り %2、%3</translation>
     </message>
@@ -939,6 +927,17 @@
     <message>
         <source>Version</source>
         <translation>バージョン</translation>
+    </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>アップデートがインストールされました。作業が終わり、ウインドウが閉じられると、Tarvik は再起動します。</translation>
+    </message>
+</context>
+<context>
+    <name>StatusHeader</name>
+    <message>
+        <source>F1 says why</source>
+        <translation>F1 で理由を表示</translation>
     </message>
 </context>
 <context>
@@ -1069,6 +1068,32 @@
     <message>
         <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
         <translation>管理者のパスワードを尋ねる pkexec がありません。代わりに管理者が %1 を実行できます。</translation>
+    </message>
+</context>
+<context>
+    <name>TarvikApp</name>
+    <message>
+        <source>The windows of Tarvik are not installed</source>
+        <translation>Tarvik のウインドウがインストールされていません</translation>
+    </message>
+    <message>
+        <source>They are in the package “tarvik”.</source>
+        <translation>パッケージ「tarvik」に含まれています。</translation>
+    </message>
+</context>
+<context>
+    <name>TerminalText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 分</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 時間 %2 分</translation>
     </message>
 </context>
 <context>
@@ -1282,6 +1307,10 @@
         <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
         <translation>このインストールはパッケージによるものではありません。更新するには、同じ場所に新しいバージョンをインストールしてください。</translation>
     </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>アップデートがインストールされました。作業が終わり、ウインドウが閉じられると、Tarvik は再起動します。</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
@@ -1296,6 +1325,224 @@
     <message>
         <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
         <translation>通常、ノートパソコンはふたを閉じるとすぐにスリープします。Tarvik はこれを変更できますが、先に小さなバックグラウンドヘルパーをインストールする必要があります。</translation>
+    </message>
+</context>
+<context>
+    <name>WhyDescription</name>
+    <message>
+        <source>sleep when idle</source>
+        <translation>アイドル時のスリープ</translation>
+    </message>
+    <message>
+        <source>displays off when idle</source>
+        <translation>アイドル時のディスプレイのオフ</translation>
+    </message>
+    <message>
+        <source>every sleep</source>
+        <translation>すべてのスリープ</translation>
+    </message>
+    <message>
+        <source>sleep when the lid is closed</source>
+        <translation>ふたを閉じたときのスリープ</translation>
+    </message>
+    <message>
+        <source>nothing on this desktop</source>
+        <translation>このデスクトップでは効果なし</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1、未確認</translation>
+    </message>
+    <message>
+        <source>%1, without effect on this desktop</source>
+        <translation>%1、このデスクトップでは効果なし</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2: %3</source>
+        <translation>%1: %2: %3</translation>
+    </message>
+    <message>
+        <source>%1, last event %2</source>
+        <translation>%1、最後のイベント %2</translation>
+    </message>
+    <message>
+        <source>%1, no event yet</source>
+        <translation>%1、イベントなし</translation>
+    </message>
+    <message>
+        <source>The computer slept until %1</source>
+        <translation>コンピューターは %1 までスリープ</translation>
+    </message>
+    <message>
+        <source>The computer went to sleep</source>
+        <translation>コンピューターがスリープに入りました</translation>
+    </message>
+    <message>
+        <source>Tarvik: %1</source>
+        <translation>Tarvik: %1</translation>
+    </message>
+    <message>
+        <source>Tarvik holds off</source>
+        <translation>Tarvik が防止</translation>
+    </message>
+    <message>
+        <source>Others hold off</source>
+        <translation>ほかが防止</translation>
+    </message>
+    <message>
+        <source>Do not tell</source>
+        <translation>情報なし</translation>
+    </message>
+    <message>
+        <source>When idle</source>
+        <translation>アイドル時</translation>
+    </message>
+    <message>
+        <source>Hooks</source>
+        <translation>フック</translation>
+    </message>
+    <message>
+        <source>Lately</source>
+        <translation>最近</translation>
+    </message>
+</context>
+<context>
+    <name>WhyText</name>
+    <message>
+        <source>%1; %2.</source>
+        <translation>%1。%2。</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake because work is going on: %1.</source>
+        <translation>作業中のため、Tarvik がこのコンピューターのスリープを防止しています: %1。</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1.</source>
+        <translation>時間指定のセッションのため、Tarvik が %1 までこのコンピューターのスリープを防止しています。</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</source>
+        <translation>時間指定のセッション（%1 まで）と作業のため、Tarvik がこのコンピューターのスリープを防止しています: %2。</translation>
+    </message>
+    <message>
+        <source>Other programs keep this computer awake: %1.</source>
+        <translation>ほかのプログラムがこのコンピューターのスリープを防止しています: %1。</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake (%2).</source>
+        <translation>%1 がこのコンピューターのスリープを防止しています（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake.</source>
+        <translation>%1 がこのコンピューターのスリープを防止しています。</translation>
+    </message>
+    <message>
+        <source>what %1 would do when nobody uses it is not known</source>
+        <translation>使用されていないときに %1 が何をするかは不明です</translation>
+    </message>
+    <message>
+        <source>nothing here is set to put it to sleep</source>
+        <translation>スリープさせる設定はありません</translation>
+    </message>
+    <message>
+        <source>what would put it to sleep is not known</source>
+        <translation>何によってスリープするかは不明です</translation>
+    </message>
+    <message>
+        <source>This computer last slept from %1 to %2</source>
+        <translation>このコンピューターの前回のスリープは %1 から %2 まででした</translation>
+    </message>
+    <message>
+        <source>This computer last went to sleep at %1</source>
+        <translation>このコンピューターは前回 %1 にスリープしました</translation>
+    </message>
+    <message>
+        <source>Tarvik&apos;s journal has nothing from before that</source>
+        <translation>それ以前の Tarvik の履歴はありません</translation>
+    </message>
+    <message>
+        <source>Tarvik was not keeping it awake (since %1: %2)</source>
+        <translation>Tarvik はスリープを防止していませんでした（%1 以降: %2）</translation>
+    </message>
+    <message>
+        <source>whether Tarvik was running then is not known (its last word before was at %1: %2)</source>
+        <translation>そのとき Tarvik が動作していたかは不明です（それ以前の最後の記録は %1: %2）</translation>
+    </message>
+    <message>
+        <source>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</source>
+        <translation>Tarvik はスリープを防止していました（%1 以降: %2）が、それでもスリープした理由は不明です</translation>
+    </message>
+    <message>
+        <source>Nothing holds this computer awake</source>
+        <translation>このコンピューターのスリープを防止しているものはありません</translation>
+    </message>
+    <message>
+        <source>Nothing that can be seen holds this computer awake</source>
+        <translation>確認できる範囲では、このコンピューターのスリープを防止しているものはありません</translation>
+    </message>
+    <message>
+        <source>Tarvik does not keep it awake (%1).</source>
+        <translation>Tarvik はスリープを防止していません（%1）。</translation>
+    </message>
+    <message>
+        <source>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</source>
+        <translation>Tarvik はスリープを防止しようとしていますが、ここで有効とわかっている抑止がないため、スリープする可能性があります。</translation>
+    </message>
+    <message>
+        <source>It would stay awake without Tarvik, too, because of %1.</source>
+        <translation>Tarvik がなくても、%1 のためスリープしません。</translation>
+    </message>
+    <message>
+        <source>Nothing here is set to put it to sleep anyway.</source>
+        <translation>そもそも、スリープさせる設定はありません。</translation>
+    </message>
+    <message>
+        <source>Its lid is closed, and Tarvik keeps it running all the same.</source>
+        <translation>ふたは閉じていますが、Tarvik が動作を続けさせています。</translation>
+    </message>
+    <message>
+        <source>When this computer slept last is not known.</source>
+        <translation>このコンピューターが前回いつスリープしたかは不明です。</translation>
+    </message>
+    <message>
+        <source>This computer has not slept since it was started.</source>
+        <translation>このコンピューターは起動してからスリープしていません。</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>%1 does not put it to sleep</source>
+        <translation>%1 はスリープさせません</translation>
+    </message>
+    <message>
+        <source>%1 puts it to sleep when nobody uses it, but after how long is not known</source>
+        <translation>%1 は使用されていないときにスリープさせますが、何分後かは不明です</translation>
+    </message>
+    <message>
+        <source>%1 suspends it after %2 without activity</source>
+        <translation>操作がないまま %2 経つと、%1 がサスペンドします</translation>
+    </message>
+    <message>
+        <source>%1 hibernates it after %2 without activity</source>
+        <translation>操作がないまま %2 経つと、%1 が休止状態にします</translation>
+    </message>
+    <message>
+        <source>%1 shuts it down or logs out after %2 without activity</source>
+        <translation>操作がないまま %2 経つと、%1 がシャットダウンまたはログアウトします</translation>
     </message>
 </context>
 </TS>

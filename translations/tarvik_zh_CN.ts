@@ -837,18 +837,6 @@
 <context>
     <name>StatusDescription</name>
     <message>
-        <source>%1 s</source>
-        <translation>%1 秒</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1 分钟</translation>
-    </message>
-    <message>
-        <source>%1 h %2 min</source>
-        <translation>%1 小时 %2 分钟</translation>
-    </message>
-    <message>
         <source>%1, %2 left, %3</source>
         <translation>%1，剩余 %2，%3</translation>
     </message>
@@ -939,6 +927,17 @@
     <message>
         <source>Version</source>
         <translation>版本</translation>
+    </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>更新已安装。待工作结束且窗口关闭后，Tarvik 将重新启动。</translation>
+    </message>
+</context>
+<context>
+    <name>StatusHeader</name>
+    <message>
+        <source>F1 says why</source>
+        <translation>按 F1 查看原因</translation>
     </message>
 </context>
 <context>
@@ -1069,6 +1068,32 @@
     <message>
         <source>There is no pkexec, which would ask for an administrator’s password. An administrator can run %1 instead.</source>
         <translation>缺少用于询问管理员密码的 pkexec。管理员可以改为运行 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>TarvikApp</name>
+    <message>
+        <source>The windows of Tarvik are not installed</source>
+        <translation>未安装 Tarvik 的窗口</translation>
+    </message>
+    <message>
+        <source>They are in the package “tarvik”.</source>
+        <translation>它们在软件包“tarvik”中。</translation>
+    </message>
+</context>
+<context>
+    <name>TerminalText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 分钟</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 小时 %2 分钟</translation>
     </message>
 </context>
 <context>
@@ -1282,6 +1307,10 @@
         <source>This copy does not come from a package. To update it, install a newer version in its place.</source>
         <translation>此副本并非来自软件包。要更新它，请在原处安装较新的版本。</translation>
     </message>
+    <message>
+        <source>An update is installed. Tarvik restarts when the work has ended and its windows are closed.</source>
+        <translation>更新已安装。待工作结束且窗口关闭后，Tarvik 将重新启动。</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage</name>
@@ -1296,6 +1325,224 @@
     <message>
         <source>macOS normally sleeps the moment you close the lid. Tarvik can override that — but it needs to install a small background helper first.</source>
         <translation>通常，合上盖子时笔记本电脑会立即睡眠。Tarvik 可以改变这一点，但需要先安装一个小型后台助手。</translation>
+    </message>
+</context>
+<context>
+    <name>WhyDescription</name>
+    <message>
+        <source>sleep when idle</source>
+        <translation>空闲时的睡眠</translation>
+    </message>
+    <message>
+        <source>displays off when idle</source>
+        <translation>空闲时关闭显示器</translation>
+    </message>
+    <message>
+        <source>every sleep</source>
+        <translation>任何睡眠</translation>
+    </message>
+    <message>
+        <source>sleep when the lid is closed</source>
+        <translation>合盖时的睡眠</translation>
+    </message>
+    <message>
+        <source>nothing on this desktop</source>
+        <translation>在此桌面上无作用</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>%1, not confirmed</source>
+        <translation>%1，未确认</translation>
+    </message>
+    <message>
+        <source>%1, without effect on this desktop</source>
+        <translation>%1，在此桌面上无效</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1: %2: %3</source>
+        <translation>%1：%2：%3</translation>
+    </message>
+    <message>
+        <source>%1, last event %2</source>
+        <translation>%1，最近一次事件 %2</translation>
+    </message>
+    <message>
+        <source>%1, no event yet</source>
+        <translation>%1，尚无事件</translation>
+    </message>
+    <message>
+        <source>The computer slept until %1</source>
+        <translation>电脑睡眠至 %1</translation>
+    </message>
+    <message>
+        <source>The computer went to sleep</source>
+        <translation>电脑进入睡眠</translation>
+    </message>
+    <message>
+        <source>Tarvik: %1</source>
+        <translation>Tarvik：%1</translation>
+    </message>
+    <message>
+        <source>Tarvik holds off</source>
+        <translation>Tarvik 阻止</translation>
+    </message>
+    <message>
+        <source>Others hold off</source>
+        <translation>其他程序阻止</translation>
+    </message>
+    <message>
+        <source>Do not tell</source>
+        <translation>未告知</translation>
+    </message>
+    <message>
+        <source>When idle</source>
+        <translation>空闲时</translation>
+    </message>
+    <message>
+        <source>Hooks</source>
+        <translation>钩子</translation>
+    </message>
+    <message>
+        <source>Lately</source>
+        <translation>近期</translation>
+    </message>
+</context>
+<context>
+    <name>WhyText</name>
+    <message>
+        <source>%1; %2.</source>
+        <translation>%1；%2。</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake because work is going on: %1.</source>
+        <translation>Tarvik 让这台电脑保持唤醒，因为有任务正在进行：%1。</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1.</source>
+        <translation>Tarvik 因定时会话让这台电脑保持唤醒，直到 %1。</translation>
+    </message>
+    <message>
+        <source>Tarvik keeps this computer awake for a timed session, until %1, and because work is going on: %2.</source>
+        <translation>Tarvik 因定时会话（直到 %1）以及正在进行的任务让这台电脑保持唤醒：%2。</translation>
+    </message>
+    <message>
+        <source>Other programs keep this computer awake: %1.</source>
+        <translation>其他程序让这台电脑保持唤醒：%1。</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake (%2).</source>
+        <translation>%1 让这台电脑保持唤醒（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 keeps this computer awake.</source>
+        <translation>%1 让这台电脑保持唤醒。</translation>
+    </message>
+    <message>
+        <source>what %1 would do when nobody uses it is not known</source>
+        <translation>无从得知 %1 在无人使用时会怎样做</translation>
+    </message>
+    <message>
+        <source>nothing here is set to put it to sleep</source>
+        <translation>这里没有任何设置会让它睡眠</translation>
+    </message>
+    <message>
+        <source>what would put it to sleep is not known</source>
+        <translation>无从得知什么会让它睡眠</translation>
+    </message>
+    <message>
+        <source>This computer last slept from %1 to %2</source>
+        <translation>这台电脑上次睡眠是从 %1 到 %2</translation>
+    </message>
+    <message>
+        <source>This computer last went to sleep at %1</source>
+        <translation>这台电脑上次进入睡眠是在 %1</translation>
+    </message>
+    <message>
+        <source>Tarvik&apos;s journal has nothing from before that</source>
+        <translation>Tarvik 的历史中没有此前的记录</translation>
+    </message>
+    <message>
+        <source>Tarvik was not keeping it awake (since %1: %2)</source>
+        <translation>Tarvik 当时没有让它保持唤醒（自 %1 起：%2）</translation>
+    </message>
+    <message>
+        <source>whether Tarvik was running then is not known (its last word before was at %1: %2)</source>
+        <translation>无从得知 Tarvik 当时是否在运行（此前的最后一条记录在 %1：%2）</translation>
+    </message>
+    <message>
+        <source>Tarvik was keeping it awake (since %1: %2), and what put it to sleep all the same is not known</source>
+        <translation>Tarvik 当时让它保持唤醒（自 %1 起：%2），仍进入睡眠的原因无从得知</translation>
+    </message>
+    <message>
+        <source>Nothing holds this computer awake</source>
+        <translation>没有什么让这台电脑保持唤醒</translation>
+    </message>
+    <message>
+        <source>Nothing that can be seen holds this computer awake</source>
+        <translation>没有可见的程序让这台电脑保持唤醒</translation>
+    </message>
+    <message>
+        <source>Tarvik does not keep it awake (%1).</source>
+        <translation>Tarvik 没有让它保持唤醒（%1）。</translation>
+    </message>
+    <message>
+        <source>Tarvik wants to keep it awake, but none of its locks is known to work here: it may sleep all the same.</source>
+        <translation>Tarvik 想让它保持唤醒，但其抑制在此处都未知是否有效：它仍可能睡眠。</translation>
+    </message>
+    <message>
+        <source>It would stay awake without Tarvik, too, because of %1.</source>
+        <translation>即使没有 Tarvik，它也会因 %1 保持唤醒。</translation>
+    </message>
+    <message>
+        <source>Nothing here is set to put it to sleep anyway.</source>
+        <translation>反正这里没有任何设置会让它睡眠。</translation>
+    </message>
+    <message>
+        <source>Its lid is closed, and Tarvik keeps it running all the same.</source>
+        <translation>它已合盖，而 Tarvik 仍让它继续运行。</translation>
+    </message>
+    <message>
+        <source>When this computer slept last is not known.</source>
+        <translation>无从得知这台电脑上次何时睡眠。</translation>
+    </message>
+    <message>
+        <source>This computer has not slept since it was started.</source>
+        <translation>这台电脑自启动以来没有睡眠过。</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>%1 does not put it to sleep</source>
+        <translation>%1 不会让它睡眠</translation>
+    </message>
+    <message>
+        <source>%1 puts it to sleep when nobody uses it, but after how long is not known</source>
+        <translation>%1 会在无人使用时让它睡眠，但无从得知要多久</translation>
+    </message>
+    <message>
+        <source>%1 suspends it after %2 without activity</source>
+        <translation>%1 会在无活动 %2 后将其挂起</translation>
+    </message>
+    <message>
+        <source>%1 hibernates it after %2 without activity</source>
+        <translation>%1 会在无活动 %2 后将其休眠</translation>
+    </message>
+    <message>
+        <source>%1 shuts it down or logs out after %2 without activity</source>
+        <translation>%1 会在无活动 %2 后关机或注销</translation>
     </message>
 </context>
 </TS>
