@@ -18,7 +18,7 @@ struct LogindInhibitor {
     /// "sleep", "idle", "handle-lid-switch", ...
     QStringList what;
     QString who;
-    QString why;
+    QString why = {};
     /// Of its mode "block", not "delay" or the weaker ones.
     bool blocks = false;
     /// Of its mode "block-weak", which its own user's programs may pass over.
