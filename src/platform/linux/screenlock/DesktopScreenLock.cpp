@@ -77,7 +77,7 @@ QList<DesktopScreenLock::Command> DesktopScreenLock::defaultCommands()
 {
     return {
         {.program = u"xdg-screensaver"_s, .arguments = {u"lock"_s}},
-        {.program = u"swaylock"_s, .arguments = {u"-f"_s}, .proof = Command::Proof::exit},
+        {.program = u"swaylock"_s, .arguments = {u"-f"_s}, .proof = Command::Proof::exit, .lockedStatus = 2},
         {.program = u"hyprlock"_s, .arguments = {}, .proof = Command::Proof::staying},
     };
 }
@@ -141,8 +141,8 @@ void DesktopScreenLock::start(const Command& command)
         return;
     }
     auto running = StartedProgram::start(StartedProgram::command(executable, command.arguments),
-        [this, proof = command.proof, way = m_next](std::optional<int> status) {
-            const bool succeeded = status == 0;
+        [this, proof = command.proof, lockedStatus = command.lockedStatus, way = m_next](std::optional<int> status) {
+            const bool succeeded = status == 0 || status == lockedStatus;
             std::erase_if(m_running, [](const auto& one) { return !one->isRunning(); });
             // It may have taken longer than it was given.
             if (m_waiting.empty() || m_next != way)

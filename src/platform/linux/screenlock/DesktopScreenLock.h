@@ -25,6 +25,8 @@ public:
         QString program;
         QStringList arguments;
         Proof proof = Proof::none;
+        /// The exit status that says that another locker has the screen already.
+        int lockedStatus = 0;
     };
 
     static constexpr Seconds patience{2};

@@ -258,6 +258,19 @@ private Q_SLOTS:
         QCOMPARE(startedCommands(), (QStringList{u"first "_s, u"second "_s}));
     }
 
+    void aLockerThatFindsTheScreenLockedConfirmsIt()
+    {
+        Command locker{.program = script(u"first"_s, "exit 2"), .arguments = {}, .proof = Command::Proof::exit};
+        use({locker});
+        lock();
+        QTRY_COMPARE(m_errors, QStringList{unreachable});
+        locker.lockedStatus = 2;
+        use({locker});
+        lock();
+        QTRY_COMPARE(m_errors, (QStringList{unreachable, QString()}));
+        QCOMPARE(startedCommands().size(), 2);
+    }
+
     void aCommandWithoutProofIsFollowedByTheNextAfterTwoSeconds()
     {
         use({{.program = script(u"first"_s, "exit 0"), .arguments = {}, .proof = Command::Proof::none},
