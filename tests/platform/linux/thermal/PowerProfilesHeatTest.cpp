@@ -55,7 +55,7 @@ private Q_SLOTS:
         m_sys->write(processor + u"/intel_pstate/turbo_pct"_s, "29\n");
         m_sys->write(processor + u"/cpufreq/policy0/scaling_governor"_s, "powersave\n");
         m_sys->write(processor + u"/cpufreq/policy0/energy_performance_preference"_s, "balance_performance\n");
-        setTurbo(true);
+        m_sys->write(turboSwitch, "0\n");
     }
 
     void cleanup()
@@ -140,7 +140,13 @@ private Q_SLOTS:
 private:
     QDBusConnection connect() { return m_bus->connect(u"power-profiles-%1"_s.arg(++m_connections)); }
 
-    void setTurbo(bool on) const { m_sys->write(processor + u"/intel_pstate/no_turbo"_s, on ? "0\n" : "1\n"); }
+    /// In place: the file is never empty, as the kernel's never is.
+    void setTurbo(bool on) const
+    {
+        QFile file(m_sys->root() + u'/' + turboSwitch);
+        if (!file.open(QIODevice::ReadWrite) || file.write(on ? "0\n" : "1\n") != 2)
+            qFatal("the turbo cannot be switched");
+    }
 
     void startDaemon()
     {
@@ -163,6 +169,7 @@ private:
     }
 
     const QString processor = u"sys/devices/system/cpu"_s;
+    const QString turboSwitch = processor + u"/intel_pstate/no_turbo"_s;
     std::optional<PrivateBus> m_bus;
     std::optional<FileTree> m_sys;
     QProcess m_daemon;
