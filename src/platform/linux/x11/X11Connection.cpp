@@ -129,7 +129,10 @@ bool X11Connection::takeReply()
 
 bool X11Connection::takeEvent()
 {
-    const Received<xcb_generic_event_t> event(xcb_poll_for_event(get()));
+    // To read what has come is takeReply()'s while a reply is awaited: one that is read here would not be looked for
+    // again, and the notifier does not tell of it.
+    const Received<xcb_generic_event_t> event(
+        m_requests.empty() ? xcb_poll_for_event(get()) : xcb_poll_for_queued_event(get()));
     if (event != nullptr)
         received(*event);
     return event != nullptr;

@@ -6,8 +6,13 @@
 #include "support/TestSupport.h"
 #include "support/VirtualXServer.h"
 
+#include <QEventLoop>
+#include <QTimer>
+
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <functional>
 
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
@@ -84,6 +89,29 @@ private Q_SLOTS:
         dropped = {};
         m_connection->send();
         QTRY_COMPARE(replies, QStringList({u"focus!"_s, u"refused?"_s, u"root!"_s}));
+    }
+
+    void aReplyThatComesWhileEventsAreLookedForIsHeard()
+    {
+        connect();
+        // It comes at that very moment now and then.
+        constexpr int rounds = 20'000;
+        int answers = 0;
+        QEventLoop loop;
+        QTimer::singleShot(std::chrono::minutes(1), &loop, &QEventLoop::quit);
+        Subscription reply;
+        const std::function<void()> ask = [&] {
+            reply = m_connection->await(xcb_get_input_focus(m_connection->get()).sequence, [&](const void*) {
+                if (++answers < rounds)
+                    ask();
+                else
+                    loop.quit();
+            });
+            m_connection->send();
+        };
+        ask();
+        loop.exec();
+        QCOMPARE(answers, rounds);
     }
 
     void aReceiverMayAskForMore()
