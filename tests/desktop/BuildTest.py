@@ -100,6 +100,7 @@ class CheckTest(ScriptTest):
             (
                 [
                     "check: Format is left out: there is no clang-format-14 here.",
+                    "check: Man pages are left out: there is no man here.",
                     "check: QML is left out: there is no qmllint here.",
                     "check: clang and libc++ is left out: there is none of version 16 or newer here.",
                 ],

@@ -305,7 +305,7 @@ private Q_SLOTS:
         situation(
             "and when it woke is not known",
             [](auto& m) {
-                m.sleepHistory.current = QList<PastSleep>{{m.machine.clock.now() - 60s, {}}};
+                m.sleepHistory.current = QList<PastSleep>{PastSleep{m.machine.clock.now() - 60s, {}}};
             },
             u"This computer last went to sleep at 22:12; Tarvik's journal has nothing from before that."_s);
     }

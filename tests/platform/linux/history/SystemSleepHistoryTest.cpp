@@ -76,12 +76,13 @@ private Q_SLOTS:
         awaitAnnouncements();
         for (int i = 0; i < 25; ++i) {
             announce(true);
+            m_clock->advance(Seconds(60));
+            QTRY_COMPARE(last().until, std::nullopt);
             announce(false);
+            QTRY_COMPARE(last().until, m_clock->now());
         }
-        m_clock->advance(Seconds(60));
-        announce(true);
-        QTRY_COMPARE(last().from, m_clock->now());
         QCOMPARE(readAtOnce()->size(), 20);
+        QCOMPARE(last().until, m_clock->now());
     }
 
     void aProgramThatHangsIsNotWaitedFor()
