@@ -237,7 +237,7 @@ Item {
             click("codex");
             tryCompare(row, "isCaptionAlarming", false);
             compare(tarvik.installedHooks(), ["claude", "codex"]);
-            verify(findChild(row, "toggle").checked);
+            tryVerify(() => findChild(row, "toggle").checked);
         }
 
         function test_anEntryThatIsGoneFromTheFileShowsAsOff() {

@@ -190,6 +190,7 @@ private Q_SLOTS:
         QVERIFY(m_user->grab(keyA, other));
         registerLock();
         QTRY_COMPARE(m_registration->state(), (HotKeyState{u"X11"_s, HotKeyStatus::taken}));
+        QVERIFY(letUngrabsArrive());
         pressLock();
         m_user->press(numLock);
         m_user->release(numLock);
@@ -417,6 +418,16 @@ private:
         m_pressed.clear();
         pressWith({superLeft, altLeft}, key);
         return QTest::qWaitFor([this] { return !m_pressed.empty(); }, 100);
+    }
+
+    /// What the server has given of a shortcut that is taken is given back by now.
+    bool letUngrabsArrive()
+    {
+        bool isAnswered = false;
+        const auto reply = m_connection->await(
+            xcb_get_input_focus(m_connection->get()).sequence, [&](const void*) { isAnswered = true; });
+        m_connection->send();
+        return QTest::qWaitFor([&] { return isAnswered; }, patience);
     }
 
     /// Whatever the server has told so far comes before what it answers now.
