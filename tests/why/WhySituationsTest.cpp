@@ -304,9 +304,7 @@ private Q_SLOTS:
             u"This computer last slept from 22:13 to 22:23; Tarvik's journal has nothing from before that."_s);
         situation(
             "and when it woke is not known",
-            [](auto& m) {
-                m.sleepHistory.current = QList<PastSleep>{PastSleep{m.machine.clock.now() - 60s, {}}};
-            },
+            [](auto& m) { m.fallAsleep(); },
             u"This computer last went to sleep at 22:12; Tarvik's journal has nothing from before that."_s);
     }
 
