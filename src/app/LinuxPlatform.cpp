@@ -88,7 +88,7 @@ QString findableIcon(const AppBundle& bundle)
     return QUrl::fromLocalFile(bundle.iconDirectory() + file).toString(QUrl::FullyEncoded);
 }
 
-ProgramNames::Applications applicationNames(DesktopFiles& files)
+ProgramLabels::Applications applicationNames(DesktopFiles& files)
 {
     return [&files](const QStringList& names) {
         const auto id = files.idForWindow(names);

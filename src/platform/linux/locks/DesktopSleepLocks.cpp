@@ -11,12 +11,12 @@ namespace Tarvik {
 
 DesktopSleepLocks::DesktopSleepLocks(QDBusConnection systemBus,
     QDBusConnection sessionBus,
-    ProgramNames::Applications applications,
+    ProgramLabels::Applications applications,
     bool isWayland,
     Clock& clock)
     : m_systemBus(std::move(systemBus))
     , m_sessionBus(std::move(sessionBus))
-    , m_names(std::move(applications))
+    , m_labels(std::move(applications))
     , m_isWayland(isWayland)
     , m_clock(clock)
 {
@@ -31,7 +31,7 @@ void DesktopSleepLocks::list(std::function<void(const SleepLockList&)> done)
         return;
     const auto finish = [this](const LockAnswers& answers) {
         m_reading.reset();
-        const SleepLockList list = LockList::of(answers, m_names);
+        const SleepLockList list = LockList::of(answers, m_labels);
         for (const auto& receiver : std::exchange(m_receivers, {}))
             receiver(list);
     };

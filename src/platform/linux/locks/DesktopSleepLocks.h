@@ -4,7 +4,7 @@
 
 #include "platform/Clock.h"
 #include "platform/SleepLocks.h"
-#include "platform/linux/locks/ProgramNames.h"
+#include "platform/linux/locks/ProgramLabels.h"
 
 #include <QDBusConnection>
 
@@ -21,7 +21,7 @@ public:
     /// Either bus may be without connection. `isWayland`: a compositor has the screen. `clock` must outlive the object.
     DesktopSleepLocks(QDBusConnection systemBus,
         QDBusConnection sessionBus,
-        ProgramNames::Applications applications,
+        ProgramLabels::Applications applications,
         bool isWayland,
         Clock& clock);
     ~DesktopSleepLocks() override;
@@ -33,7 +33,7 @@ public:
 private:
     QDBusConnection m_systemBus;
     QDBusConnection m_sessionBus;
-    ProgramNames m_names;
+    ProgramLabels m_labels;
     bool m_isWayland;
     Clock& m_clock;
     /// Those that wait for the reading that is under way.

@@ -83,10 +83,10 @@ void dropLidDaemons(LockAnswers& answers)
 void append(SleepLockList& list,
     const std::optional<QList<ListedLock>>& locks,
     const QString& service,
-    const ProgramNames& names)
+    const ProgramLabels& labels)
 {
     for (const ListedLock& lock : locks.value_or(QList<ListedLock>())) {
-        list.locks.append({.program = names.name(lock.who, lock.process),
+        list.locks.append({.program = labels.label(lock.who, lock.process),
             .reason = lock.why,
             .service = service,
             .effects = lock.effects,
@@ -95,11 +95,11 @@ void append(SleepLockList& list,
     }
 }
 
-void append(SleepLockList& list, const LogindInhibitor& inhibitor, const LockFacts& facts, const ProgramNames& names)
+void append(SleepLockList& list, const LogindInhibitor& inhibitor, const LockFacts& facts, const ProgramLabels& labels)
 {
     if (!concernsSleep(inhibitor))
         return;
-    list.locks.append({.program = names.name(inhibitor.who, inhibitor.process),
+    list.locks.append({.program = labels.label(inhibitor.who, inhibitor.process),
         .reason = inhibitor.why,
         .service = ServiceLabels::logind,
         .effects = LockRules::effects(inhibitor, facts),
@@ -109,7 +109,7 @@ void append(SleepLockList& list, const LogindInhibitor& inhibitor, const LockFac
 
 } // namespace
 
-SleepLockList of(LockAnswers answers, const ProgramNames& names)
+SleepLockList of(LockAnswers answers, const ProgramLabels& labels)
 {
     takeOverMirrors(answers);
     dropWhatLogindLists(answers);
@@ -117,9 +117,9 @@ SleepLockList of(LockAnswers answers, const ProgramNames& names)
 
     SleepLockList list;
     for (const LogindInhibitor& inhibitor : answers.logind.value_or(QList<LogindInhibitor>()))
-        append(list, inhibitor, answers.facts, names);
-    append(list, answers.sessionManager, ServiceLabels::sessionManager, names);
-    append(list, answers.powerManager, answers.powerManagerLabel, names);
+        append(list, inhibitor, answers.facts, labels);
+    append(list, answers.sessionManager, ServiceLabels::sessionManager, labels);
+    append(list, answers.powerManager, answers.powerManagerLabel, labels);
 
     if (answers.hasLogind && !answers.logind)
         list.silentServices.append(ServiceLabels::logind);

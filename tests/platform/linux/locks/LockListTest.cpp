@@ -26,7 +26,7 @@ LogindInhibitor lock(const QString& what, std::uint32_t process, const QString& 
 
 SleepLockList listOf(const LockAnswers& answers)
 {
-    return LockList::of(answers, ProgramNames([](const QStringList&) { return std::nullopt; }));
+    return LockList::of(answers, ProgramLabels([](const QStringList&) { return std::nullopt; }));
 }
 
 /// "program: reason (service)" of each.

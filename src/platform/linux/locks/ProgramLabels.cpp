@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/locks/ProgramNames.h"
+#include "platform/linux/locks/ProgramLabels.h"
 
 #include "platform/linux/kernel/OwnProcesses.h"
 
@@ -10,13 +10,13 @@ namespace Tarvik {
 
 using namespace Qt::StringLiterals;
 
-ProgramNames::ProgramNames(Applications applications)
+ProgramLabels::ProgramLabels(Applications applications)
     : m_applications(std::move(applications))
     , m_user(qEnvironmentVariable("USER"))
 {
 }
 
-QString ProgramNames::name(const QString& who, std::optional<qint64> process) const
+QString ProgramLabels::label(const QString& who, std::optional<qint64> process) const
 {
     // Some give the path of their executable, GNOME's daemons the user's name.
     const QString claim = who == m_user ? QString() : who.section(u'/', -1).trimmed();

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/locks/ProgramNames.h"
+#include "platform/linux/locks/ProgramLabels.h"
 
 #include "support/TestSupport.h"
 
@@ -9,7 +9,7 @@
 using namespace Tarvik;
 using namespace Qt::StringLiterals;
 
-class ProgramNamesTest : public QObject {
+class ProgramLabelsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -21,41 +21,41 @@ private Q_SLOTS:
 
     void anApplicationIsCalledByItsName()
     {
-        QCOMPARE(names().name(u"org.example.Player"_s, {}), u"Example Player"_s);
-        QCOMPARE(names().name(u"/usr/lib/player/org.example.Player"_s, {}), u"Example Player"_s);
+        QCOMPARE(labels().label(u"org.example.Player"_s, {}), u"Example Player"_s);
+        QCOMPARE(labels().label(u"/usr/lib/player/org.example.Player"_s, {}), u"Example Player"_s);
         QCOMPARE(m_asked.constLast(), QStringList{u"org.example.Player"_s});
     }
 
     void ifItIsNotKnownByWhatItCallsItselfItIsByItsProcess()
     {
-        QCOMPARE(names().name(u"something"_s, ownProcess), u"This test"_s);
+        QCOMPARE(labels().label(u"something"_s, ownProcess), u"This test"_s);
         QCOMPARE(m_asked.constLast(), (QStringList{u"something"_s, ownName}));
     }
 
     void anyOtherProgramIsCalledWhatItCallsItself()
     {
-        QCOMPARE(names().name(u"backup of the night"_s, {}), u"backup of the night"_s);
+        QCOMPARE(labels().label(u"backup of the night"_s, {}), u"backup of the night"_s);
     }
 
     void aUsersNameIsNoPrograms()
     {
-        QCOMPARE(names().name(u"jane"_s, parentProcess()), parentName());
-        QCOMPARE(names().name(QString(), parentProcess()), parentName());
+        QCOMPARE(labels().label(u"jane"_s, parentProcess()), parentName());
+        QCOMPARE(labels().label(QString(), parentProcess()), parentName());
     }
 
     void thereIsAlwaysAName()
     {
         constexpr qint64 noProcess = 0;
-        QCOMPARE(names().name(QString(), noProcess), u"process 0"_s);
-        QCOMPARE(names().name(u"jane"_s, {}), u"?"_s);
+        QCOMPARE(labels().label(QString(), noProcess), u"process 0"_s);
+        QCOMPARE(labels().label(u"jane"_s, {}), u"?"_s);
     }
 
 private:
-    static constexpr auto ownExecutable = "ProgramNamesTest";
+    static constexpr auto ownExecutable = "ProgramLabelsTest";
 
-    ProgramNames names()
+    ProgramLabels labels()
     {
-        return ProgramNames([this](const QStringList& names) -> std::optional<QString> {
+        return ProgramLabels([this](const QStringList& names) -> std::optional<QString> {
             m_asked.append(names);
             if (names.contains(u"org.example.Player"_s))
                 return u"Example Player"_s;
@@ -76,5 +76,5 @@ private:
     QList<QStringList> m_asked;
 };
 
-QTEST_GUILESS_MAIN(ProgramNamesTest)
-#include "ProgramNamesTest.moc"
+QTEST_GUILESS_MAIN(ProgramLabelsTest)
+#include "ProgramLabelsTest.moc"
