@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 static constexpr std::chrono::microseconds accuracy = 1s;
 
-IdleExit::IdleExit(sd_bus* bus, sd_event* event, HelperService& service, std::string label, std::chrono::seconds period)
+IdleExit::IdleExit(sd_bus* bus, sd_event* event, HelperObject& service, std::string label, std::chrono::seconds period)
     : m_bus(bus)
     , m_event(event)
     , m_service(service)

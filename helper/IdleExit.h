@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HelperService.h"
+#include "HelperObject.h"
 #include "SystemdHandle.h"
 
 #include <chrono>
@@ -19,7 +19,7 @@ namespace Tarvik {
 class IdleExit final {
 public:
     /// There is one for a service, which outlives it.
-    IdleExit(sd_bus* bus, sd_event* event, HelperService& service, std::string label, std::chrono::seconds period);
+    IdleExit(sd_bus* bus, sd_event* event, HelperObject& service, std::string label, std::chrono::seconds period);
 
 private:
     static int onTimeout(sd_event_source*, std::uint64_t, void* idleExit);
@@ -28,7 +28,7 @@ private:
 
     sd_bus* m_bus;
     sd_event* m_event;
-    HelperService& m_service;
+    HelperObject& m_service;
     std::string m_label;
     std::chrono::microseconds m_period;
     EventSourceHandle m_timer;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "HelperService.h"
+#include "HelperObject.h"
 #include "IdleExit.h"
 #include "Log.h"
 #include "Options.h"
@@ -69,7 +69,7 @@ static int serve(const Options& options)
     check(sd_bus_attach_event(bus.get(), event.get(), SD_EVENT_PRIORITY_NORMAL), "starting");
 
     const std::string label = machLabel();
-    HelperService service(bus.get(), event.get(), options.lapse);
+    HelperObject service(bus.get(), event.get(), options.lapse);
     const IdleExit idleExit(bus.get(), event.get(), service, label, options.idle);
     if (sd_bus_request_name_async(bus.get(), nullptr, label.c_str(), 0, onName, event.get()) < 0) {
         refuseName("it is no name that a service can have");

@@ -11,10 +11,10 @@ namespace Tarvik {
 
 /// Has logind put the computer to sleep whose lid was closed while the lock was held. logind itself looks at the lid
 /// again when a lock has gone, but most desktops take the lid from it and act only when it is being closed.
-class ClosedLidSleep final {
+class ClosedLidSuspend final {
 public:
     /// `done` is called when what was started has come to an end by itself.
-    ClosedLidSleep(sd_bus* bus, sd_event* event, std::function<void()> done);
+    ClosedLidSuspend(sd_bus* bus, sd_event* event, std::function<void()> done);
 
     /// Looks at the lid once logind has had the time to act itself. Nothing happens when it is open or logind's own
     /// affair, when another display is connected, or while anybody objects to sleep.

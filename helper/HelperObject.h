@@ -4,7 +4,7 @@
 
 #include "Authorization.h"
 #include "CallerWatch.h"
-#include "ClosedLidSleep.h"
+#include "ClosedLidSuspend.h"
 #include "LogindLock.h"
 #include "Override.h"
 #include "SystemdHandle.h"
@@ -21,10 +21,10 @@ namespace Tarvik {
 
 /// The helper on the bus: reads calls, has polkit decide about them, keeps the lock for as long as anybody asks for it,
 /// and replies. Whoever switches sleep on again sees to a closed lid; for those who no longer can, the helper does.
-class HelperService final {
+class HelperObject final {
 public:
     /// A request lapses without a sign of life from its caller for so long.
-    HelperService(sd_bus* bus, sd_event* event, Override::Clock::duration patience);
+    HelperObject(sd_bus* bus, sd_event* event, Override::Clock::duration patience);
 
     /// Called at every call, and whenever a request has ended.
     std::function<void()> onActivity;
@@ -61,7 +61,7 @@ private:
     sd_bus* m_bus;
     Override m_override;
     LogindLock m_lock;
-    ClosedLidSleep m_closedLid;
+    ClosedLidSuspend m_closedLid;
     std::map<std::string, PendingRequest> m_pending;
     std::map<std::string, std::unique_ptr<CallerWatch>> m_watches;
     bool m_refusesRequests = false;

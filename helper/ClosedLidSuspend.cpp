@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "ClosedLidSleep.h"
+#include "ClosedLidSuspend.h"
 
 #include "Log.h"
 #include "Patience.h"
@@ -32,7 +32,7 @@ static bool contains(std::string_view list, std::string_view word)
     return padded.find(":" + std::string(word) + ":") != std::string::npos;
 }
 
-ClosedLidSleep::ClosedLidSleep(sd_bus* bus, sd_event* event, std::function<void()> done)
+ClosedLidSuspend::ClosedLidSuspend(sd_bus* bus, sd_event* event, std::function<void()> done)
     : m_bus(bus)
     , m_done(std::move(done))
 {
@@ -42,32 +42,32 @@ ClosedLidSleep::ClosedLidSleep(sd_bus* bus, sd_event* event, std::function<void(
     check(sd_event_source_set_enabled(m_timer.get(), SD_EVENT_OFF), "making a timer");
 }
 
-void ClosedLidSleep::start()
+void ClosedLidSuspend::start()
 {
     m_looksLeft = looks;
     wait();
 }
 
-void ClosedLidSleep::stop()
+void ClosedLidSuspend::stop()
 {
     m_looksLeft = 0;
     m_question.reset();
     sd_event_source_set_enabled(m_timer.get(), SD_EVENT_OFF);
 }
 
-void ClosedLidSleep::wait()
+void ClosedLidSuspend::wait()
 {
     sd_event_source_set_time_relative(m_timer.get(), static_cast<std::uint64_t>(pause.count()));
     sd_event_source_set_enabled(m_timer.get(), SD_EVENT_ONESHOT);
 }
 
-int ClosedLidSleep::onTime(sd_event_source*, std::uint64_t, void* self)
+int ClosedLidSuspend::onTime(sd_event_source*, std::uint64_t, void* self)
 {
-    static_cast<ClosedLidSleep*>(self)->look();
+    static_cast<ClosedLidSuspend*>(self)->look();
     return 0;
 }
 
-void ClosedLidSleep::look()
+void ClosedLidSuspend::look()
 {
     MessageHandle call;
     check(sd_bus_message_new_method_call(m_bus, Into(call), service, path, "org.freedesktop.DBus.Properties", "GetAll"),
@@ -77,14 +77,14 @@ void ClosedLidSleep::look()
     check(sd_bus_call_async(m_bus, Into(m_question), call.get(), onProperties, this, patience), "asking logind");
 }
 
-int ClosedLidSleep::onProperties(sd_bus_message* reply, void* self, sd_bus_error*)
+int ClosedLidSuspend::onProperties(sd_bus_message* reply, void* self, sd_bus_error*)
 {
     const bool isError = sd_bus_message_is_method_error(reply, nullptr) > 0;
-    static_cast<ClosedLidSleep*>(self)->act(isError ? Facts{} : readFacts(reply));
+    static_cast<ClosedLidSuspend*>(self)->act(isError ? Facts{} : readFacts(reply));
     return 0;
 }
 
-ClosedLidSleep::Facts ClosedLidSleep::readFacts(sd_bus_message* properties)
+ClosedLidSuspend::Facts ClosedLidSuspend::readFacts(sd_bus_message* properties)
 {
     Facts facts;
     if (sd_bus_message_enter_container(properties, SD_BUS_TYPE_ARRAY, "{sv}") < 0)
@@ -113,7 +113,7 @@ ClosedLidSleep::Facts ClosedLidSleep::readFacts(sd_bus_message* properties)
     return facts;
 }
 
-void ClosedLidSleep::act(const Facts& facts)
+void ClosedLidSuspend::act(const Facts& facts)
 {
     m_question.reset();
     --m_looksLeft;
@@ -128,7 +128,7 @@ void ClosedLidSleep::act(const Facts& facts)
     m_done();
 }
 
-void ClosedLidSleep::suspend()
+void ClosedLidSuspend::suspend()
 {
     logInfo("The lid is closed: asking logind for sleep.");
     constexpr int asksForPassword = 0;
@@ -137,9 +137,9 @@ void ClosedLidSleep::suspend()
         "asking logind");
 }
 
-int ClosedLidSleep::onSuspend(sd_bus_message* reply, void* self, sd_bus_error*)
+int ClosedLidSuspend::onSuspend(sd_bus_message* reply, void* self, sd_bus_error*)
 {
-    static_cast<ClosedLidSleep*>(self)->m_suspending.reset();
+    static_cast<ClosedLidSuspend*>(self)->m_suspending.reset();
     if (const sd_bus_error* error = sd_bus_message_get_error(reply))
         logError(std::string("logind does not put the computer to sleep: ") + error->message);
     return 0;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Tarvik authors
 // SPDX-License-Identifier: MIT
-#include "HelperService.h"
+#include "HelperObject.h"
 
 #include "Log.h"
 
@@ -30,7 +30,7 @@ static int reply(sd_bus_message* call, const std::string& error)
 }
 
 // Not the rights of the calling process count, but what polkit says of its user.
-const std::array<sd_bus_vtable, 6> HelperService::operations{{SD_BUS_VTABLE_START(0),
+const std::array<sd_bus_vtable, 6> HelperObject::operations{{SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD_WITH_NAMES(HelperWire::setKeepAwakeMethod,
         "b",
         SD_BUS_PARAM(enabled),
@@ -46,7 +46,7 @@ const std::array<sd_bus_vtable, 6> HelperService::operations{{SD_BUS_VTABLE_STAR
         HelperWire::versionMethod, "", , "s", SD_BUS_PARAM(version), onVersion, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_VTABLE_END}};
 
-HelperService::HelperService(sd_bus* bus, sd_event* event, Override::Clock::duration patience)
+HelperObject::HelperObject(sd_bus* bus, sd_event* event, Override::Clock::duration patience)
     : m_bus(bus)
     , m_override(patience)
     , m_lock(bus, [this](const std::string& error) { settle(error); })
@@ -60,9 +60,9 @@ HelperService::HelperService(sd_bus* bus, sd_event* event, Override::Clock::dura
         "offering the helper");
 }
 
-int HelperService::onSetKeepAwake(sd_bus_message* call, void* service, sd_bus_error* error)
+int HelperObject::onSetKeepAwake(sd_bus_message* call, void* service, sd_bus_error* error)
 {
-    auto* self = static_cast<HelperService*>(service);
+    auto* self = static_cast<HelperObject*>(service);
     int isEnabled = 0;
     if (const int result = sd_bus_message_read(call, "b", &isEnabled); result < 0)
         return result;
@@ -74,28 +74,28 @@ int HelperService::onSetKeepAwake(sd_bus_message* call, void* service, sd_bus_er
     return reply(call, {});
 }
 
-int HelperService::onGetState(sd_bus_message* call, void* service, sd_bus_error*)
+int HelperObject::onGetState(sd_bus_message* call, void* service, sd_bus_error*)
 {
-    auto* self = static_cast<HelperService*>(service);
+    auto* self = static_cast<HelperObject*>(service);
     self->onActivity();
     return sd_bus_reply_method_return(call, "b", self->m_lock.isHeld());
 }
 
-int HelperService::onHeartbeat(sd_bus_message* call, void* service, sd_bus_error*)
+int HelperObject::onHeartbeat(sd_bus_message* call, void* service, sd_bus_error*)
 {
-    auto* self = static_cast<HelperService*>(service);
+    auto* self = static_cast<HelperObject*>(service);
     self->m_override.hear(sd_bus_message_get_sender(call), Override::Clock::now());
     self->onActivity();
     return sd_bus_reply_method_return(call, "b", true);
 }
 
-int HelperService::onVersion(sd_bus_message* call, void* service, sd_bus_error*)
+int HelperObject::onVersion(sd_bus_message* call, void* service, sd_bus_error*)
 {
-    static_cast<HelperService*>(service)->onActivity();
+    static_cast<HelperObject*>(service)->onActivity();
     return sd_bus_reply_method_return(call, "s", TARVIK_VERSION);
 }
 
-int HelperService::ask(sd_bus_message* call, sd_bus_error* error)
+int HelperObject::ask(sd_bus_message* call, sd_bus_error* error)
 {
     onActivity();
     if (m_refusesRequests)
@@ -112,7 +112,7 @@ int HelperService::ask(sd_bus_message* call, sd_bus_error* error)
     return 1;
 }
 
-void HelperService::decide(const std::string& caller, bool isAllowed)
+void HelperObject::decide(const std::string& caller, bool isAllowed)
 {
     PendingRequest& request = m_pending.at(caller);
     request.authorization.reset();
@@ -144,7 +144,7 @@ void HelperService::decide(const std::string& caller, bool isAllowed)
         m_lock.take();
 }
 
-void HelperService::settle(const std::string& lockError)
+void HelperObject::settle(const std::string& lockError)
 {
     std::vector<std::string> waiting;
     for (const auto& [caller, request] : m_pending) {
@@ -162,7 +162,7 @@ void HelperService::settle(const std::string& lockError)
     }
 }
 
-void HelperService::takeBack(const std::string& caller)
+void HelperObject::takeBack(const std::string& caller)
 {
     const bool hasAsked = m_override.takeBack(caller);
     m_watches.erase(caller);
@@ -180,13 +180,13 @@ void HelperService::takeBack(const std::string& caller)
     onActivity();
 }
 
-void HelperService::forget(const std::string& caller)
+void HelperObject::forget(const std::string& caller)
 {
     m_seesToLid = true;
     takeBack(caller);
 }
 
-void HelperService::answer(const std::string& caller, const std::string& error)
+void HelperObject::answer(const std::string& caller, const std::string& error)
 {
     const auto request = m_pending.extract(caller);
     if (request.empty())
@@ -195,7 +195,7 @@ void HelperService::answer(const std::string& caller, const std::string& error)
         reply(call.get(), error);
 }
 
-void HelperService::watchForLapse()
+void HelperObject::watchForLapse()
 {
     const auto next = m_override.nextLapse();
     if (!next)
@@ -204,9 +204,9 @@ void HelperService::watchForLapse()
     sd_event_source_set_enabled(m_lapseTimer.get(), SD_EVENT_ONESHOT);
 }
 
-int HelperService::onLapse(sd_event_source*, std::uint64_t, void* service)
+int HelperObject::onLapse(sd_event_source*, std::uint64_t, void* service)
 {
-    auto* self = static_cast<HelperService*>(service);
+    auto* self = static_cast<HelperObject*>(service);
     for (const std::string& caller : self->m_override.lapsed(Override::Clock::now())) {
         logWarning(caller + " has given no sign of life for too long.");
         self->forget(caller);
