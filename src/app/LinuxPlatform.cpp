@@ -147,12 +147,16 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           .others = {bundle.uiPath(), bundle.toolPath()}}))
     , sessionLifetime(std::make_unique<DisplaySessionLifetime>(
           DisplaySessionLifetime::Display{.x11 = x11, .waylandSocket = waylandSocket()}, systemBus, clock))
-    , sleepLocks(std::make_unique<DesktopSleepLocks>(
-          systemBus, sessionBus, applicationNames(desktopFiles), isWayland(), clock))
+    , sleepLocks(std::make_unique<DesktopSleepLocks>(systemBus,
+          sessionBus,
+          applicationNames(desktopFiles),
+          LockReading::Desktop{.isWayland = isWayland(), .processes = OwnProcesses::names},
+          clock))
     , idleSleep(std::make_unique<DesktopIdleSleep>(systemBus,
           sessionBus,
           IdleReading::Desktop{.plasmaRelease = qEnvironmentVariableIntValue("KDE_SESSION_VERSION"),
-              .configDirectories = QStringList{configHome()} + systemConfigDirectories()},
+              .configDirectories = QStringList{configHome()} + systemConfigDirectories(),
+              .processes = OwnProcesses::names},
           clock))
     , sleepHistory(std::make_unique<SystemSleepHistory>(systemBus, clock, SystemSleepHistory::Journal{}))
 {

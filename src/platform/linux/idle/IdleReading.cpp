@@ -8,7 +8,6 @@
 #include "platform/linux/idle/GSettingsIdleRules.h"
 #include "platform/linux/idle/LogindIdleRule.h"
 #include "platform/linux/idle/LxqtIdleRule.h"
-#include "platform/linux/kernel/OwnProcesses.h"
 #include "platform/linux/xfconf/XfcePowerSettings.h"
 
 #include <utility>
@@ -136,7 +135,7 @@ void IdleReading::finish()
     if (m_round.isThere(BusNames::logind))
         rules.append(LogindIdleRule::in(m_manager.value_or(QVariantMap())));
     rules += rulesOfDesktop();
-    const QStringList running = OwnProcesses::names();
+    const QStringList running = m_desktop.processes();
     for (const QString& daemon : idleDaemons()) {
         if (running.contains(daemon))
             rules.append({.service = daemon, .action = {}, .after = {}});

@@ -5,6 +5,7 @@
 #include "platform/IdleSleep.h"
 #include "platform/linux/idle/KdeIdleRule.h"
 #include "platform/linux/idle/XfceIdleRule.h"
+#include "platform/linux/kernel/OwnProcesses.h"
 #include "platform/linux/services/ServiceRound.h"
 
 #include <QStringList>
@@ -23,6 +24,8 @@ public:
         int plasmaRelease = 0;
         /// Of configuration files, the user's first.
         QStringList configDirectories = {};
+        /// Must be given.
+        OwnProcesses::Names processes = {};
     };
 
     /// `done` is called once, later, and may destroy the object. `clock` must outlive it.

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /// The processes of procfs, proc(5).
 namespace Tarvik::OwnProcesses {
 
@@ -14,5 +16,8 @@ QString name(qint64 process);
 
 /// Of all processes of the user of this one, in no order.
 QStringList names();
+
+/// What names() tells, for those who are told by somebody.
+using Names = std::function<QStringList()>;
 
 } // namespace Tarvik::OwnProcesses

@@ -3,7 +3,6 @@
 #include "platform/linux/locks/DesktopSleepLocks.h"
 
 #include "platform/linux/locks/LockList.h"
-#include "platform/linux/locks/LockReading.h"
 
 #include <utility>
 
@@ -12,17 +11,15 @@ namespace Tarvik {
 DesktopSleepLocks::DesktopSleepLocks(QDBusConnection systemBus,
     QDBusConnection sessionBus,
     ProgramLabels::Applications applications,
-    bool isWayland,
+    LockReading::Desktop desktop,
     Clock& clock)
     : m_systemBus(std::move(systemBus))
     , m_sessionBus(std::move(sessionBus))
     , m_labels(std::move(applications))
-    , m_isWayland(isWayland)
+    , m_desktop(std::move(desktop))
     , m_clock(clock)
 {
 }
-
-DesktopSleepLocks::~DesktopSleepLocks() = default;
 
 void DesktopSleepLocks::list(std::function<void(const SleepLockList&)> done)
 {
@@ -35,7 +32,7 @@ void DesktopSleepLocks::list(std::function<void(const SleepLockList&)> done)
         for (const auto& receiver : std::exchange(m_receivers, {}))
             receiver(list);
     };
-    m_reading = std::make_unique<LockReading>(m_systemBus, m_sessionBus, m_isWayland, m_clock, finish);
+    m_reading = std::make_unique<LockReading>(m_systemBus, m_sessionBus, m_desktop, m_clock, finish);
 }
 
 } // namespace Tarvik

@@ -4,6 +4,7 @@
 
 #include "platform/Clock.h"
 #include "platform/SleepLocks.h"
+#include "platform/linux/locks/LockReading.h"
 #include "platform/linux/locks/ProgramLabels.h"
 
 #include <QDBusConnection>
@@ -13,18 +14,15 @@
 
 namespace Tarvik {
 
-class LockReading;
-
 /// The locks of logind, of the session manager (org.gnome.SessionManager) and of the desktop's power manager.
 class DesktopSleepLocks final : public SleepLocks {
 public:
-    /// Either bus may be without connection. `isWayland`: a compositor has the screen. `clock` must outlive the object.
+    /// Either bus may be without connection. `clock` must outlive the object.
     DesktopSleepLocks(QDBusConnection systemBus,
         QDBusConnection sessionBus,
         ProgramLabels::Applications applications,
-        bool isWayland,
+        LockReading::Desktop desktop,
         Clock& clock);
-    ~DesktopSleepLocks() override;
     DesktopSleepLocks(const DesktopSleepLocks&) = delete;
     DesktopSleepLocks& operator=(const DesktopSleepLocks&) = delete;
 
@@ -34,7 +32,7 @@ private:
     QDBusConnection m_systemBus;
     QDBusConnection m_sessionBus;
     ProgramLabels m_labels;
-    bool m_isWayland;
+    LockReading::Desktop m_desktop;
     Clock& m_clock;
     /// Those that wait for the reading that is under way.
     std::vector<std::function<void(const SleepLockList&)>> m_receivers;

@@ -8,7 +8,6 @@
 #include "platform/linux/inhibitors/LidDaemons.h"
 #include "platform/linux/inhibitors/ServiceLabels.h"
 #include "platform/linux/inhibitors/SystemdVersion.h"
-#include "platform/linux/kernel/OwnProcesses.h"
 #include "platform/linux/locks/PowerManagerLocks.h"
 
 #include <unistd.h>
@@ -41,10 +40,10 @@ bool isTrue(const QDBusMessage& answer)
 
 LockReading::LockReading(const QDBusConnection& systemBus,
     const QDBusConnection& sessionBus,
-    bool isWayland,
+    Desktop desktop,
     Clock& clock,
     std::function<void(const LockAnswers& answers)> done)
-    : m_isWayland(isWayland)
+    : m_desktop(std::move(desktop))
     , m_done(std::move(done))
     , m_round(
           {systemBus, {BusNames::logind}}, {sessionBus, sessionNames()}, clock, [this] { ask(); }, [this] { finish(); })
@@ -73,7 +72,7 @@ void LockReading::ask()
 
 void LockReading::askLogind()
 {
-    const QStringList own = OwnProcesses::names();
+    const QStringList own = m_desktop.processes();
     m_answers.facts.idleDaemonHeedsLogind = own.contains("swayidle"_L1) || own.contains("hypridle"_L1);
     m_round.askSystem(LogindInhibitors::list(),
         [this](const QDBusMessage& answer) { m_answers.logind = LogindInhibitors::listIn(answer); });
@@ -151,7 +150,7 @@ QStringList LockReading::silentServices() const
     if (m_round.isThere(BusNames::screenSaver) && !isProxy)
         silent.append(ServiceLabels::screenSaver);
     // Windows ask it directly. GNOME's hands that on to the session manager.
-    if (m_isWayland && !m_round.isThere(BusNames::gnomePowerManager))
+    if (m_desktop.isWayland && !m_round.isThere(BusNames::gnomePowerManager))
         silent.append(ServiceLabels::waylandCompositor);
     return silent;
 }

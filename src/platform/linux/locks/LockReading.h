@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/kernel/OwnProcesses.h"
 #include "platform/linux/locks/LockAnswers.h"
 #include "platform/linux/locks/SessionManagerLocks.h"
 #include "platform/linux/services/ServiceRound.h"
@@ -14,11 +15,17 @@ namespace Tarvik {
 /// One round of asking all services that are there for the locks that they keep.
 class LockReading final {
 public:
-    /// `isWayland`: a compositor has the screen. `done` is called once, later, and may destroy the object. `clock` must
-    /// outlive it.
+    struct Desktop {
+        /// A compositor has the screen.
+        bool isWayland = false;
+        /// Must be given.
+        OwnProcesses::Names processes = {};
+    };
+
+    /// `done` is called once, later, and may destroy the object. `clock` must outlive it.
     LockReading(const QDBusConnection& systemBus,
         const QDBusConnection& sessionBus,
-        bool isWayland,
+        Desktop desktop,
         Clock& clock,
         std::function<void(const LockAnswers& answers)> done);
     LockReading(const LockReading&) = delete;
@@ -35,7 +42,7 @@ private:
     QStringList silentServices() const;
     void finish();
 
-    bool m_isWayland;
+    Desktop m_desktop;
     std::function<void(const LockAnswers& answers)> m_done;
     LockAnswers m_answers;
     bool m_keepsSessionUp = false;

@@ -5,7 +5,6 @@
 #include "fakes/FakeClock.h"
 #include "fakes/FakeLogind.h"
 #include "fakes/FakeXfce.h"
-#include "support/StandInPrograms.h"
 #include "support/TestSupport.h"
 
 #include <QProcess>
@@ -73,6 +72,8 @@ private Q_SLOTS:
             return call.createReply(QVariant::fromValue(QDBusVariant(m_virtualization)));
         };
         m_virtualization.clear();
+        m_processes.clear();
+        m_desktop = {.processes = [this] { return m_processes; }};
         QVERIFY(m_systemd->appear());
     }
 
@@ -90,7 +91,7 @@ private Q_SLOTS:
     {
         FakeClock clock;
         const QDBusConnection nowhere(u"nowhere"_s);
-        DesktopIdleSleep idleSleep(nowhere, nowhere, {}, clock);
+        DesktopIdleSleep idleSleep(nowhere, nowhere, m_desktop, clock);
         std::optional<Rules> answer;
         idleSleep.read([&](const Rules& rules) { answer = rules; });
         QVERIFY(!answer);
@@ -165,14 +166,14 @@ private Q_SLOTS:
         QFile file(config.filePath(u"powermanagementprofilesrc"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         QVERIFY(file.write("[Battery][SuspendSession]\nidleTime=600000\nsuspendType=1\n") > 0 && file.flush());
-        m_desktop = {.plasmaRelease = 5, .configDirectories = {config.path()}};
+        m_desktop.plasmaRelease = 5;
+        m_desktop.configDirectories = {config.path()};
         FakeDBusService powerDevil(m_services, u"org.kde.Solid.PowerManagement"_s, u"/org/kde/Solid/PowerManagement"_s);
         powerDevil.handler = [](const QDBusMessage& call) { return call.createReply(u"Battery"_s); };
         QVERIFY(powerDevil.appear());
         QCOMPARE(read(), (Rules{{.service = u"Plasma"_s, .action = suspend, .after = 10min}}));
         m_desktop.plasmaRelease = 0;
         QCOMPARE(read(), (Rules{{.service = u"Plasma"_s, .action = {}, .after = {}}}));
-        m_desktop = {};
     }
 
     void lxqtsRuleIsThatOfItsFile()
@@ -185,14 +186,8 @@ private Q_SLOTS:
 
     void anIdleDaemonHasSecretsOfItsOwn()
     {
-        StandInPrograms programs;
-        programs.link(u"swayidle"_s, u"/bin/cat"_s);
-        QProcess daemon;
-        daemon.start(programs.path() + u"/swayidle"_s);
-        QVERIFY(daemon.waitForStarted());
-        QTRY_COMPARE(read(), (Rules{{.service = u"swayidle"_s, .action = {}, .after = {}}}));
-        daemon.closeWriteChannel();
-        QVERIFY(daemon.waitForFinished());
+        m_processes = {u"bash"_s, u"swayidle"_s};
+        QCOMPARE(read(), (Rules{{.service = u"swayidle"_s, .action = {}, .after = {}}}));
     }
 
     void whoDoesNotAnswerIsNotWaitedFor()
@@ -233,6 +228,7 @@ private:
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);
     FakeClock m_clock;
+    QStringList m_processes;
     IdleReading::Desktop m_desktop;
     QString m_virtualization;
     QStringList m_registered;

@@ -54,7 +54,8 @@ private Q_SLOTS:
     void init()
     {
         TARVIK_FAIL_ON_WARNINGS();
-        m_isWayland = false;
+        m_processes.clear();
+        m_desktop = {.processes = [this] { return m_processes; }};
         m_logind.emplace(m_services);
         m_logind->properties.insert(u"IdleAction"_s, u"ignore"_s);
         m_systemd.emplace(m_services, u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1"_s);
@@ -78,7 +79,7 @@ private Q_SLOTS:
     {
         FakeClock clock;
         const QDBusConnection nowhere(u"nowhere"_s);
-        DesktopSleepLocks locks(nowhere, nowhere, nobody, false, clock);
+        DesktopSleepLocks locks(nowhere, nowhere, nobody, m_desktop, clock);
         std::optional<SleepLockList> answer;
         locks.list([&](const SleepLockList& list) { answer = list; });
         QVERIFY(!answer);
@@ -95,6 +96,17 @@ private Q_SLOTS:
         QCOMPARE(locks[0].reason, u"because"_s);
         QCOMPARE(locks[0].effects, SleepLockEffect::sleep | idleSleep);
         QCOMPARE(locks[1].effects, SleepLockEffects());
+    }
+
+    void anIdleDaemonStandsStillForIdleLocks()
+    {
+        startLogind({{u"idle"_s, getuid(), unknownProcess}});
+        for (const QString& daemon : {u"swayidle"_s, u"hypridle"_s}) {
+            m_processes = {u"bash"_s, daemon};
+            QCOMPARE(list().locks.constFirst().effects, idleSleep | idleDisplay);
+        }
+        m_processes = {u"xautolock"_s};
+        QCOMPARE(list().locks.constFirst().effects, SleepLockEffects());
     }
 
     void logindsOwnIdleActionCounts()
@@ -188,7 +200,7 @@ private Q_SLOTS:
 
     void whoKeepsItsLocksToItselfIsNamed()
     {
-        m_isWayland = true;
+        m_desktop.isWayland = true;
         QVERIFY(m_services.registerService(u"org.freedesktop.ScreenSaver"_s));
         QCOMPARE(list().silentServices, (QStringList{u"screen saver"_s, u"Wayland compositor"_s}));
         // GNOME's screen saver and compositor hand everything on to the session manager.
@@ -203,7 +215,7 @@ private Q_SLOTS:
         m_logind->answerLater(FakeLogind::listInhibitors);
         startLogind({});
         startSessionManager();
-        DesktopSleepLocks locks(m_client, m_client, nobody, false, m_clock);
+        DesktopSleepLocks locks(m_client, m_client, nobody, m_desktop, m_clock);
         std::optional<SleepLockList> answer;
         locks.list([&](const SleepLockList& list) { answer = list; });
         QTRY_VERIFY(m_logind->isWaiting() && m_isProcessTold);
@@ -223,7 +235,7 @@ private Q_SLOTS:
     void whoAsksMeanwhileGetsTheSameAnswer()
     {
         startLogind({{u"sleep"_s, getuid(), unknownProcess}});
-        DesktopSleepLocks locks(m_client, m_client, nobody, false, m_clock);
+        DesktopSleepLocks locks(m_client, m_client, nobody, m_desktop, m_clock);
         int answers = 0;
         locks.list([&](const SleepLockList&) { ++answers; });
         locks.list([&](const SleepLockList&) { ++answers; });
@@ -237,7 +249,7 @@ private Q_SLOTS:
         startLogind({});
         bool isTold = false;
         {
-            DesktopSleepLocks locks(m_client, m_client, nobody, false, m_clock);
+            DesktopSleepLocks locks(m_client, m_client, nobody, m_desktop, m_clock);
             locks.list([&](const SleepLockList&) { isTold = true; });
             QTRY_VERIFY(m_logind->isWaiting());
         }
@@ -291,7 +303,7 @@ private:
 
     SleepLockList list()
     {
-        DesktopSleepLocks locks(m_client, m_client, nobody, m_isWayland, m_clock);
+        DesktopSleepLocks locks(m_client, m_client, nobody, m_desktop, m_clock);
         std::optional<SleepLockList> answer;
         locks.list([&](const SleepLockList& list) { answer = list; });
         if (!QTest::qWaitFor([&] { return answer.has_value(); }, patience))
@@ -302,7 +314,8 @@ private:
     QDBusConnection m_client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"client"_s);
     QDBusConnection m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);
     FakeClock m_clock;
-    bool m_isWayland = false;
+    QStringList m_processes;
+    LockReading::Desktop m_desktop;
     std::optional<FakeLogind> m_logind;
     std::optional<FakeDBusService> m_systemd;
     std::optional<FakeDBusService> m_sessionManager;

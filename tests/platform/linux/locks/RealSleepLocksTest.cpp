@@ -62,7 +62,7 @@ private:
     DesktopSleepLocks m_locks{QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"system"_s),
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"session"_s),
         [](const QStringList&) { return std::nullopt; },
-        false,
+        LockReading::Desktop{.isWayland = false, .processes = OwnProcesses::names},
         m_clock};
 };
 
