@@ -5,6 +5,11 @@ services can be started anew."""
 from machine import GUEST
 
 AUTOSTART = "/home/dev/.config/autostart"
+# Of a session whose compositor leaves it to its user to tell systemd of it.
+SESSION_TARGET = "/home/dev/.config/systemd/user/compositor-session.target"
+BEGIN_SESSION = ("systemctl --user import-environment WAYLAND_DISPLAY DISPLAY XDG_CURRENT_DESKTOP SWAYSOCK"
+                 " && systemctl --user start compositor-session.target")
+END_SESSION = "systemctl --user stop compositor-session.target"
 HASTENED = 45
 
 
@@ -25,6 +30,7 @@ class Desktop:
     # Its idle suspend can be held off while the display goes off.
     can_spare_display = True
     reads_autostart = True
+    is_graphical = True
     # Shell scripts: the display goes off after so many seconds without activity; it stays on.
     display_time = 15
     switch_display_off = "xset +dpms dpms 15 15 15; xset s off"
@@ -278,7 +284,7 @@ runCheckLevel=1
 
 
 class Sway(Desktop):
-    """swayidle suspends, as its users write it into their configuration."""
+    """swayidle suspends, and the session is a target of the user's systemd, as its users write it into their configuration."""
 
     name = "sway"
     services = ()
@@ -287,6 +293,7 @@ class Sway(Desktop):
     lid_only = "pkill -x swayidle || true"
     wayland_application = "foot"
     swayidle = "(swayidle timeout {} 'systemctl suspend' >/dev/null 2>&1 &)"
+    leave = "swaymsg exit"
     restarts = {
         "panel": "swaymsg reload",
         "power daemon": "pkill -x swayidle; " + swayidle,
@@ -297,6 +304,13 @@ class Sway(Desktop):
         super().__init__(real_time)
         self.restarts = {what: script.replace("{}", str(self.idle_time)) for what, script in self.restarts.items()}
 
+    def furnish(self, machine):
+        machine.write(SESSION_TARGET, "[Unit]\nBindsTo=graphical-session.target\n")
+        machine.write("/etc/sway/config.d/60-session.conf", f"""\
+exec {BEGIN_SESSION}
+exec swaymsg --type subscribe '["shutdown"]' && {END_SESSION}
+""")
+
     def set_up(self, machine):
         machine.shell("pkill swaynag", check=False)
         machine.shell("(mako >/dev/null 2>&1 &)")
@@ -305,6 +319,9 @@ class Sway(Desktop):
     def touch(self, machine):
         """There are no input devices: the idle daemon is started anew."""
         machine.shell(self.restarts["power daemon"])
+
+    def log_out_and_in(self, machine):
+        machine.shell(self.leave)
 
     def lock(self, machine):
         machine.shell("swaylock --daemonize >/dev/null 2>&1")
@@ -315,10 +332,13 @@ class Sway(Desktop):
 
 class Labwc(Sway):
     name = "labwc"
+    leave = "labwc --exit"
     restarts = {**Sway.restarts, "panel": "pkill -x waybar; (waybar >/dev/null 2>&1 &)"}
 
     def furnish(self, machine):
-        machine.write("/home/dev/.config/labwc/autostart", "waybar >/dev/null 2>&1 &\n")
+        machine.write(SESSION_TARGET, "[Unit]\nBindsTo=graphical-session.target\n")
+        machine.write("/home/dev/.config/labwc/autostart", f"waybar >/dev/null 2>&1 &\n{BEGIN_SESSION}\n")
+        machine.write("/home/dev/.config/labwc/shutdown", f"{END_SESSION}\n")
 
 
 class Bare(Desktop):
@@ -331,6 +351,7 @@ class Bare(Desktop):
     has_tray = False
     has_x_server = False
     reads_autostart = False
+    is_graphical = False
 
     def furnish(self, machine):
         machine.write("/etc/systemd/logind.conf.d/idle.conf",

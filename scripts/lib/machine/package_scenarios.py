@@ -18,21 +18,39 @@ def life(context):
     """Started by the session, upgraded while an agent runs, removed while its hooks are installed, and purged."""
     if not archives.are_laid(context.machine):
         raise NotHere("no packages")
-    if context.desktop.reads_autostart:
-        log_in_anew(context)
+    if context.desktop.is_graphical:
+        start_at_login(context)
     upgrade_during_work(context)
     remove_with_hooks(context)
     return "upgraded, removed, purged"
 
 
-def log_in_anew(context):
+def start_at_login(context):
+    """By the desktop's autostart, or by the unit of the user's systemd, which all others leave alone."""
+    if not context.desktop.reads_autostart:
+        before = last_end_of_unit(context)
+        log_in_anew(context)
+        eventually(lambda: last_end_of_unit(context) not in ("0", before), LOGIN_PATIENCE, "the unit has been started and has ended")
+        # The one of the session before ends with it.
+        eventually(lambda: not owner(context), REACTION, "none starts without being told to")
+        context.start_tarvik()
     context.set("launchAtLogin", True)
+    log_in_anew(context)
+    context.expect_running()
+    context.desktop.set_up(context.machine)
+
+
+def last_end_of_unit(context):
+    """In microseconds; 0 before the first, and without the user's systemd."""
+    return context.machine.session("systemctl", "--user", "show", "--property=ExecMainExitTimestampMonotonic", "--value",
+                                   "tarvik-at-login.service", check=False).strip() or "0"
+
+
+def log_in_anew(context):
     session = context.desktop.session(context.machine)
     context.desktop.log_out_and_in(context.machine)
     eventually(lambda: context.desktop.session(context.machine) not in ("", session), LOGIN_PATIENCE, "another session")
     eventually(lambda: context.desktop.is_ready(context.machine), LOGIN_PATIENCE, "the desktop is up again")
-    context.expect_running()
-    context.desktop.set_up(context.machine)
 
 
 def owner(context):
