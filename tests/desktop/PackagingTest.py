@@ -4,6 +4,7 @@
 """What the Debian packages are made of and what their scripts do, as far as it can be seen without building them."""
 import pathlib
 import re
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -12,6 +13,7 @@ PACKAGING = pathlib.Path(__file__).resolve().parents[2] / "packaging"
 LISTS = PACKAGING / "debian-packages"
 DEBIAN = PACKAGING / "debian"
 SHARED_SUPPORT = pathlib.Path("usr/lib/tarvik/Contents/SharedSupport")
+STAND_IN = pathlib.Path("usr/lib/tarvik/stand-in")
 # Longer than anybody waits for a hook.
 PATIENCE = 10
 # Every package is built with it.
@@ -43,6 +45,13 @@ class ListsTest(unittest.TestCase):
 class ToolTest(unittest.TestCase):
     """The engine's scripts in a root of its own, as dpkg --root calls them."""
 
+    @classmethod
+    def setUpClass(cls):
+        directory = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(directory.cleanup)
+        cls.stand_in = pathlib.Path(directory.name) / "stand-in"
+        subprocess.run(["gcc", "-std=c17", "-Wall", "-Wextra", "-Werror", "-o", cls.stand_in, DEBIAN / "stand-in.c"], check=True)
+
     def setUp(self):
         directory = tempfile.TemporaryDirectory()
         self.addCleanup(directory.cleanup)
@@ -57,6 +66,7 @@ class ToolTest(unittest.TestCase):
             (self.root / directory).mkdir(parents=True, exist_ok=True)
         (self.root / "usr/bin/tarvik").write_text("#!/bin/sh\necho the tool\n", encoding="utf-8")
         (self.root / "usr/bin/tarvik").chmod(0o755)
+        shutil.copy(self.stand_in, self.root / STAND_IN)
 
     def call(self, script, *arguments):
         subprocess.run(["sh", DEBIAN / f"tarvik-engine.{script}", *arguments], check=True,
@@ -65,6 +75,7 @@ class ToolTest(unittest.TestCase):
     def remove(self):
         self.call("prerm", "remove")
         (self.root / "usr/bin/tarvik").unlink()
+        (self.root / STAND_IN).unlink()
         self.call("postrm", "remove")
 
     def run_tool(self, *arguments, **options):
