@@ -51,6 +51,11 @@ class Desktop:
     def set_up(self, machine):
         """In the session."""
 
+    @property
+    def configured_idle_time(self):
+        """Seconds, as its settings say it; None where nobody can read them."""
+        return self.idle_time
+
     def is_ready(self, machine):
         properties = machine.root("loginctl", "show-session", "--property=Name", "--property=State", self.session(machine),
                                   check=False).split()
@@ -68,6 +73,10 @@ class Desktop:
         """Somebody is there."""
         machine.session("xdotool", "key", "--clearmodifiers", "shift")
 
+    def dismiss_dialogs(self, machine):
+        """Those that ask for a password when a suspend is refused."""
+        machine.session("xdotool", "key", "--clearmodifiers", "Escape")
+
     def lock(self, machine):
         machine.root("loginctl", "lock-session", self.session(machine))
 
@@ -80,6 +89,7 @@ class Desktop:
 
 class Xfce(Desktop):
     name = "xfce"
+    configured_idle_time = 15 * 60
     can_spare_display = False
     # XFCE 4.18 says 14 for never, later releases 0.
     lid_only = """
@@ -287,6 +297,7 @@ class Sway(Desktop):
     """swayidle suspends, and the session is a target of the user's systemd, as its users write it into their configuration."""
 
     name = "sway"
+    configured_idle_time = None
     services = ()
     has_x_server = False
     reads_autostart = False
@@ -320,8 +331,11 @@ exec swaymsg --type subscribe '["shutdown"]' && {END_SESSION}
         """There are no input devices: the idle daemon is started anew."""
         machine.shell(self.restarts["power daemon"])
 
+    def dismiss_dialogs(self, machine):
+        pass
+
     def log_out_and_in(self, machine):
-        machine.shell(self.leave)
+        machine.shell(self.leave, check=False)
 
     def lock(self, machine):
         machine.shell("swaylock --daemonize >/dev/null 2>&1")
@@ -359,6 +373,9 @@ class Bare(Desktop):
 
     def touch(self, machine):
         machine.root("sh", "-c", "printf ' ' >/dev/tty1; touch -a /dev/tty1")
+
+    def dismiss_dialogs(self, machine):
+        pass
 
 
 ALL = {desktop.name: desktop for desktop in (Xfce, Plasma, Gnome, Mate, Cinnamon, Lxqt, Sway, Labwc, Bare)}

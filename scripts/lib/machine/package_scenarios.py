@@ -5,13 +5,11 @@ import json
 
 import archives
 from machine import Unexpected, eventually
-from scenarios import BUS_NAME, PROGRAM, REACTION, Agent, NotHere
+from scenarios import BUS_NAME, LOGIN_PATIENCE, PROGRAM, REACTION, Agent, NotHere, log_in_anew
 
 TOOL = "/usr/lib/tarvik/Contents/SharedSupport/tarvik"
 # It first waits for the installation to be over and for nothing to be held for some seconds.
 RESTART_PATIENCE = REACTION + 15
-# A session that begins has more to do.
-LOGIN_PATIENCE = 60
 
 
 def life(context):
@@ -44,13 +42,6 @@ def last_end_of_unit(context):
     """In microseconds; 0 before the first, and without the user's systemd."""
     return context.machine.session("systemctl", "--user", "show", "--property=ExecMainExitTimestampMonotonic", "--value",
                                    "tarvik-at-login.service", check=False).strip() or "0"
-
-
-def log_in_anew(context):
-    session = context.desktop.session(context.machine)
-    context.desktop.log_out_and_in(context.machine)
-    eventually(lambda: context.desktop.session(context.machine) not in ("", session), LOGIN_PATIENCE, "another session")
-    eventually(lambda: context.desktop.is_ready(context.machine), LOGIN_PATIENCE, "the desktop is up again")
 
 
 def owner(context):

@@ -19,6 +19,8 @@ HELPER_FILES = ("/usr/libexec/tarvik-helper", f"/usr/lib/systemd/system/{HELPER_
 INSTALLER = "/opt/tarvik-helper/install-helper"
 # Seconds within which Tarvik sees a process and does something about it, on a machine that has more to do.
 REACTION = 15
+# A session that begins has more to do.
+LOGIN_PATIENCE = 60
 
 
 class NotHere(Exception):
@@ -340,16 +342,20 @@ def login_item(context):
     if not context.desktop.reads_autostart:
         raise NotHere("reads no autostart entries")
     context.set("launchAtLogin", True)
-    session = context.desktop.session(context.machine)
-    context.desktop.log_out_and_in(context.machine)
-    eventually(lambda: context.desktop.session(context.machine) not in ("", session), 60, "another session")
-    eventually(lambda: context.desktop.is_ready(context.machine), 60, "the desktop is up again")
+    log_in_anew(context)
     context.expect_running()
     context.desktop.set_up(context.machine)
     if context.desktop.has_tray:
         context.expect_tray_item()
     context.set("launchAtLogin", False)
     return "starts"
+
+
+def log_in_anew(context):
+    session = context.desktop.session(context.machine)
+    context.desktop.log_out_and_in(context.machine)
+    eventually(lambda: context.desktop.session(context.machine) not in ("", session), LOGIN_PATIENCE, "another session")
+    eventually(lambda: context.desktop.is_ready(context.machine), LOGIN_PATIENCE, "the desktop is up again")
 
 
 def second_user(context):
