@@ -63,14 +63,6 @@ public:
         sleepHistory.current = sleeps;
     }
 
-    /// It is not known when it woke.
-    void fallAsleep()
-    {
-        PastSleep sleep;
-        sleep.from = machine.clock.now() - Seconds(60);
-        sleepHistory.current.emplace().append(sleep);
-    }
-
     WhyReport report()
     {
         std::optional<WhyReport> told;

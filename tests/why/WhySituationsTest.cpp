@@ -304,7 +304,9 @@ private Q_SLOTS:
             u"This computer last slept from 22:13 to 22:23; Tarvik's journal has nothing from before that."_s);
         situation(
             "and when it woke is not known",
-            [](auto& m) { m.fallAsleep(); },
+            [](auto& m) {
+                m.sleepHistory.current = QList<PastSleep>{PastSleep{m.machine.clock.now() - 60s, {}}};
+            },
             u"This computer last went to sleep at 22:12; Tarvik's journal has nothing from before that."_s);
     }
 
