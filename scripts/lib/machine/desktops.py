@@ -5,11 +5,10 @@ services can be started anew."""
 from machine import GUEST
 
 AUTOSTART = "/home/dev/.config/autostart"
-# Of a session whose compositor leaves it to its user to tell systemd of it.
+# Of a session whose compositor leaves it to its user to tell systemd of it. The login shell stops it.
 SESSION_TARGET = "/home/dev/.config/systemd/user/compositor-session.target"
 BEGIN_SESSION = ("systemctl --user import-environment WAYLAND_DISPLAY DISPLAY XDG_CURRENT_DESKTOP SWAYSOCK"
                  " && systemctl --user start compositor-session.target")
-END_SESSION = "systemctl --user stop compositor-session.target"
 HASTENED = 45
 
 
@@ -317,10 +316,7 @@ class Sway(Desktop):
 
     def furnish(self, machine):
         machine.write(SESSION_TARGET, "[Unit]\nBindsTo=graphical-session.target\n")
-        machine.write("/etc/sway/config.d/60-session.conf", f"""\
-exec {BEGIN_SESSION}
-exec swaymsg --type subscribe '["shutdown"]' && {END_SESSION}
-""")
+        machine.write("/etc/sway/config.d/60-session.conf", f"exec {BEGIN_SESSION}\n")
 
     def set_up(self, machine):
         machine.shell("pkill swaynag", check=False)
@@ -352,7 +348,6 @@ class Labwc(Sway):
     def furnish(self, machine):
         machine.write(SESSION_TARGET, "[Unit]\nBindsTo=graphical-session.target\n")
         machine.write("/home/dev/.config/labwc/autostart", f"waybar >/dev/null 2>&1 &\n{BEGIN_SESSION}\n")
-        machine.write("/home/dev/.config/labwc/shutdown", f"{END_SESSION}\n")
 
 
 class Bare(Desktop):

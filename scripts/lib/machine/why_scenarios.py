@@ -90,6 +90,7 @@ def expect_own_work(context):
         context.machine.root(HARDWARE, "mains", "on")
         work.end(context)
         context.set("requireAC", False)
+    context.expect_awake(False)
 
 
 def why(context):
