@@ -57,11 +57,12 @@ def upgrade_during_work(context):
     try:
         context.expect_awake()
         before, former = context.holds(), owner(context)
-        inhibitors = tarvik_inhibitors(machine)
+        held = (before, former, tarvik_inhibitors(machine))
         archives.install(machine, "next")
         eventually(lambda: is_pending(context), REACTION, "it has noticed the upgrade")
-        if (context.holds(), owner(context), tarvik_inhibitors(machine)) != (before, former, inhibitors):
-            raise Unexpected("the upgrade changes what is held")
+        now_held = (context.holds(), owner(context), tarvik_inhibitors(machine))
+        if now_held != held:
+            raise Unexpected(f"the upgrade changes what is held: {held}, {now_held}")
     finally:
         work.end(context)
     eventually(lambda: owner(context) not in ("", former), RESTART_PATIENCE, "it has restarted")
