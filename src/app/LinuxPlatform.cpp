@@ -34,6 +34,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -86,6 +87,12 @@ QString findableIcon(const AppBundle& bundle)
     if (!QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"icons"_s + file).isEmpty())
         return bundle.identifier;
     return QUrl::fromLocalFile(bundle.iconDirectory() + file).toString(QUrl::FullyEncoded);
+}
+
+QString kernelCommandLine()
+{
+    QFile file(u"/proc/cmdline"_s);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 ProgramLabels::Applications applicationNames(DesktopFiles& files)
@@ -156,6 +163,7 @@ LinuxPlatform::LinuxPlatform(const QDBusConnection& systemBus, const QDBusConnec
           sessionBus,
           IdleReading::Desktop{.plasmaRelease = qEnvironmentVariableIntValue("KDE_SESSION_VERSION"),
               .configDirectories = QStringList{configHome()} + systemConfigDirectories(),
+              .commandLine = kernelCommandLine(),
               .processes = OwnProcesses::names},
           clock))
     , sleepHistory(std::make_unique<SystemSleepHistory>(systemBus, clock, SystemSleepHistory::Journal{}))

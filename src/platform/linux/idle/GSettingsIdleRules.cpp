@@ -69,6 +69,16 @@ IdleSleepRule gnome(bool isOnMains, bool isVirtualMachine)
     return sleeps && isVirtualMachine ? rule(set.service, IdleSleepAction::nothing, 0) : set;
 }
 
+std::optional<bool> isVirtualMachine(QStringView commandLine)
+{
+    constexpr auto parameter = "gnome.is_vm="_L1;
+    const qsizetype at = commandLine.indexOf(parameter);
+    const QStringView value = at < 0 ? QStringView() : commandLine.sliced(at + parameter.size());
+    if (value.startsWith(u'1'))
+        return true;
+    return value.startsWith(u'0') ? std::optional(false) : std::nullopt;
+}
+
 IdleSleepRule cinnamon(bool isOnMains)
 {
     return settingsDaemon(u"Cinnamon"_s, "org.cinnamon.settings-daemon.plugins.power", isOnMains);

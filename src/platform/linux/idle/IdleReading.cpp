@@ -159,7 +159,8 @@ QList<IdleSleepRule> IdleReading::rulesOfDesktop() const
                                    : IdleSleepRule{.service = u"XFCE"_s, .action = {}, .after = {}});
     }
     if (m_round.isThere(BusNames::gnomePowerManager))
-        rules.append(GSettingsIdleRules::gnome(m_isOnMains, m_isVirtualMachine));
+        rules.append(GSettingsIdleRules::gnome(
+            m_isOnMains, GSettingsIdleRules::isVirtualMachine(m_desktop.commandLine).value_or(m_isVirtualMachine)));
     if (m_round.isThere(BusNames::cinnamonPowerManager))
         rules.append(GSettingsIdleRules::cinnamon(m_isOnMains));
     if (m_round.isThere(BusNames::matePowerManager))

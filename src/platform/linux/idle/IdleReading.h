@@ -24,6 +24,8 @@ public:
         int plasmaRelease = 0;
         /// Of configuration files, the user's first.
         QStringList configDirectories = {};
+        /// The kernel's, proc_cmdline(5).
+        QString commandLine = {};
         /// Must be given.
         OwnProcesses::Names processes = {};
     };

@@ -123,6 +123,20 @@ private Q_SLOTS:
         QCOMPARE(read(), (Rules{{.service = u"GNOME"_s, .action = nothing, .after = {}}}));
     }
 
+    void gnomeBelievesTheKernelsCommandLineMore()
+    {
+        const Rules suspends{{.service = u"GNOME"_s, .action = suspend, .after = 60min}};
+        const Rules stays{{.service = u"GNOME"_s, .action = nothing, .after = {}}};
+        appear(u"org.gnome.SettingsDaemon.Power"_s);
+        m_desktop.commandLine = u"quiet gnome.is_vm=1 splash\n"_s;
+        QCOMPARE(read(), stays);
+        m_virtualization = u"kvm"_s;
+        m_desktop.commandLine = u"quiet gnome.is_vm=0"_s;
+        QCOMPARE(read(), suspends);
+        m_desktop.commandLine = u"gnome.is_vm="_s;
+        QCOMPARE(read(), stays);
+    }
+
     void cinnamonsZeroIsNever()
     {
         QVERIFY(m_logind->appear());
