@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """The desktops that the test machines have: how each is told its idle time, when it is up, how it is touched, and which of its
 services can be started anew."""
+import time
+
 from machine import GUEST
 
 AUTOSTART = "/home/dev/.config/autostart"
@@ -83,7 +85,10 @@ class Desktop:
         machine.root("loginctl", "unlock-sessions")
 
     def log_out_and_in(self, machine):
-        machine.root("systemctl", "restart", "display-manager.service")
+        machine.root("systemctl", "stop", "display-manager.service")
+        # What the session has started takes up to five seconds to end, and a person longer to log in again.
+        time.sleep(8)
+        machine.root("systemctl", "start", "display-manager.service")
 
 
 class Xfce(Desktop):
