@@ -161,6 +161,11 @@ class Plasma(Desktop):
     leave_display_on = set_display_time.format(9999)
     lid_only = """
         for source in AC Battery; do
+            if command -v kwriteconfig6 >/dev/null; then
+                kwriteconfig6 --file powerdevilrc --group $source --group SuspendAndShutdown --key AutoSuspendAction 0
+                kwriteconfig6 --file powerdevilrc --group $source --group SuspendAndShutdown --key LidAction 1
+                continue
+            fi
             kwriteconfig5 --file powermanagementprofilesrc --group $source --group SuspendSession --key idleTime 999999999
             kwriteconfig5 --file powermanagementprofilesrc --group $source --group HandleButtonEvents --key lidAction 1
         done
