@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: MIT
 """The desktops that the test machines have: how each is told its idle time, when it is up, how it is touched, and which of its
 services can be started anew."""
-import time
+import contextlib
 
-from machine import GUEST
+from machine import GUEST, Unexpected, eventually
 
 AUTOSTART = "/home/dev/.config/autostart"
 # Of a session whose compositor leaves it to its user to tell systemd of it. The login shell stops it.
@@ -86,8 +86,10 @@ class Desktop:
 
     def log_out_and_in(self, machine):
         machine.root("systemctl", "stop", "display-manager.service")
-        # What the session has started takes up to five seconds to end, and a person longer to log in again.
-        time.sleep(8)
+        # Nobody logs in again at once. The user's systemd ends ten seconds after the session, unless something is left of it.
+        with contextlib.suppress(Unexpected):
+            eventually(lambda: machine.root("systemctl", "is-active", "user@1000.service", check=False).strip() == "inactive", 30,
+                       "the user's systemd ends")
         machine.root("systemctl", "start", "display-manager.service")
 
 
