@@ -6,7 +6,7 @@ import json
 import time
 
 from machine import USER, Unexpected, eventually
-from scenarios import HARDWARE, REACTION, Agent
+from scenarios import HARDWARE, REACTION, Agent, without_work
 
 NAME, REASON = "Backup", "Copying the photos"
 # Seconds by which Tarvik may know of a sleep otherwise than the machine does.
@@ -64,7 +64,12 @@ def expect_idle_rule(context):
         raise Unexpected(f"what would put it to sleep: {rules}")
 
 
-def expect_last_sleep(context):
+def expect_sleep_without_lock(context):
+    """Else it would be no wonder that it stays awake with one. Afterwards it is told when that was."""
+    report = ask(context)
+    if report["isKeptAwake"]:
+        raise Unexpected(f"without any lock: {report['whyAwake']}")
+    without_work(context)
     slept = context.machine.suspends()[-1]
     report = ask(context)
     if not report["sleeps"] or abs(report["sleeps"][-1]["from"] - slept) > TOLERANCE:
@@ -97,11 +102,10 @@ def why(context):
     """Tells what is true: of Tarvik's own lock, of those of others, of what would put the computer to sleep, of its last sleep."""
     context.expect_awake(False)
     expect_idle_rule(context)
+    expect_sleep_without_lock(context)
     expect_own_work(context)
     told = {f"{user} {what}": is_true_of_lock(context, user, what)
             for user, what in ((USER, "idle"), (USER, "sleep"), ("root", "sleep"))}
-    if context.machine.suspends():
-        expect_last_sleep(context)
     return "held by " + (", ".join(name for name, keeps in told.items() if keeps) or "none")
 
 
